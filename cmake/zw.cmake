@@ -1,0 +1,26 @@
+# zw_library(NAME DEPS...): the library of one src/ folder, made of every .cpp in it.
+# The folder itself is the include root, so users write #include "TxtGlb.h".
+function(zw_library name)
+  file(GLOB_RECURSE srcs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(srcs)
+    add_library(zw_${name} STATIC ${srcs})
+    target_include_directories(zw_${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(zw_${name} PUBLIC ${ARGN})
+  else()
+    add_library(zw_${name} INTERFACE)
+    target_include_directories(zw_${name} INTERFACE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(zw_${name} INTERFACE ${ARGN})
+  endif()
+endfunction()
+
+# zw_test(NAME LIBS...): one GoogleTest program made of every .cpp in tests/NAME.
+function(zw_test name)
+  file(GLOB srcs CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
+  if(srcs)
+    add_executable(test_${name} ${srcs})
+    target_link_libraries(test_${name} PRIVATE ${ARGN} GTest::gtest_main GTest::gmock)
+    target_compile_definitions(test_${name} PRIVATE ZW_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/${name}/data")
+    gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60
+      PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  endif()
+endfunction()

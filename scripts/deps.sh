@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Installs what ZunWiz needs to build, test and run on Debian 12 (run as root, or with sudo).
+set -euo pipefail
+pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
+      qt6-base-dev libcups2-dev xvfb xauth)
+missing=()
+for p in "${pkgs[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  SUDO=""; [ "$(id -u)" -ne 0 ] && SUDO=sudo
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
