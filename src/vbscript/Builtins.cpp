@@ -1,0 +1,48 @@
+// Builtins: the tables of built-in functions, constants and program identifiers.
+#include "Builtins.h"
+#include <map>
+#include "Locale.h"
+
+namespace vbs {
+
+namespace {
+// Keys are upper-cased names, so look-ups are case-blind.
+struct Tables {
+  std::map<Tx, FnDef> fns;
+  std::map<Tx, Value> consts;
+  std::map<Tx, Factory> progs;
+};
+Tables& Tab() {
+  static Tables t;
+  return t;
+}
+Tx Key(const char* n) { return TxMai(zw::TxAsc(n)); }
+}  // namespace
+
+void DefFns(std::initializer_list<FnDef> fns) {
+  for (const FnDef& f : fns) Tab().fns[Key(f.name)] = f;
+}
+
+void DefConst(const char* name, const Value& v) { Tab().consts[Key(name)] = v; }
+
+void DefProgId(const char* id, Factory f) { Tab().progs[Key(id)] = f; }
+
+const FnDef* FindFn(TxV name) {
+  auto it = Tab().fns.find(TxMai(name));
+  return it == Tab().fns.end() ? nullptr : &it->second;
+}
+
+const Value* FindConst(TxV name) {
+  auto it = Tab().consts.find(TxMai(name));
+  return it == Tab().consts.end() ? nullptr : &it->second;
+}
+
+Ref<Obj> NewObj(TxV id) {
+  auto it = Tab().progs.find(TxMai(id));
+  if (it == Tab().progs.end()) Raise(429);
+  Ref<Obj> o = it->second();
+  if (!o) Raise(429);
+  return o;
+}
+
+}  // namespace vbs

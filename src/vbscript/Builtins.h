@@ -1,0 +1,44 @@
+// Builtins: the tables through which the function library, the vb constants and
+// the CreateObject program identifiers reach the engine.
+// Library files register into them from one function, LibReg, which the engine
+// calls once before it compiles anything. Names are found case-blind; a script's
+// own procedures and variables of the same name hide a built-in.
+#pragma once
+#include "Value.h"
+
+namespace vbs {
+
+// A built-in function: arguments (by reference where the caller passed a variable;
+// a left-out argument, as in f(a, , c), is Missing: test with a.Has(k)), and the
+// result slot, Empty on entry. Errors are raised with Raise().
+using Fn = void (*)(Args a, Value& r);
+
+struct FnDef {
+  const char* name;
+  int8_t min;  // fewest arguments
+  int8_t max;  // most arguments (-1: any number)
+  Fn fn;
+};
+
+void DefFns(std::initializer_list<FnDef> fns);        // adds or replaces built-ins
+void DefConst(const char* name, const Value& v);     // a named constant, such as vbCrLf
+using Factory = Ref<Obj> (*)();
+void DefProgId(const char* progId, Factory f);       // a program identifier for CreateObject
+
+const FnDef* FindFn(TxV name);                       // null when there is none
+const Value* FindConst(TxV name);
+Ref<Obj> NewObj(TxV progId);  // CreateObject: raises 429 "ActiveX component can't create object"
+
+// Registers the whole function library; defined by the library's LibReg.cpp.
+void LibReg();
+
+// The built-ins the engine itself defines, because they reach into the running
+// script: Eval, GetRef, CreateObject, ScriptEngine, ScriptEngineMajorVersion,
+// ScriptEngineMinorVersion, ScriptEngineBuildVersion. MsgBox and InputBox use
+// zw::MsgDlgAct() (src/foundation/MsgDlg.h), which the host sets.
+
+// A procedure reference (what GetRef gives) or any object with a default
+// method: calls it with the arguments.
+void CallObj(Obj* o, Args a, Value& r);
+
+}  // namespace vbs

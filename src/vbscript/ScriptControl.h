@@ -1,0 +1,82 @@
+// ScriptControl: the engine as a host drives it, under the names the platform's
+// script control gives them. Nothing raises past this interface: an error of the
+// script (compile or run time) lands in Error() and the call answers false.
+#pragma once
+#include <memory>
+#include <span>
+#include <vector>
+#include "Value.h"
+
+namespace vbs {
+
+class Engine;
+
+// The last error of the control.
+struct ScriptError {
+  int32_t Number = 0;
+  Tx Description;
+  Tx Source;      // "Microsoft VBScript runtime error", "Microsoft VBScript compilation error", or the raiser's
+  int32_t Line = 0;    // 1-based line in the text that was given, 0 when unknown
+  int32_t Column = 0;  // 0-based column, as the platform's control gives it
+  Tx Text;        // the source line of a compile error
+  void Clear() { *this = ScriptError(); }
+};
+
+// One procedure of the code added so far.
+struct ProcInfo {
+  Tx Name;
+  int32_t NumArgs = 0;
+  bool HasReturnValue = false;  // true for a Function
+};
+
+class ScriptControl {
+ public:
+  ScriptControl();
+  ~ScriptControl();
+  ScriptControl(const ScriptControl&) = delete;
+  ScriptControl& operator=(const ScriptControl&) = delete;
+
+  // Drops all code, all script variables and all added objects.
+  void Reset();
+  // Milliseconds a call may run before it is stopped with an error; -1 means no limit.
+  long Timeout() const;
+  void Timeout(long ms);
+  // The window that owns what the engine shows; kept, not used.
+  void SitehWnd(long hwnd) { hwnd_ = hwnd; }
+  long SitehWnd() const { return hwnd_; }
+
+  // Makes an object visible to scripts under a name. With addMembers its members
+  // are also reachable without the name.
+  bool AddObject(TxV name, Ref<Obj> object, bool addMembers = false);
+  // Compiles the whole text and runs its global statements; on a compile error
+  // nothing of it is added.
+  bool AddCode(TxV text);
+  // Runs one or more statements as global code.
+  bool ExecuteStatement(TxV text);
+  // Evaluates an expression.
+  bool Eval(TxV text, Value& result);
+  // Calls a procedure by name; each argument is by reference, so a ByRef
+  // parameter writes back into the caller's Value.
+  bool Run(TxV name, std::span<Value* const> args, Value& result);
+  bool Run(TxV name, std::initializer_list<Value*> args, Value& result) {
+    return Run(name, std::span<Value* const>(args.begin(), args.size()), result);
+  }
+
+  // The procedures of the code added so far, in declaration order.
+  const std::vector<ProcInfo>& Procedures() const;
+  // One procedure by name, case-blind; null when there is none.
+  const ProcInfo* Procedure(TxV name) const;
+  // An object whose members are the script's global variables and procedures.
+  Ref<Obj> CodeObject();
+  // The last error; Number is 0 when the last call succeeded.
+  ScriptError& Error() { return err_; }
+
+  Engine& engine() { return *e_; }
+
+ private:
+  std::unique_ptr<Engine> e_;
+  ScriptError err_;
+  long hwnd_ = 0;
+};
+
+}  // namespace vbs
