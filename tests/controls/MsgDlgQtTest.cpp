@@ -1,0 +1,119 @@
+// The Qt message box: the shape a style code gives, and the answer of a real box.
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+#include <memory>
+#include "MsgDlgQt.h"
+
+using namespace zw;
+
+namespace {
+
+// One QApplication for the whole program, whichever test file makes it first.
+void QtApp() {
+  static int argc = 1;
+  static char nome[] = "test_controls";
+  static char* argv[] = {nome, nullptr};
+  if (!QApplication::instance()) new QApplication(argc, argv);
+}
+
+// The answer codes of the box's buttons, in their order on the box.
+std::vector<int> Botoes(QMessageBox* b) {
+  std::vector<int> r;
+  for (QAbstractButton* x : b->buttons()) {
+    switch (b->standardButton(x)) {
+      case QMessageBox::Ok: r.push_back(kAnsOk); break;
+      case QMessageBox::Cancel: r.push_back(kAnsCancel); break;
+      case QMessageBox::Abort: r.push_back(kAnsAbort); break;
+      case QMessageBox::Retry: r.push_back(kAnsRetry); break;
+      case QMessageBox::Ignore: r.push_back(kAnsIgnore); break;
+      case QMessageBox::Yes: r.push_back(kAnsYes); break;
+      case QMessageBox::No: r.push_back(kAnsNo); break;
+      default: r.push_back(0);
+    }
+  }
+  std::sort(r.begin(), r.end());
+  return r;
+}
+
+int Omissao(QMessageBox* b) {
+  switch (b->standardButton(b->defaultButton())) {
+    case QMessageBox::Ok: return kAnsOk;
+    case QMessageBox::Cancel: return kAnsCancel;
+    case QMessageBox::Yes: return kAnsYes;
+    case QMessageBox::No: return kAnsNo;
+    case QMessageBox::Ignore: return kAnsIgnore;
+    case QMessageBox::Retry: return kAnsRetry;
+    case QMessageBox::Abort: return kAnsAbort;
+    default: return 0;
+  }
+}
+
+}  // namespace
+
+// Icon bits, button set and default button each select their part of the box.
+TEST(MsgDlgQt, StyleCodeSelectsIconButtonsAndDefault) {
+  QtApp();
+  struct Caso { int estilo; QMessageBox::Icon ico; std::vector<int> bot; int def; };
+  const Caso casos[] = {
+      {kMsgCritical, QMessageBox::Critical, {kAnsOk}, kAnsOk},
+      {kMsgQuestion + kMsgYesNo + kMsgDefault2, QMessageBox::Question, {kAnsYes, kAnsNo}, kAnsNo},
+      {kMsgExclamation + kMsgOk, QMessageBox::Warning, {kAnsOk}, kAnsOk},
+      {kMsgInformation + kMsgYesNoCancel + kMsgDefault3, QMessageBox::Information,
+       {kAnsCancel, kAnsYes, kAnsNo}, kAnsCancel},
+      {kMsgInformation + kMsgOkCancel + kMsgDefault2, QMessageBox::Information, {kAnsOk, kAnsCancel}, kAnsCancel},
+      {kMsgAbortRetryIgnore + kMsgDefault3, QMessageBox::NoIcon, {kAnsAbort, kAnsRetry, kAnsIgnore}, kAnsIgnore},
+      {kMsgRetryCancel, QMessageBox::NoIcon, {kAnsCancel, kAnsRetry}, kAnsRetry},
+      // A default past the set's last button falls back to the first.
+      {kMsgInformation + kMsgOk + kMsgDefault3, QMessageBox::Information, {kAnsOk}, kAnsOk},
+      {kMsgYesNo + kMsgDefault4, QMessageBox::NoIcon, {kAnsYes, kAnsNo}, kAnsYes},
+  };
+  for (const Caso& c : casos) {
+    std::unique_ptr<QMessageBox> b(MsgCaixaCri(c.estilo, u"T", u"x"));
+    std::vector<int> bot = c.bot;
+    std::sort(bot.begin(), bot.end());
+    EXPECT_EQ(b->icon(), c.ico) << c.estilo;
+    EXPECT_EQ(Botoes(b.get()), bot) << c.estilo;
+    EXPECT_EQ(Omissao(b.get()), c.def) << c.estilo;
+  }
+}
+
+// The title and text go over as given, CR LF as one line break, and in plain text
+// so that "<" reaches the user as typed.
+TEST(MsgDlgQt, TitleAndTextArePlain) {
+  QtApp();
+  std::unique_ptr<QMessageBox> b(MsgCaixaCri(kMsgCritical, u"Opções", u"a <b>\r\n\r\nc\td"));
+  EXPECT_EQ(b->windowTitle(), QStringLiteral("Opções"));
+  EXPECT_EQ(b->text(), QStringLiteral("a <b>\n\nc\td"));
+  EXPECT_EQ(b->textFormat(), Qt::PlainText);
+}
+
+// A real box, answered by a click on one of its buttons or by Escape.
+TEST(MsgDlgQt, AnswerIsTheCodeOfTheButtonPressed) {
+  QtApp();
+  MsgDlgQt dlg;
+  auto responde = [&](int estilo, QMessageBox::StandardButton qual, bool escape = false) {
+    QTimer::singleShot(0, [qual, escape] {
+      auto* b = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!b) return;
+      if (escape) {
+        QKeyEvent k(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QApplication::sendEvent(b, &k);
+      } else {
+        b->button(qual)->click();
+      }
+    });
+    return dlg.Caixa(estilo, u"T", u"x");
+  };
+  EXPECT_EQ(responde(kMsgYesNo + kMsgDefault2, QMessageBox::Yes), kAnsYes);
+  EXPECT_EQ(responde(kMsgYesNo, QMessageBox::No), kAnsNo);
+  EXPECT_EQ(responde(kMsgYesNoCancel, QMessageBox::Cancel), kAnsCancel);
+  EXPECT_EQ(responde(kMsgAbortRetryIgnore, QMessageBox::Ignore), kAnsIgnore);
+  // Escape answers Cancel where the set has one, and OK on a box with OK alone.
+  EXPECT_EQ(responde(kMsgYesNoCancel, QMessageBox::NoButton, true), kAnsCancel);
+  EXPECT_EQ(responde(kMsgOk, QMessageBox::NoButton, true), kAnsOk);
+}
