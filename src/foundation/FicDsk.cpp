@@ -1,0 +1,429 @@
+// Paths on the disk: the Linux path of a path text, types and attributes,
+// existence, deleting, copying, renaming, creating folders and listing them.
+// Every failure comes back as a file-layer error number, never as an exception.
+#include <dirent.h>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <algorithm>
+#include <cerrno>
+#include <map>
+#include "DbgFx.h"
+#include "FicGlb.h"
+#include "TxtGlb.h"
+
+extern char** environ;
+
+namespace zw {
+
+namespace {
+std::map<char16_t, Tx>& Drives() {
+  static std::map<char16_t, Tx> m{{u'C', u"/"}};
+  return m;
+}
+bool EhSep(char16_t c) { return c == u'\\' || c == u'/'; }
+
+// Folder and name of a path text at its last "\" or "/".
+void DivDsk(const Tx& p, Tx& dir, Tx& nom) {
+  size_t i = p.find_last_of(u"\\/");
+  if (i == Tx::npos) {
+    dir.clear();
+    nom = p;
+  } else {
+    dir = i == 0 ? p.substr(0, 1) : p.substr(0, i);
+    nom = p.substr(i + 1);
+  }
+}
+
+// Windows wildcards, case-blind: "*" any run, "?" one character; "*.*" also matches
+// names without a dot, as the file layer's own listing does.
+bool Casa(const Tx& pad, size_t i, const Tx& nom, size_t j) {
+  while (i < pad.size()) {
+    char16_t c = pad[i];
+    if (c == u'*') {
+      if (pad.compare(i, Tx::npos, u"*.*") == 0) return true;
+      for (size_t k = j; k <= nom.size(); k++)
+        if (Casa(pad, i + 1, nom, k)) return true;
+      return false;
+    }
+    if (j >= nom.size()) return pad.compare(i, Tx::npos, u".*") == 0 || pad.compare(i, Tx::npos, u".") == 0;
+    if (c != u'?' && ChrMai(c) != ChrMai(nom[j])) return false;
+    i++, j++;
+  }
+  return j == nom.size();
+}
+}  // namespace
+
+void FicDrvMap(char16_t letra, const Tx& dir) {
+  letra = ChrMai(letra);
+  if (dir.empty())
+    Drives().erase(letra);
+  else
+    Drives()[letra] = dir;
+}
+
+// "X:\a\b" becomes the letter's folder + "/a/b"; "\\srv\share\x" becomes
+// "/net/srv/share/x", where the automounter puts the shares of other machines.
+std::string FicNat(const Tx& path, int* err) {
+  if (err) *err = 0;
+  Tx p = path, raiz;
+  if (p.size() >= 2 && p[1] == u':' && p[0] < 128 && std::isalpha(int(p[0]))) {
+    auto it = Drives().find(ChrMai(p[0]));
+    if (it == Drives().end()) {
+      if (err) *err = kErrDrv;
+      return std::string();
+    }
+    raiz = it->second;
+    p.erase(0, 2);
+    while (!p.empty() && EhSep(p[0])) p.erase(0, 1);
+    if (!raiz.empty() && !EhSep(raiz.back())) raiz += u'/';
+  } else if (p.size() >= 2 && EhSep(p[0]) && EhSep(p[1]) && p.size() > 2 && !EhSep(p[2])) {
+    raiz = u"/net/";
+    p.erase(0, 2);
+  }
+  p = raiz + p;
+  for (auto& c : p)
+    if (c == u'\\') c = u'/';
+  return TxUtf8(p);
+}
+
+int FicErrNat(int e, const std::string& nat) {
+  switch (e) {
+    case ENOENT: {
+      std::string d = nat;
+      while (d.size() > 1 && d.back() == '/') d.pop_back();
+      size_t i = d.rfind('/');
+      d = i == std::string::npos ? "." : i == 0 ? "/" : d.substr(0, i);
+      struct stat st;
+      return stat(d.c_str(), &st) == 0 && S_ISDIR(st.st_mode) ? kErrFicNao : kErrDirNao;
+    }
+    case ENOTDIR: return kErrDirNao;
+    case EACCES: case EPERM: case EBUSY: case ETXTBSY: return kErrPerm;
+    case EEXIST: return kErrFicExi;
+    case ENOSPC: case EDQUOT: return kErrDisco;
+    case EMFILE: case ENFILE: return kErrFicMui;
+    case EIO: return kErrIO;
+    case EXDEV: return kErrDrvRen;
+    default: return kErrAces;
+  }
+}
+
+// Attribute word as the file layer has it: 16 folder, 1 read-only (no write
+// permission for this user), 2 hidden (a name that starts with ".").
+void FicTipCon(const Tx& path, int& atr, Tx& tip) {
+  int e = 0;
+  std::string n = FicNat(path, &e);
+  struct stat st;
+  if (e || n.empty() || stat(n.c_str(), &st) != 0) {
+    atr = -1;
+    tip = u"?";
+    return;
+  }
+  int a = 0;
+  if (S_ISDIR(st.st_mode)) a |= 16;
+  if (access(n.c_str(), W_OK) != 0) a |= 1;
+  Tx d, nom;
+  DivDsk(path, d, nom);
+  if (!nom.empty() && nom[0] == u'.' && nom != u"." && nom != u"..") a |= 2;
+  atr = a;
+  tip = (a & 16) ? u"D" : u"F";
+}
+
+void FicTip(const Tx& path, Tx& tip, int& atr) { FicTipCon(path, atr, tip); }
+
+// Opens the file for input on a free number and closes it again, so a folder is
+// not an existing file (opening one gives 75).
+void FicExi(const Tx& path, int& res) {
+  int n = FicNumLiv();
+  if (n == 0) {
+    res = -kErrFicMui;
+    return;
+  }
+  int r = 0;
+  FicAbrNum(n, path, u"I", r);
+  if (r == 1) {
+    FicFec(n);
+    res = 1;
+  } else {
+    res = r == -kErrFicNao ? 0 : r;
+  }
+}
+
+int FicExi(const Tx& path) {
+  int r = 0;
+  FicExi(path, r);
+  return r;
+}
+
+// Deletes files only; "*" and "?" in the name delete every file that matches, and
+// no match at all is 53, as for a single missing file. A folder is not a file: 53.
+void FicEli(const Tx& path, int& res) {
+  Tx dir, nom;
+  DivDsk(path, dir, nom);
+  if (nom.find_first_of(u"*?") != Tx::npos) {
+    std::vector<Tx> noms;
+    int n = 0, err = 0;
+    DirLisAtr(u"F", 7, dir, nom, noms, nullptr, n, err);
+    if (err) {
+      res = err;
+      return;
+    }
+    if (n == 0) {
+      res = kErrFicNao;
+      return;
+    }
+    res = 0;
+    for (int i = 1; i <= n; i++) {
+      int r = 0;
+      FicEli(dir.empty() ? noms[i] : dir + u"/" + noms[i], r);
+      if (r && !res) res = r;
+    }
+    return;
+  }
+  int e = 0;
+  std::string n = FicNat(path, &e);
+  if (e) {
+    res = e;
+    return;
+  }
+  struct stat st;
+  if (lstat(n.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) {
+    res = kErrFicNao;
+    return;
+  }
+  res = unlink(n.c_str()) == 0 ? 0 : FicErrNat(errno, n);
+}
+
+// Copies bytes and the permission bits (an installer's programs stay runnable). The
+// paths are compared in capitals first: the same path twice is -1 and nothing moves.
+void FicCop(const Tx& orig, const Tx& dest, int& res) {
+  if (TxMai(orig) == TxMai(dest)) {
+    res = -1;
+    return;
+  }
+  int e = 0;
+  std::string o = FicNat(orig, &e);
+  if (e) { res = e; return; }
+  std::string d = FicNat(dest, &e);
+  if (e) { res = e; return; }
+  int fi = open(o.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fi < 0) {
+    res = FicErrNat(errno, o);
+    return;
+  }
+  struct stat st;
+  if (fstat(fi, &st) != 0 || S_ISDIR(st.st_mode)) {
+    close(fi);
+    res = kErrAces;
+    return;
+  }
+  int fo = open(d.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, st.st_mode & 07777);
+  if (fo < 0) {
+    res = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
+    close(fi);
+    return;
+  }
+  res = 0;
+  char buf[65536];
+  for (;;) {
+    ssize_t r = read(fi, buf, sizeof buf);
+    if (r == 0) break;
+    if (r < 0) {
+      if (errno == EINTR) continue;
+      res = kErrIO;
+      break;
+    }
+    for (ssize_t w = 0; w < r;) {
+      ssize_t k = write(fo, buf + w, size_t(r - w));
+      if (k < 0) {
+        if (errno == EINTR) continue;
+        res = FicErrNat(errno, d);
+        break;
+      }
+      w += k;
+    }
+    if (res) break;
+  }
+  fchmod(fo, st.st_mode & 07777);
+  if (close(fo) != 0 && !res) res = FicErrNat(errno, d);
+  close(fi);
+}
+
+// Renames a file or a folder; an existing target is 58 (never overwritten).
+void FicRen(const Tx& velho, const Tx& novo, int& res) {
+  int e = 0;
+  std::string o = FicNat(velho, &e);
+  if (e) { res = e; return; }
+  std::string d = FicNat(novo, &e);
+  if (e) { res = e; return; }
+  struct stat st;
+  if (lstat(o.c_str(), &st) != 0) {
+    res = FicErrNat(errno, o);
+    return;
+  }
+  if (lstat(d.c_str(), &st) == 0) {
+    res = kErrFicExi;
+    return;
+  }
+  res = rename(o.c_str(), d.c_str()) == 0 ? 0 : FicErrNat(errno, d);
+}
+
+// One folder; one that exists already is 75, as the file layer reports it.
+void DirCri(const Tx& path, int& res) {
+  int e = 0;
+  std::string n = FicNat(path, &e);
+  if (e) { res = e; return; }
+  if (n.empty()) { res = kErrDirNao; return; }
+  if (mkdir(n.c_str(), 0777) == 0) {
+    res = 0;
+    return;
+  }
+  res = errno == EEXIST ? kErrAces : FicErrNat(errno, n);
+}
+
+// Every level from the top, each the previous one joined with the next piece. A
+// failing level does not stop the walk (an existing one fails and passes), and the
+// result is the last level's alone. "/" cuts as "\" does; a path that starts at the
+// root starts its levels there.
+void DirCriTot(const Tx& path, int& res) {
+  Tx w = path;
+  for (auto& c : w)
+    if (c == u'/') c = u'\\';
+  bool unc = w.rfind(u"\\\\", 0) == 0;
+  if (unc) w.replace(0, 2, u"||");
+  std::vector<Tx> p;
+  int n = 0;
+  TxTokLis(w, u"\\", p, n);
+  if (unc && n >= 1) p[1].replace(0, 2, u"\\\\");
+  Tx nivel;
+  int i = 1;
+  if (n >= 1 && p[1].empty()) {
+    nivel = FicSep();
+    i = 2;
+  }
+  res = kErrDirNao;
+  for (; i <= n; i++) {
+    nivel = FicJun(nivel, p[i]);
+    DirCri(nivel, res);
+  }
+}
+
+// The folder of a file path: 0 at once when it exists, else DirCriTot's result.
+void DirCriFic(const Tx& path, int& res) {
+  Tx dir, nom;
+  DivDsk(path, dir, nom);
+  if (DirExi(dir) == 1) {
+    res = 0;
+    return;
+  }
+  DirCriTot(dir, res);
+}
+
+void DirExi(const Tx& path, int& flag) {
+  int atr = 0;
+  Tx tip;
+  FicTipCon(path, atr, tip);
+  flag = tip == u"D" ? 1 : 0;
+}
+
+int DirExi(const Tx& path) {
+  int f = 0;
+  DirExi(path, f);
+  return f;
+}
+
+// Lists folder + pattern, in the order of the names in capitals (the order a
+// Windows disk gives). Folders come only with "D" in the types (bit 16), hidden
+// names only with bit 2; an entry is kept when its type letter is in the types.
+void DirLisAtr(const Tx& tipos, int atr, const Tx& dir, const Tx& padrao, std::vector<Tx>& noms,
+               std::vector<int>* atrs, int& n, int& err) {
+  noms.assign(1, Tx());
+  if (atrs) atrs->assign(1, 0);
+  n = 0;
+  err = 0;
+  if (tipos.find(u'D') != Tx::npos) atr |= 16;
+  Tx todo = FicJun(dir, padrao), d, pad;
+  DivDsk(todo, d, pad);
+  if (padrao.empty()) {
+    d = dir;
+    pad = u"*";
+  }
+  int e = 0;
+  std::string nd = FicNat(d.empty() ? Tx(u".") : d, &e);
+  if (e) {
+    err = e;
+    return;
+  }
+  DIR* h = opendir(nd.c_str());
+  if (!h) {
+    err = FicErrNat(errno, nd);
+    if (err == kErrFicNao) err = kErrDirNao;
+    return;
+  }
+  std::vector<Tx> achados;
+  errno = 0;
+  while (dirent* de = readdir(h)) {
+    Tx nom = TxDeUtf8(de->d_name);
+    if (nom != u"." && nom != u".." && Casa(pad, 0, nom, 0)) achados.push_back(nom);
+    errno = 0;
+  }
+  if (errno) err = FicErrNat(errno, nd);
+  closedir(h);
+  std::sort(achados.begin(), achados.end(), [](const Tx& a, const Tx& b) { return TxMai(a) < TxMai(b); });
+  for (const Tx& nom : achados) {
+    EvtPmp();
+    int a = 0;
+    Tx tip;
+    FicTipCon(d.empty() ? nom : d + u"/" + nom, a, tip);
+    if (a > 0 && (a & 16) && !(atr & 16)) continue;
+    if (a > 0 && (a & 2) && !(atr & 2)) continue;
+    if (tipos.find(tip) == Tx::npos) continue;
+    noms.push_back(nom);
+    if (atrs) atrs->push_back(a);
+    n++;
+  }
+}
+
+void DirLis(const Tx& tipos, const Tx& dir, const Tx& padrao, std::vector<Tx>& noms, int& n, int& err) {
+  DirLisAtr(tipos, 7, dir, padrao, noms, nullptr, n, err);
+}
+
+// Makes sure a file exists: creates its folder and an empty file when it is
+// missing. 1 when the file is there afterwards, 0 otherwise.
+void FicCriVaz(const Tx& path, int& res) {
+  res = 1;
+  if (FicExi(path) == 1) return;
+  Tx dir, nom;
+  DivDsk(path, dir, nom);
+  int r = 0;
+  if (!dir.empty()) DirCriTot(dir, r);
+  int num = FicNumLiv();
+  if (num) {
+    FicAbrNum(num, path, u"B", r);
+    if (r == 1) FicFec(num);
+  }
+  if (FicExi(path) != 1) res = 0;
+}
+
+// Opens a text file in the desktop's editor for text and goes on without waiting.
+// A shell starts xdg-open in the background and ends at once, so no child is left
+// for this process to collect. Errors are ignored; the window style has no meaning
+// for xdg-open.
+void FicVerShl(const Tx& path, int estilo) {
+  (void)estilo;
+  std::string n = FicNat(path);
+  if (n.empty()) return;
+  const char* argv[] = {"sh", "-c", "xdg-open \"$1\" >/dev/null 2>&1 &", "sh", n.c_str(), nullptr};
+  pid_t pid;
+  if (posix_spawn(&pid, "/bin/sh", nullptr, nullptr, const_cast<char**>(argv), environ) == 0) {
+    int st;
+    while (waitpid(pid, &st, 0) < 0 && errno == EINTR) {
+    }
+  }
+}
+
+void FicVerNot(const Tx& path, int estilo) { FicVerShl(path, estilo); }
+
+}  // namespace zw
