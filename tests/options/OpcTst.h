@@ -1,0 +1,72 @@
+// Helpers of the option-file tests: temporary files and a zone walk.
+#pragma once
+#include <gtest/gtest.h>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <sstream>
+#include <string>
+#include "TdaOpc.h"
+
+namespace zw::tst {
+
+inline std::string Bytes(const std::string& path) {
+  std::ifstream f(path, std::ios::binary);
+  std::stringstream s;
+  s << f.rdbuf();
+  return s.str();
+}
+
+inline std::string Dat(const char* nom) { return std::string(ZW_TEST_DATA) + "/" + nom; }
+
+// Writes lines to a temporary file, each ended by CR LF, in the given encoding.
+inline Tx TmpFic(const char* nom, std::initializer_list<const char16_t*> lin, Cod cod = Cod::W1252) {
+  auto p = std::filesystem::temp_directory_path() / (std::string("zw_opc_") + nom);
+  Tx t;
+  for (auto l : lin) t += Tx(l) + u"\r\n";
+  std::ofstream(p, std::ios::binary) << TxBytes(t, cod);
+  return TxDeUtf8(p.string());
+}
+
+// The same after a header of five comment lines.
+inline Tx TmpPar(const char* nom, std::initializer_list<const char16_t*> lin, Cod cod = Cod::W1252) {
+  auto p = std::filesystem::temp_directory_path() / (std::string("zw_opc_") + nom);
+  Tx t = u"'Nome : T\r\n'Tipo : par\r\n'Data :\r\n'Versao :\r\n'Descricao :\r\n";
+  for (auto l : lin) t += Tx(l) + u"\r\n";
+  std::ofstream(p, std::ios::binary) << TxBytes(t, cod);
+  return TxDeUtf8(p.string());
+}
+
+inline Tx TmpBytes(const char* nom, const std::string& b) {
+  auto p = std::filesystem::temp_directory_path() / (std::string("zw_opc_") + nom);
+  std::ofstream(p, std::ios::binary) << b;
+  return TxDeUtf8(p.string());
+}
+
+// One zone step, its results in a struct.
+struct Zon {
+  Tx ide, tip, des;
+  int16_t n = 0;
+};
+inline Zon Seg(TdaOpc& o) {
+  Zon z;
+  o.ZonSeg(z.ide, z.tip, z.n, z.des);
+  return z;
+}
+
+// The text an option query gives.
+inline Tx Con(TdaOpc& o, const Tx& chv) {
+  Var v{Tx()};
+  o.OpcCon(chv, v);
+  return v.Txt();
+}
+inline Tx Mem(TdaOpc& o, const Tx& chv, int16_t* exi = nullptr) {
+  Var v{Tx()};
+  int16_t e = 0;
+  Tx tpp;
+  o.MemCon(chv, v, e, tpp);
+  if (exi) *exi = e;
+  return v.Txt();
+}
+
+}  // namespace zw::tst

@@ -1,0 +1,178 @@
+// zunwiz-opc: a command-line tool for option-file authors. It shows what the
+// wizard's reader sees in a file (dump), answers an option query as the wizard
+// would after reading the whole file (get), and changes or adds one variable in
+// place, leaving the rest of the file as it was (set).
+#include <cmath>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+#include "FicGlb.h"
+#include "TdaOpc.h"
+#include "TxtGlb.h"
+
+using namespace zw;
+
+namespace {
+
+int Uso() {
+  std::fputs(
+      "usage: zunwiz-opc dump FILE [KEY=value ...]\n"
+      "       zunwiz-opc get FILE KEY [--subst] [KEY=value ...]\n"
+      "       zunwiz-opc set FILE KEY VALUE\n",
+      stderr);
+  return 64;
+}
+
+// A JSON string of a text, UTF-8.
+std::string Js(const Tx& t) {
+  std::string s = TxUtf8(t), r = "\"";
+  for (unsigned char c : s) {
+    switch (c) {
+      case '"': r += "\\\""; break;
+      case '\\': r += "\\\\"; break;
+      case '\n': r += "\\n"; break;
+      case '\r': r += "\\r"; break;
+      case '\t': r += "\\t"; break;
+      default:
+        if (c < 0x20) {
+          char b[8];
+          std::snprintf(b, sizeof b, "\\u%04x", c);
+          r += b;
+        } else {
+          r += char(c);
+        }
+    }
+  }
+  return r + "\"";
+}
+
+// A JSON number; what JSON cannot hold (infinity, NaN) becomes null.
+std::string Jn(double d) {
+  if (!std::isfinite(d)) return "null";
+  char b[40];
+  if (d == std::floor(d) && std::fabs(d) < 1e15)
+    std::snprintf(b, sizeof b, "%.0f", d);
+  else
+    std::snprintf(b, sizeof b, "%.17g", d);
+  return b;
+}
+
+// The words after the fixed arguments form the command line the reader sees.
+Tx Linha(const std::vector<Tx>& pal) {
+  Tx l;
+  for (const Tx& p : pal) l += (l.empty() ? Tx() : Tx(u" ")) + p;
+  return l;
+}
+
+// A file the reader cannot open ends the tool with a one-line message.
+bool Legivel(const Tx& fic) {
+  int r = FicExi(fic);
+  if (r == 1) return true;
+  std::fprintf(stderr, "zunwiz-opc: cannot read %s (%s)\n", TxUtf8(fic).c_str(),
+               r == 0 ? "file not found" : "not a readable file");
+  return false;
+}
+
+int Dump(TdaOpc& o, const Tx& fic) {
+  std::string j = "{\"header\": [";
+  o.ZonIni(fic, u"");
+  for (int i = 1; i <= 5; i++) j += (i > 1 ? ", " : "") + Js(o.cabLin[i]);
+  j += "],\n \"type\": " + Js(o.ficTip) + ",\n \"zones\": [";
+  bool pri = true;
+  for (;;) {
+    Tx ide, tip, des;
+    int16_t n = 0;
+    o.ZonSeg(ide, tip, n, des);
+    if (ide.empty()) break;
+    j += pri ? "\n  " : ",\n  ";
+    pri = false;
+    j += "{\"id\": " + Js(ide) + ", \"kind\": " + Js(tip) + ", \"description\": " + Js(des) +
+         ", \"special\": " + Js(o.opcEsp) + ", \"count\": " + std::to_string(n);
+    if (tip == u"IDE") {
+      j += ", \"rows\": [";
+      for (int i = 1; i <= n; i++) {
+        const ParReg& r = o.memTab[i];
+        j += std::string(i > 1 ? ",\n" : "\n") + "    {\"label\": " + Js(r.txi) + ", \"name\": " + Js(r.var) +
+             ", \"value\": " + Js(r.vtx) + ", \"number\": " + Jn(r.vnu) + ", \"type\": " + Js(r.tpp) + "}";
+      }
+      j += n ? "\n  ]}" : "]}";
+    } else {
+      j += ", \"lines\": [";
+      for (int i = 1; i <= n; i++) j += std::string(i > 1 ? ",\n" : "\n") + "    " + Js(o.regLin[i]);
+      j += n ? "\n  ]}" : "]}";
+    }
+  }
+  o.ZonFim();
+  j += pri ? "]}\n" : "\n ]}\n";
+  std::fputs(j.c_str(), stdout);
+  return 0;
+}
+
+int Get(TdaOpc& o, const Tx& fic, const Tx& chv, bool sbr) {
+  o.ZonIni(fic, u"");
+  for (;;) {
+    Tx ide, tip, des;
+    int16_t n = 0;
+    o.ZonSeg(ide, tip, n, des);
+    if (ide.empty()) break;
+  }
+  o.ZonFim();
+  Var v{Tx()};
+  o.OpcCon(chv, v);
+  Tx t = v.Txt();
+  if (sbr) o.OpcSbr(t);
+  std::fputs((TxUtf8(t) + "\n").c_str(), stdout);
+  return 0;
+}
+
+int Set(TdaOpc& o, const Tx& fic, const Tx& chv, const Tx& val) {
+  int32_t n = 0;
+  o.RegPrp(fic, n);
+  o.RegVarAlt(chv, Var(val), 2);
+  o.RegExe(fic, 1);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::vector<Tx> a;
+  for (int i = 1; i < argc; i++) a.push_back(TxDeUtf8(argv[i]));
+  if (a.size() < 2) return Uso();
+  const Tx& cmd = a[0];
+  const Tx& fic = a[1];
+  try {
+    if (cmd == u"dump") {
+      if (!Legivel(fic)) return 2;
+      TdaOpc::LcLin = Linha({a.begin() + 2, a.end()});
+      TdaOpc o;
+      return Dump(o, fic);
+    }
+    if (cmd == u"get") {
+      if (a.size() < 3) return Uso();
+      if (!Legivel(fic)) return 2;
+      bool sbr = false;
+      std::vector<Tx> pal;
+      for (size_t i = 3; i < a.size(); i++) {
+        if (a[i] == u"--subst")
+          sbr = true;
+        else
+          pal.push_back(a[i]);
+      }
+      TdaOpc::LcLin = Linha(pal);
+      TdaOpc o;
+      return Get(o, fic, a[2], sbr);
+    }
+    if (cmd == u"set") {
+      if (a.size() != 4) return Uso();
+      if (!Legivel(fic)) return 2;
+      TdaOpc o;
+      return Set(o, fic, a[2], a[3]);
+    }
+  } catch (const std::exception& e) {
+    std::fprintf(stderr, "zunwiz-opc: %s: %s\n", TxUtf8(fic).c_str(), e.what());
+    return 1;
+  }
+  return Uso();
+}
