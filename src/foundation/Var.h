@@ -7,13 +7,23 @@
 #include <cstdint>
 #include <memory>
 #include <variant>
+#include <vector>
 #include "Tx.h"
 
 namespace zw {
 
+class Var;
+
 // Base of the objects a Var can hold (windows, engines, script objects).
 struct VarObj {
   virtual ~VarObj() = default;
+  // Calls a method of the object by name (as "FxIni" or "FxFim" of a script object);
+  // false when the object has no such method or the call failed. Objects that can be
+  // called by name override it; the others answer false.
+  virtual bool Chama(const Tx& nome, std::vector<Var>& args, Var& res) {
+    (void)nome; (void)args; (void)res;
+    return false;
+  }
 };
 
 struct VarFalta {};  // a missing optional argument
@@ -54,6 +64,12 @@ class Var {
 
   // The number a numeric or boolean cell holds (true is -1, as the script language has it); 0 otherwise.
   double Num() const;
+
+  // Stores v and keeps this cell's kind: a number into an integer cell is rounded to an
+  // integer (and held at the type's limits), anything into a text cell becomes its text,
+  // a text into a number cell is read as its leading number. A cell that is empty,
+  // missing, null or an object takes v as it stands.
+  void Poe(const Var& v);
 
  private:
   std::variant<std::monostate, VarFalta, VarNulo, int16_t, int32_t, double, bool, Tx,
