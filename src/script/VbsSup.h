@@ -35,7 +35,10 @@ Var VbsObVar(vbs::Obj* o);
 
 // A window that carries a script control, as the wizard's window does ("scVbs").
 // VbsRegFS reads the control from it; hwnd is the parent of what the engine shows.
-struct VbsFrm : VarObj {
+// The window's class derives from this beside its VarObj base (for example beside
+// WizFrm), and is handed to the host in a Var.
+struct VbsFrm {
+  virtual ~VbsFrm() = default;
   virtual std::shared_ptr<vbs::ScriptControl> scVbs() = 0;
   virtual intptr_t hwnd() { return 0; }
 };
