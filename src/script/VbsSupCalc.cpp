@@ -93,7 +93,7 @@ void VbsSup::PgmFxRun(const Tx& name, int32_t n, int16_t& ok) {
   bool ret = false;
   if (!EngProc(name, a, ret)) {
     ok = 0;
-    Trc(u"Run \"" + name + u"\"");
+    TrcMsg(u"Run \"" + name + u"\"", sc_ ? u"no procedure of that name" : u"no script control");
     return;
   }
   Arr loc(size_t(n) + 1);
