@@ -47,7 +47,8 @@ struct VbsFrm {
 void VbsTrcDef(bool on);
 bool VbsTrcAct();
 // Reads the command-line word list: a word "DBGVBS=value" switches the trace on when
-// the value is a yes word ("1", "S", "Sim") and off otherwise. Words are left alone.
+// the value is a yes word ("1", "S", "Sim") and off otherwise; without the word the
+// trace stays as it is. Every new VbsSup calls it.
 void VbsTrcLc();
 
 class VbsSup {

@@ -2,28 +2,39 @@
 // The table outlives every reset of the engine: VbsIni adds its records again, in
 // table order, so a reset keeps the objects and loses code and script variables.
 #include "VbsSup.h"
+#include "DbgFx.h"
 #include "TxtGlb.h"
 #include "VbsInt.h"
 
 namespace zw {
 
-VbsSup::VbsSup() : tab_(1) { fxpOb_ = FxpNovo(*this, fxp_); }
+VbsSup::VbsSup() : tab_(1) {
+  DbgObjIni(trcName_, trcState_);
+  fxpOb_ = FxpNovo(*this, fxp_);
+  VbsTrcLc();  // the word list is ready before the wizard makes its host
+}
 
 VbsSup::~VbsSup() {
   FxpSolta(fxp_);
   FxFim();
+  DbgObjFim(trcName_, trcState_);
 }
 
 // Start hooks of the class; the host has nothing else to prepare.
-void VbsSup::FxIni() {}
+void VbsSup::FxIni() {
+  DbgFxIni(trcName_, trcState_, u"#I");
+  DbgFxIni(trcName_, trcState_, u"#F");
+}
 
 // Lets go of the engine and of every object the host holds; the table becomes empty.
 void VbsSup::FxFim() {
+  DbgFxFim(trcName_, trcState_, u"#I");
   sc_.reset();
   doc_ = Var();
   own_ = Var();
   cbk_ = Var();
   RegObFim();
+  DbgFxFim(trcName_, trcState_, u"#F");
 }
 
 // Takes the script control from the window's "scVbs" and binds the host to it.
@@ -64,6 +75,7 @@ void VbsSup::RegSup(const Var& frm, std::shared_ptr<vbs::ScriptControl> sc, cons
 // Resets the engine: no code, no script variables, no time limit; the engine is
 // started with a first expression, then every object of the table is added again.
 void VbsSup::VbsIni() {
+  if (!sc_) return;  // nothing to reset yet; every step would fail alike
   if (!EngReset()) Trc(u"VbsIni: Reset");
   if (!EngTimeout(-1)) Trc(u"VbsIni: Timeout");
   Var r;
