@@ -142,6 +142,7 @@ int main(int argc, char** argv) {
   if (a.size() < 2) return Uso();
   const Tx& cmd = a[0];
   const Tx& fic = a[1];
+  FicSepDef(u"/");  // file names on the command line are Linux paths: "ParDir"/"ParFic" split at "/"
   try {
     if (cmd == u"dump") {
       if (!Legivel(fic)) return 2;
