@@ -3,6 +3,7 @@
 // (Windows-1252, or UTF-8 when it has the mark or valid multi-byte sequences), so
 // lines come from memory and the encoding is known to whoever writes it back.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <algorithm>
@@ -65,6 +66,10 @@ int Abre(int num, const Tx& path, const Tx& modo) {
       close(fd);
       return kErrAces;
     }
+    if (flock(fd, LOCK_SH | LOCK_NB) != 0) {  // a writer holds it
+      close(fd);
+      return kErrPerm;
+    }
     std::string b;
     char buf[65536];
     for (;;) {
@@ -80,10 +85,27 @@ int Abre(int num, const Tx& path, const Tx& modo) {
     close(fd);
     a.dados = TxDeBytes(b, &a.cod);
   } else {
-    if (m == 'O') unlink(n.c_str());  // the outcome does not matter: the open decides
+    if (m == 'O') {  // the outcome does not matter, but a file held by another writer stays
+      int f0 = open(n.c_str(), O_WRONLY | O_CLOEXEC);
+      if (f0 >= 0) {
+        if (flock(f0, LOCK_EX | LOCK_NB) != 0) {
+          close(f0);
+          return kErrPerm;
+        }
+        unlink(n.c_str());
+        close(f0);
+      }
+    }
     int fl = O_CLOEXEC | (m == 'B' ? O_RDWR | O_CREAT : O_WRONLY | O_CREAT | (m == 'A' ? O_APPEND : O_TRUNC));
     int fd = open(n.c_str(), fl, 0666);
     if (fd < 0) return errno == EISDIR ? kErrAces : FicErrNat(errno, n);
+    // A file open for writing is held: another writer, in this process or another,
+    // gets "Permission denied" until it is closed, as on the system the wizards
+    // come from.
+    if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
+      close(fd);
+      return kErrPerm;
+    }
     struct stat st;
     if (fstat(fd, &st) == 0 && st.st_size > 0) {
       a.escrito = true;

@@ -385,6 +385,12 @@ TEST_F(FicDsk, AbrNumbersAndPolicies) {
   EXPECT_EQ(FicLinGra(3, u"x"), 54);
   EXPECT_EQ(FicLinGra(9, u"x"), 52);
 
+  FicAbrNum(6, P("w.txt"), u"A", r);
+  EXPECT_EQ(r, -70);  // held by the writer on number 4
+  EXPECT_EQ(FicExi(P("w.txt")), -70);
+  FicFec(4);
+  EXPECT_EQ(FicExi(P("w.txt")), 1);
+
   Gravador g;
   MsgDlgDef(&g);
   e = 0;
