@@ -1,0 +1,57 @@
+// Lib: what the files of the function library share: their registration entry points
+// and the small helpers that read arguments the way the built-ins read them.
+#pragma once
+#include "Builtins.h"
+#include "DateTime.h"
+#include "Locale.h"
+
+namespace vbs {
+
+// Each library file registers its functions, constants or program identifiers here;
+// LibReg calls them all.
+void LibConvReg();
+void LibStrReg();
+void LibMathReg();
+void LibDateReg();
+void LibFmtReg();
+void LibArrReg();
+void LibMiscReg();
+void RegExpReg();
+void DictReg();
+void FsoReg();
+void ShellReg();
+
+// True when argument k was given and is Null.
+inline bool ArgNulo(Args a, int k) { return a.Has(k) && a[k].IsNull(); }
+
+// The text of an argument: a view of the string itself when it is one (no copy), the
+// CStr of anything else kept in `tmp`. Null raises 94.
+inline TxV ArgTx(Args a, int k, Tx& tmp) {
+  const Value& v = a[k];
+  if (v.IsStr()) return v.Sv();
+  tmp = ToTx(v);
+  return tmp;
+}
+
+// A whole-number argument with a default for a left-out one.
+inline int32_t ArgLng(Args a, int k, int32_t omissao) { return a.Has(k) ? ToLng(a[k]) : omissao; }
+
+// The comparison mode argument: 0 binary, 1 text; anything else raises 5.
+int ArgCmp(Args a, int k);
+
+// A Date argument: numbers as serials, text read as a date (13 when it is none).
+inline double ArgDt(Args a, int k) { return ToDate(a[k]); }
+
+// Stores a text result.
+inline void RetTx(Value& r, TxV t) { r = Value(t); }
+
+// The text with blanks (U+0020 only) cut from the left, the right or both.
+TxV CortaEsq(TxV t);
+TxV CortaDir(TxV t);
+
+// Finds b in a from position `de` (0-based), binary or case-blind; npos when absent.
+size_t TxAcha(TxV a, TxV b, size_t de, bool texto);
+// Finds b in a backwards, starting no later than `ate` (0-based start of the match).
+size_t TxAchaTras(TxV a, TxV b, size_t ate, bool texto);
+
+}  // namespace vbs

@@ -1,0 +1,19 @@
+// LibReg: registers the whole function library, its constants and its objects.
+#include "Lib.h"
+
+namespace vbs {
+
+void LibReg() {
+  static bool feito = false;
+  if (feito) return;
+  feito = true;
+  LibConvReg();
+  LibStrReg();
+  LibMathReg();
+  LibDateReg();
+  LibFmtReg();
+  LibArrReg();
+  LibMiscReg();
+}
+
+}  // namespace vbs
