@@ -294,7 +294,7 @@ int SupLogReg::MsgGrpReg(const Tx& pgm, const Tx& item, const Tx& grp) {
 void SupLogReg::ErrInfPrp(int num, const Tx& tx, Tx& res, Tx& fonte) const {
   fonte = pgm_;
   if (!tx.empty()) {
-    res = u"Erro :" + Str(num) + u" - " + tx;
+    res = u"Erro : " + Str(num) + u" - " + tx;  // as ErrDad writes it
   } else {
     res.clear();
     ErrDad(num, res, fonte);
