@@ -2,6 +2,8 @@
 // separators, position blocks and version numbers.
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include "GlbVar.h"
 
 namespace zw {
@@ -39,6 +41,36 @@ Tx NuFmtMsc(TxV cod) {
 
 Tx NuFmtCri(TxV cod) { return NuFmtMsc(cod); }
 
+// Fixed-point text of a non-negative number with nd decimals, rounded half away
+// from zero on its fifteen significant decimal digits (so 2.345 gives "2.35").
+static std::string NuFixo(double av, int nd) {
+  std::string zero = nd > 0 ? "0." + std::string(size_t(nd), '0') : "0";
+  if (!(av > 0)) return zero;
+  char b[64];
+  std::snprintf(b, sizeof b, "%.14e", av);
+  std::string d = std::string(1, b[0]) + std::string(b + 2, 14);
+  int ni = std::atoi(std::strchr(b, 'e') + 1) + 1;  // av = 0.d * 10^ni
+  int keep = ni + nd;
+  if (keep < 0) return zero;
+  if (keep < int(d.size())) {
+    bool up = d[size_t(keep)] >= '5';
+    d.resize(size_t(keep));
+    if (up) {
+      int i = keep - 1;
+      while (i >= 0 && d[size_t(i)] == '9') d[size_t(i--)] = '0';
+      if (i >= 0) d[size_t(i)]++;
+      else { d.insert(0, "1"); ni++; }
+    }
+  } else {
+    d.append(size_t(keep) - d.size(), '0');
+  }
+  if (d.empty()) return zero;
+  std::string ip = "0", dp;
+  if (ni > 0) { ip = d.substr(0, size_t(ni)); dp = d.substr(size_t(ni)); }
+  else dp = std::string(size_t(-ni), '0') + d;
+  return nd > 0 ? ip + "." + dp : ip;
+}
+
 // Formats a number by a mask of "#" (digit if significant), "0" (digit always),
 // "," (thousands grouping) and "." (decimal point); other characters before the
 // first and after the last placeholder stand as they are. The result is
@@ -66,14 +98,7 @@ Tx NuTxFmt(TxV msc, const Var& val) {
     if (md[k] == u'0') zd++;
   if (!std::isfinite(v)) v = 0;
   bool neg = v < 0;
-  double av = std::fabs(v);
-  if (nd <= 15) {  // half away from zero, as the script language's Format rounds
-    double sc = std::pow(10.0, nd);
-    av = std::round(av * sc) / sc;
-  }
-  char b[400];
-  std::snprintf(b, sizeof b, "%.*f", nd, av);
-  std::string s(b);
+  std::string s = NuFixo(std::fabs(v), nd);
   size_t q = s.find('.');
   std::string ip = s.substr(0, q), dp = q == std::string::npos ? "" : s.substr(q + 1);
   while (int(dp.size()) > zd && dp.back() == '0') dp.pop_back();
