@@ -1,4 +1,5 @@
 // Separator tokens, split modes, bracket pairs and "[KEY=value]" items.
+#include <algorithm>
 #include "GlbVar.h"
 #include "TxtGlb.h"
 
@@ -11,7 +12,7 @@ void TxTokSeg(Tx& tx, TxV sep, Tx& tok, int& ach) {
   int p = TxPos(tx, sep);
   if (p) {
     Tx t = TxEsq(tx, p - 1);
-    tx = TxMeio(tx, p + long(sep.size()));
+    tx.erase(0, std::min(tx.size(), size_t(p - 1) + sep.size()));
     tok = std::move(t);
     ach = 1;
   } else {
@@ -112,16 +113,20 @@ void TxTokMai1(TxV tx, Tx& pri, TxV sep) {
   TxTokMai(tx, pri, s, sep);
 }
 
-// All tokens of a text. A trailing separator makes no empty token. An empty separator
-// gives the whole text as one token (taking tokens with it would never end).
+// All tokens of a text, as TxTokSeg would take them one after the other: a trailing
+// separator makes no empty token. An empty separator gives the whole text as one
+// token (taking tokens with it would never end).
 void TxTokLis(TxV tx, TxV sep, TxArr& tok, int& n) {
   TxArr r(1);
-  Tx t(tx), x;
-  int f;
-  while (!t.empty()) {
-    if (sep.empty()) TxTokMul(t, sep, x);
-    else TxTokSeg(t, sep, x, f);
-    r.push_back(std::move(x));
+  size_t i = 0;
+  while (i < tx.size()) {
+    size_t p = sep.empty() ? TxV::npos : tx.find(sep, i);
+    if (p == TxV::npos) {
+      r.emplace_back(tx.substr(i));
+      break;
+    }
+    r.emplace_back(tx.substr(i, p - i));
+    i = p + sep.size();
   }
   n = int(r.size()) - 1;
   tok = std::move(r);
