@@ -64,6 +64,8 @@ void FicDrvMap(char16_t letra, const Tx& dir) {
     Drives()[letra] = dir;
 }
 
+std::vector<std::pair<char16_t, Tx>> FicDrvTab() { return {Drives().begin(), Drives().end()}; }
+
 // "X:\a\b" becomes the letter's folder + "/a/b"; "\\srv\share\x" becomes
 // "/net/srv/share/x", where the automounter puts the shares of other machines.
 std::string FicNat(const Tx& path, int* err) {

@@ -11,6 +11,7 @@
 #pragma once
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 #include "Tx.h"
 
@@ -57,6 +58,8 @@ void FicDirLis(const Tx& path, std::vector<Tx>& pecas, int& n);
 std::string FicNat(const Tx& path, int* err = nullptr);
 // Maps a drive letter to a Linux folder; an empty folder removes the mapping.
 void FicDrvMap(char16_t letra, const Tx& dir);
+// The drive letters that have a folder, in letter order, with their folders.
+std::vector<std::pair<char16_t, Tx>> FicDrvTab();
 
 void FicTipCon(const Tx& path, int& atr, Tx& tip);  // "F", "D" or "?" (attributes -1)
 void FicTip(const Tx& path, Tx& tip, int& atr);

@@ -1,0 +1,298 @@
+// The registry stand-in: registry-export files read into keys and values, text
+// values looked up, and text values written back to the writable file.
+#include "GlbReg.h"
+#include <dirent.h>
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <vector>
+#include "FicGlb.h"
+#include "TxtGlb.h"
+
+namespace zw {
+
+namespace {
+
+const char* kDir = "/etc/zunwiz/registry";
+const char* kGra = "/etc/zunwiz/registry/zunwiz.reg";
+Tx gFic;  // the caller's file, when set
+
+struct Val {
+  Tx nome;   // "" is the default value "@"
+  bool txt;  // a text value; otherwise raw keeps what stood after "="
+  Tx v;
+};
+struct Chave {
+  Tx nome;  // as first written
+  std::vector<Val> vals;
+};
+// Keys by their full name in capitals, in the order they were first met.
+struct Reg {
+  std::vector<Tx> ordem;
+  std::map<Tx, Chave> ch;
+};
+
+struct Raiz {
+  int32_t cod;
+  const char16_t *nome, *curto;
+};
+const Raiz kRaiz[] = {{kHkcr, u"HKEY_CLASSES_ROOT", u"HKCR"},   {kHkcu, u"HKEY_CURRENT_USER", u"HKCU"},
+                      {kHklm, u"HKEY_LOCAL_MACHINE", u"HKLM"},  {kHku, u"HKEY_USERS", u"HKU"},
+                      {kHkcc, u"HKEY_CURRENT_CONFIG", u"HKCC"}};
+
+const char16_t* RaizNome(int32_t cod) {
+  for (const Raiz& r : kRaiz)
+    if (r.cod == cod) return r.nome;
+  return nullptr;
+}
+
+// A key name with its root spelt out in full and no stray separators.
+Tx ChvNorm(const Tx& k) {
+  Tx t = k;
+  while (!t.empty() && t.back() == u'\\') t.pop_back();
+  size_t i = t.find(u'\\');
+  Tx r = TxMai(t.substr(0, i));
+  for (const Raiz& x : kRaiz)
+    if (r == x.curto) return x.nome + (i == Tx::npos ? Tx() : t.substr(i));
+  return t;
+}
+
+std::string LeBytes(const std::string& f) {
+  std::ifstream in(f, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+// UTF-16 with its mark (as version 5 files are written), else 8-bit text.
+Tx Decode(const std::string& b) {
+  if (b.size() >= 2 && (uint8_t(b[0]) == 0xFF && uint8_t(b[1]) == 0xFE)) {
+    Tx t;
+    for (size_t i = 2; i + 1 < b.size(); i += 2) t += char16_t(uint8_t(b[i]) | uint8_t(b[i + 1]) << 8);
+    return t;
+  }
+  if (b.size() >= 2 && (uint8_t(b[0]) == 0xFE && uint8_t(b[1]) == 0xFF)) {
+    Tx t;
+    for (size_t i = 2; i + 1 < b.size(); i += 2) t += char16_t(uint8_t(b[i]) << 8 | uint8_t(b[i + 1]));
+    return t;
+  }
+  return TxDeBytes(b);
+}
+
+// A quoted text from position i (at the opening quote), with \\ and \" undone; i
+// ends after the closing quote. False when it does not close.
+bool Aspas(const Tx& l, size_t& i, Tx& out) {
+  out.clear();
+  for (i++; i < l.size(); i++) {
+    if (l[i] == u'\\' && i + 1 < l.size()) {
+      out += l[++i];
+    } else if (l[i] == u'"') {
+      i++;
+      return true;
+    } else {
+      out += l[i];
+    }
+  }
+  return false;
+}
+
+void Poe(Reg& r, const Tx& chave, const Val& v) {
+  Tx k = TxMai(chave);
+  auto it = r.ch.find(k);
+  if (it == r.ch.end()) {
+    r.ordem.push_back(k);
+    it = r.ch.emplace(k, Chave{chave, {}}).first;
+  }
+  for (Val& x : it->second.vals)
+    if (TxIgual(x.nome, v.nome)) {
+      x = v;
+      return;
+    }
+  it->second.vals.push_back(v);
+}
+
+void Tira(Reg& r, const Tx& chave) {
+  Tx k = TxMai(chave);
+  for (auto it = r.ch.begin(); it != r.ch.end();) {
+    if (it->first == k || it->first.rfind(k + u"\\", 0) == 0) {
+      r.ordem.erase(std::find(r.ordem.begin(), r.ordem.end(), it->first));
+      it = r.ch.erase(it);
+    } else {
+      ++it;
+    }
+  }
+}
+
+// One file into the model. A file without one of the two header lines is not a
+// registry file and adds nothing.
+void Carrega(const std::string& f, Reg& r) {
+  Tx t = Decode(LeBytes(f));
+  std::vector<Tx> lin;
+  size_t i = 0;
+  while (i < t.size()) {
+    size_t e = t.find_first_of(u"\r\n", i);
+    if (e == Tx::npos) e = t.size();
+    lin.push_back(t.substr(i, e - i));
+    i = e + (e + 1 < t.size() && t[e] == u'\r' && t[e + 1] == u'\n' ? 2 : 1);
+  }
+  size_t n = 0;
+  while (n < lin.size() && TxTrim(lin[n]).empty()) n++;
+  if (n == lin.size()) return;
+  Tx cab = TxTrim(lin[n]);
+  if (cab != u"REGEDIT4" && cab != u"Windows Registry Editor Version 5.00") return;
+  Tx chave;
+  bool apagada = false;
+  for (n++; n < lin.size(); n++) {
+    Tx l = TxTrim(lin[n]);
+    while (!l.empty() && l.back() == u'\\' && n + 1 < lin.size() && l.find(u'"') == Tx::npos) {
+      l.pop_back();  // a long binary value goes on on the next line
+      l += TxTrim(lin[++n]);
+    }
+    if (l.empty() || l[0] == u';') continue;
+    if (l[0] == u'[') {
+      size_t f2 = l.rfind(u']');
+      Tx k = l.substr(1, f2 == Tx::npos ? Tx::npos : f2 - 1);
+      apagada = !k.empty() && k[0] == u'-';
+      if (apagada) {
+        Tira(r, ChvNorm(k.substr(1)));
+        chave.clear();
+      } else {
+        chave = ChvNorm(k);
+        Tx kk = TxMai(chave);
+        if (!r.ch.count(kk)) {
+          r.ordem.push_back(kk);
+          r.ch.emplace(kk, Chave{chave, {}});
+        }
+      }
+      continue;
+    }
+    if (chave.empty() || apagada) continue;
+    Val v;
+    size_t p = 0;
+    if (l[0] == u'@') {
+      p = 1;
+    } else if (l[0] == u'"') {
+      if (!Aspas(l, p, v.nome)) continue;
+    } else {
+      continue;
+    }
+    while (p < l.size() && l[p] == u' ') p++;
+    if (p >= l.size() || l[p] != u'=') continue;
+    p++;
+    while (p < l.size() && l[p] == u' ') p++;
+    Tx resto = l.substr(p);
+    if (resto == u"-") {  // the value is removed
+      auto it = r.ch.find(TxMai(chave));
+      auto& vs = it->second.vals;
+      vs.erase(std::remove_if(vs.begin(), vs.end(), [&](const Val& x) { return TxIgual(x.nome, v.nome); }),
+               vs.end());
+      continue;
+    }
+    if (!resto.empty() && resto[0] == u'"') {
+      size_t q = 0;
+      v.txt = Aspas(resto, q, v.v);
+      if (!v.txt) v.v = resto;
+    } else {
+      v.txt = false;
+      v.v = resto;
+    }
+    Poe(r, chave, v);
+  }
+}
+
+std::vector<std::string> Ficheiros() {
+  if (!gFic.empty()) return {FicNat(gFic)};
+  std::vector<std::string> v;
+  if (DIR* d = opendir(kDir)) {
+    while (dirent* e = readdir(d)) {
+      std::string n = e->d_name;
+      if (n.size() > 4 && TxMai(TxDeUtf8(n.substr(n.size() - 4))) == u".REG") v.push_back(std::string(kDir) + "/" + n);
+    }
+    closedir(d);
+  }
+  std::sort(v.begin(), v.end());
+  return v;
+}
+
+Tx Escapa(const Tx& t) {
+  Tx r;
+  for (char16_t c : t) {
+    if (c == u'\\' || c == u'"') r += u'\\';
+    r += c;
+  }
+  return r;
+}
+
+// The model as a version 5 file, UTF-16LE with its mark, as the registry editor
+// writes it.
+bool Grava(const std::string& f, const Reg& r) {
+  Tx t = u"Windows Registry Editor Version 5.00\r\n";
+  for (const Tx& k : r.ordem) {
+    const Chave& c = r.ch.at(k);
+    t += u"\r\n[" + c.nome + u"]\r\n";
+    for (const Val& v : c.vals) {
+      t += v.nome.empty() ? Tx(u"@") : u"\"" + Escapa(v.nome) + u"\"";
+      t += u"=" + (v.txt ? u"\"" + Escapa(v.v) + u"\"" : v.v) + u"\r\n";
+    }
+  }
+  std::string b = "\xFF\xFE";
+  for (char16_t c : t) {
+    b += char(c & 0xFF);
+    b += char(c >> 8);
+  }
+  int e = 0;
+  DirCriFic(TxDeUtf8(f), e);
+  std::string tmp = f + ".tmp";
+  {
+    std::ofstream out(tmp, std::ios::binary | std::ios::trunc);
+    if (!out) return false;
+    out.write(b.data(), std::streamsize(b.size()));
+    if (!out.flush()) return false;
+  }
+  return std::rename(tmp.c_str(), f.c_str()) == 0;
+}
+
+Tx ChvDe(int32_t raiz, const Tx& path) {
+  const char16_t* rn = RaizNome(raiz);
+  if (!rn) return Tx();
+  Tx p = path;
+  while (!p.empty() && p[0] == u'\\') p.erase(0, 1);
+  return ChvNorm(p.empty() ? Tx(rn) : Tx(rn) + u"\\" + p);
+}
+
+}  // namespace
+
+void RegFicDef(const Tx& fic) { gFic = fic; }
+const char* RegDirSis() { return kDir; }
+
+// The files are read at every call, so that what another program or an earlier
+// write left there is seen at once.
+Tx RegVarLer(int32_t raiz, const Tx& path, const Tx& nome) {
+  Tx k = ChvDe(raiz, path);
+  if (k.empty()) return Tx();
+  Reg r;
+  for (const std::string& f : Ficheiros()) Carrega(f, r);
+  auto it = r.ch.find(TxMai(k));
+  if (it == r.ch.end()) return Tx();
+  for (const Val& v : it->second.vals) {
+    if (!TxIgual(v.nome, nome)) continue;
+    if (!v.txt || v.v.size() + 1 > 256) return Tx();  // not text, or too long for the buffer
+    return TxTrim(v.v + u'\0');
+  }
+  return Tx();
+}
+
+// The key is created below the root with "\" + path, as the stored program asks;
+// the leading "\" is dropped, since a key name never starts with one.
+bool RegVarGra(int32_t raiz, const Tx& path, const Tx& nome, const Tx& tx) {
+  Tx k = ChvDe(raiz, u"\\" + path);
+  if (k.empty()) return false;
+  std::string f = gFic.empty() ? std::string(kGra) : FicNat(gFic);
+  Reg r;
+  Carrega(f, r);
+  Poe(r, k, Val{nome, true, tx});
+  return Grava(f, r);
+}
+
+}  // namespace zw

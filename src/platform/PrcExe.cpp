@@ -1,0 +1,162 @@
+// Programs: start with posix_spawn, wait with waitpid, collect the forgotten ones.
+#include "PrcExe.h"
+#include <spawn.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <cerrno>
+#include <chrono>
+#include <map>
+#include <string>
+#include <thread>
+#include "FicGlb.h"
+#include "TxtGlb.h"
+
+extern char** environ;
+
+namespace zw {
+
+namespace {
+std::map<int, int> gVivos;  // children started and not yet waited for: id -> -1
+std::map<int, int> gFins;   // children collected early: id -> exit code
+
+int Codigo(int st) { return WIFEXITED(st) ? WEXITSTATUS(st) : WIFSIGNALED(st) ? 128 + WTERMSIG(st) : 0; }
+
+// Collects the children that ended meanwhile, keeping their codes for a later wait.
+void Colhe() {
+  for (auto it = gVivos.begin(); it != gVivos.end();) {
+    int st = 0;
+    pid_t r = waitpid(it->first, &st, WNOHANG);
+    if (r == it->first) {
+      gFins[it->first] = Codigo(st);
+      it = gVivos.erase(it);
+    } else if (r < 0 && errno == ECHILD) {
+      it = gVivos.erase(it);
+    } else {
+      ++it;
+    }
+  }
+}
+
+bool Existe(const std::string& p) {
+  struct stat st;
+  return stat(p.c_str(), &st) == 0;
+}
+}  // namespace
+
+std::vector<Tx> PrcPal(const Tx& linha) {
+  std::vector<Tx> v;
+  Tx w;
+  bool em = false, tem = false;
+  for (char16_t c : linha) {
+    if (c == u'"') {
+      em = !em;
+      tem = true;
+    } else if (c == u' ' && !em) {
+      if (tem) v.push_back(w);
+      w.clear();
+      tem = false;
+    } else {
+      w += c;
+      tem = true;
+    }
+  }
+  if (tem) v.push_back(w);
+  return v;
+}
+
+int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid) {
+  pid = 0;
+  Colhe();
+  if (prog.empty()) return kErrFicNao;
+  bool caminho = prog.find_first_of(u"\\/") != Tx::npos || (prog.size() >= 2 && prog[1] == u':');
+  std::string p;
+  if (caminho) {
+    int e = 0;
+    p = FicNat(prog, &e);
+    if (e) return e;
+    if (!Existe(p) && p.size() > 4 && TxMai(TxDeUtf8(p.substr(p.size() - 4))) == u".EXE" &&
+        Existe(p.substr(0, p.size() - 4)))
+      p.resize(p.size() - 4);
+  } else {
+    p = TxUtf8(prog);
+  }
+  std::vector<std::string> a{p};
+  for (const Tx& x : args) a.push_back(TxUtf8(x));
+  std::vector<char*> argv;
+  for (auto& s : a) argv.push_back(s.data());
+  argv.push_back(nullptr);
+  pid_t id = 0;
+  int r = caminho ? posix_spawn(&id, p.c_str(), nullptr, nullptr, argv.data(), environ)
+                  : posix_spawnp(&id, p.c_str(), nullptr, nullptr, argv.data(), environ);
+  if (r != 0) {
+    if (r == ENOENT) return caminho ? FicErrNat(r, p) : kErrFicNao;
+    if (r == EACCES || r == EPERM || r == ENOEXEC) return kErrPerm;
+    return kErrAces;
+  }
+  pid = int(id);
+  gVivos[pid] = -1;
+  return 0;
+}
+
+int PrcLan(const Tx& linha, int& pid) {
+  std::vector<Tx> w = PrcPal(linha);
+  if (w.empty()) {
+    pid = 0;
+    return kErrFicNao;
+  }
+  Tx prog = w[0];
+  w.erase(w.begin());
+  return PrcLan(prog, w, pid);
+}
+
+Tx PrcEsp(int pid, int ms, int& cod) {
+  cod = 0;
+  if (auto f = gFins.find(pid); f != gFins.end()) {
+    cod = f->second;
+    gFins.erase(f);
+    return u"NOR";
+  }
+  if (!gVivos.count(pid)) return u"ERR";
+  auto fim = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms < 0 ? 0 : ms);
+  for (;;) {
+    int st = 0;
+    pid_t r = waitpid(pid_t(pid), &st, ms < 0 ? 0 : WNOHANG);
+    if (r == pid) {
+      gVivos.erase(pid);
+      cod = Codigo(st);
+      return u"NOR";
+    }
+    if (r < 0 && errno != EINTR) {
+      gVivos.erase(pid);
+      return u"ERR";
+    }
+    if (r == 0) {
+      if (std::chrono::steady_clock::now() >= fim) return u"TO";
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+  }
+}
+
+Tx PrcLanEsp(const Tx& linha, int ms, int& cod) {
+  int pid = 0;
+  int e = PrcLan(linha, pid);
+  if (e) {
+    cod = e;
+    return u"ERR";
+  }
+  return PrcEsp(pid, ms, cod);
+}
+
+// xdg-open runs through a shell that puts it in the background and ends at once:
+// the desktop program outlives this call and is no child of this process.
+int PrcAbr(const Tx& doc) {
+  std::string n = FicNat(doc);
+  if (n.empty() || !Existe(n)) return kErrFicNao;
+  int pid = 0, cod = 0;
+  if (PrcLan(u"/bin/sh", {u"-c", u"xdg-open \"$1\" >/dev/null 2>&1 &", u"sh", TxDeUtf8(n)}, pid)) return kErrAces;
+  PrcEsp(pid, -1, cod);
+  return 0;
+}
+
+}  // namespace zw

@@ -1,0 +1,139 @@
+// The registry stand-in over export files, and the folders and drives.
+#include <gtest/gtest.h>
+#include <unistd.h>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include "FicGlb.h"
+#include "GlbReg.h"
+
+using namespace zw;
+
+namespace {
+class Reg : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char t[] = "/tmp/zwregXXXXXX";
+    dir_ = mkdtemp(t);
+    fic_ = dir_ + "/r.reg";
+    RegFicDef(TxAsc(fic_));
+  }
+  void TearDown() override {
+    RegFicDef(u"");
+    (void)!std::system(("rm -rf '" + dir_ + "'").c_str());
+  }
+  void Escreve(const std::string& b) { std::ofstream(fic_, std::ios::binary) << b; }
+  // Text as a version 5 file: UTF-16LE with its mark.
+  void Escreve16(const std::u16string& t) {
+    std::string b = "\xFF\xFE";
+    for (char16_t c : t) b += char(c & 0xFF), b += char(c >> 8);
+    Escreve(b);
+  }
+  std::string dir_, fic_;
+};
+const Tx kNul(1, u'\0');
+}  // namespace
+
+TEST_F(Reg, Version4EightBitTextValues) {
+  Escreve(
+      "REGEDIT4\r\n\r\n"
+      "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Zun\\Wiz]\r\n"
+      "@=\"omissao\"\r\n"
+      "\"Dir\"=\"C:\\\\Programas\\\\Zun \\\"x\\\"\"\r\n"
+      "\"Num\"=dword:00000010\r\n"
+      "\"Bin\"=hex:01,02,\\\r\n  03,04\r\n"
+      "\"Pad\"=\"  lados  \"\r\n"
+      "\"Acento\"=\"Informa\xe7\xe3o\"\r\n"
+      "; comment\r\n"
+      "[HKEY_LOCAL_MACHINE]\r\n"
+      "\"Topo\"=\"raiz\"\r\n");
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Zun\\Wiz", u"Dir"), u"C:\\Programas\\Zun \"x\"" + kNul);
+  EXPECT_EQ(RegVarLer(kHklm, u"software\\zun\\wiz", u"dir"), u"C:\\Programas\\Zun \"x\"" + kNul);
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Zun\\Wiz", u""), u"omissao" + kNul);
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Zun\\Wiz", u"Num"), u"");  // not text
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Zun\\Wiz", u"Bin"), u"");
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Zun\\Wiz", u"Pad"), u"lados  " + kNul);  // the 0 keeps the right
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Zun\\Wiz", u"Acento"), u"Informa\u00e7\u00e3o" + kNul);
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Zun\\Wiz", u"Falta"), u"");
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Outra", u"Dir"), u"");
+  EXPECT_EQ(RegVarLer(kHkcu, u"SOFTWARE\\Zun\\Wiz", u"Dir"), u"");  // another root
+  EXPECT_EQ(RegVarLer(kHklm, u"", u"Topo"), u"raiz" + kNul);          // the root key itself
+  EXPECT_EQ(RegVarLer(12345, u"SOFTWARE\\Zun\\Wiz", u"Dir"), u"");
+}
+
+TEST_F(Reg, Version5Utf16AndDeletions) {
+  Escreve16(
+      u"Windows Registry Editor Version 5.00\r\n\r\n"
+      u"[HKEY_LOCAL_MACHINE\\SOFTWARE\\A]\r\n\"V\"=\"\u00e7\u20ac\"\r\n\"Gone\"=\"x\"\r\n\"Gone\"=-\r\n"
+      u"[HKEY_LOCAL_MACHINE\\SOFTWARE\\A\\B]\r\n\"W\"=\"w\"\r\n"
+      u"[-HKEY_LOCAL_MACHINE\\SOFTWARE\\A\\B]\r\n"
+      u"[HKLM\\SOFTWARE\\C]\r\n\"S\"=\"short root\"\r\n");
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\A", u"V"), u"\u00e7\u20ac" + kNul);
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\A", u"Gone"), u"");
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\A\\B", u"W"), u"");
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\C", u"S"), u"short root" + kNul);
+}
+
+TEST_F(Reg, LengthLimitAndHeaderlessFiles) {
+  std::string v255(255, 'x'), v256(256, 'x');
+  Escreve("REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"A\"=\"" + v255 + "\"\n\"B\"=\"" + v256 + "\"\n");
+  EXPECT_EQ(RegVarLer(kHklm, u"K", u"A").size(), 256u);
+  EXPECT_EQ(RegVarLer(kHklm, u"K", u"B"), u"");
+  Escreve("[HKEY_LOCAL_MACHINE\\K]\n\"A\"=\"x\"\n");  // no header line: no registry file
+  EXPECT_EQ(RegVarLer(kHklm, u"K", u"A"), u"");
+}
+
+TEST_F(Reg, WritesKeepOtherValuesAndReadBack) {
+  Escreve("REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Z]\r\n\"N\"=dword:00000001\r\n\"T\"=\"old\"\r\n");
+  EXPECT_TRUE(RegVarGra(kHklm, u"SOFTWARE\\Z", u"T", u"new \"q\" \\ end"));
+  EXPECT_TRUE(RegVarGra(kHklm, u"SOFTWARE\\New\\Key", u"", u"def"));
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\Z", u"T"), u"new \"q\" \\ end" + kNul);
+  EXPECT_EQ(RegVarLer(kHklm, u"SOFTWARE\\New\\Key", u""), u"def" + kNul);
+  std::ifstream in(fic_, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  std::string b = s.str();
+  ASSERT_GE(b.size(), 2u);
+  EXPECT_EQ(b.substr(0, 2), "\xFF\xFE");  // written as the registry editor writes
+  std::string ascii;
+  for (size_t i = 2; i < b.size(); i += 2) ascii += b[i];
+  EXPECT_NE(ascii.find("\"N\"=dword:00000001"), std::string::npos);
+  EXPECT_EQ(ascii.find("old"), std::string::npos);
+  EXPECT_FALSE(RegVarGra(777, u"X", u"Y", u"Z"));
+  RegFicDef(u"/proc/zw-no-such/r.reg");
+  EXPECT_FALSE(RegVarGra(kHklm, u"X", u"Y", u"Z"));
+}
+
+TEST(Sis, FoldersAndDrives) {
+  Tx w, s;
+  SysWinDirCon(w, s);
+  EXPECT_EQ(w, WinDirCon());
+  EXPECT_EQ(s, SysDirCon());
+  setenv("TMPDIR", "/var/tmp/", 1);
+  EXPECT_EQ(TmpDirCon(), u"/var/tmp");
+  unsetenv("TMPDIR");
+  EXPECT_EQ(TmpDirCon(), u"/tmp");
+
+  Tx l, n;
+  DrvTipCon(4, l, n);
+  EXPECT_EQ(l, u"CD");
+  EXPECT_EQ(n, u"CD-Rom");
+  DrvTipCon(9, l, n);
+  EXPECT_EQ(l, u"?");
+  EXPECT_EQ(n, u"Desconhecido");
+  FicDrvMap(u'E', u"/media/pen");
+  FicDrvMap(u'N', u"/net/srv/sh");
+  Tx lis;
+  DrvLis(lis, u"");
+  EXPECT_EQ(lis, u"C,E,N");
+  DrvLis(lis, u"HD");
+  EXPECT_EQ(lis, u"C,N");
+  DrvLis(lis, u"A");
+  EXPECT_EQ(lis, u"E");
+  DrvLis(lis, u"CD");
+  EXPECT_EQ(lis, u"");
+  EXPECT_EQ(DrvTipCod(u'c'), 2);
+  EXPECT_EQ(DrvTipCod(u'Z'), 0);
+  FicDrvMap(u'E', u"");
+  FicDrvMap(u'N', u"");
+}
