@@ -37,6 +37,10 @@ void LibReg();
 // ScriptEngineMinorVersion, ScriptEngineBuildVersion. MsgBox and InputBox use
 // zw::MsgDlgAct() (src/foundation/MsgDlg.h), which the host sets.
 
+// v(a...): an element of an array, or the default member of an object (k says
+// whether it is read or called); v itself when there are no arguments.
+void Index(Value& v, Args a, Inv k, Value& r);
+
 // A procedure reference (what GetRef gives) or any object with a default
 // method: calls it with the arguments.
 void CallObj(Obj* o, Args a, Value& r);

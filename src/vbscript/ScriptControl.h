@@ -75,6 +75,7 @@ class ScriptControl {
 
  private:
   std::unique_ptr<Engine> e_;
+  mutable std::vector<ProcInfo> procs_;
   ScriptError err_;
   long hwnd_ = 0;
 };

@@ -33,6 +33,8 @@ struct Fault {
   int32_t num;
   Tx desc;
   Tx src;
+  int32_t line = 0;  // where the script was when it was raised (0 until the engine knows)
+  int32_t col = 0;
 };
 [[noreturn]] void Raise(int32_t num);                       // with the engine's own description
 [[noreturn]] void Raise(int32_t num, Tx desc, Tx src = {});  // with a description of the caller's

@@ -1,0 +1,127 @@
+// Engine: the state of one script engine and the machine that runs its code.
+#pragma once
+#include <chrono>
+#include <deque>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+#include "Code.h"
+
+namespace vbs {
+
+class Engine;
+
+// A cell of the global table.
+struct Cell {
+  enum Kind : uint8_t { Undecl, Var, Const, Proc, Object };
+  Value v;
+  Tx name;
+  Kind kind = Undecl;
+  vbs::Proc* proc = nullptr;
+};
+
+// An instance of a script class.
+class Inst : public Obj {
+ public:
+  Inst(Engine* e, Class* c);
+  Engine* eng;
+  Class* cls;
+  std::vector<Value> f;  // fields
+  bool terminated = false;
+  Tx TypeName() override { return cls->name; }
+  int Id(TxV name) override;
+  void Invoke(int id, Inv k, Args a, Value& r) override;
+  void Last() override;
+  // Runs member m as a read, a call or an assignment (value last in a).
+  void Member(int m, Inv k, Args a, Value& r);
+};
+
+// What a compiled text refers to outside itself, and the scope it compiles in.
+struct Scope {
+  const Proc* up = nullptr;  // Execute or Eval inside a procedure: its frame's names
+  Class* cls = nullptr;      // ... and the class that procedure belongs to
+};
+
+// The last error, as the Err object shows it.
+struct ErrState {
+  int32_t num = 0;
+  Tx desc, src;
+  int32_t line = 0, col = 0;
+};
+
+class Engine {
+ public:
+  Engine();
+  ~Engine();
+
+  // ---- global table
+  std::deque<Cell> cells;
+  std::unordered_map<Tx, int> byName;  // upper-cased name to cell
+  int CellOf(TxV name);                // finds or makes a cell
+  int FindCell(TxV name) const;        // -1 when none
+  std::unordered_map<Tx, Class*> classes;
+  std::vector<std::unique_ptr<Unit>> units;
+  std::vector<Proc*> procOrder;        // global procedures, declaration order
+  bool explicit_ = false;              // Option Explicit seen
+  std::vector<std::pair<Tx, bool>> objNames;  // objects added with their addMembers flag
+
+  // ---- compiling (Compile.cpp)
+  // Compiles a text as statements, or as one expression when expr is true.
+  std::unique_ptr<Unit> Compile(TxV text, bool expr, const Scope& sc);
+  // Makes a compiled text's declarations live (procedures, classes, constants, variables).
+  void Install(Unit& u);
+
+  // ---- running (Vm.cpp)
+  std::unique_ptr<Value[]> stk;
+  Value* sp = nullptr;
+  Value* stkEnd = nullptr;
+  int depth = 0;
+  ErrState err;
+  Ref<Obj> errObj;
+  long timeoutMs = -1;
+  std::chrono::steady_clock::time_point deadline;
+  bool timed = false;
+  int tick = 0;
+
+  void RunMain(Proc& p, Value* up = nullptr, Inst* me = nullptr, Value* result = nullptr);
+  // Calls a procedure with the arguments as given (by reference where they are refs).
+  void CallProc(const Proc& p, Inst* me, Args a, Value& r);
+  // Calls the procedure whose arguments lie on the stack (argc of them); leaves its result there.
+  void CallStk(const Proc& p, Inst* me, int argc);
+  void Exec(const Proc& p, Value* bp, Inst* me, Value* up);
+  Value NewInst(TxV cls);
+  void Terminate(Inst* o);
+  void Tick();
+  void Reset();
+  void StartClock();
+  // Execute, ExecuteGlobal and Eval from running code: kind 0, 1, 2.
+  void ExecText(const Value& text, int kind, const Proc& p, Value* bp, Inst* me, Value& r);
+};
+
+// The engine whose code runs on this thread (for built-ins such as Eval and GetRef).
+Engine* CurEngine();
+// Makes an engine the current one for a scope.
+struct UseEngine {
+  Engine* saved;
+  explicit UseEngine(Engine* e);
+  ~UseEngine();
+};
+// A timeout: stops the script whatever handlers it has.
+struct Abort {};
+
+// Assigns by Let: objects give their default value, arrays are copied.
+void LetTo(Value& dst, Value&& src);
+void SetTo(Value& dst, Value&& src);
+
+// Operators (Ops.cpp).
+Value Arith(int op, const Value& x, const Value& y);
+Value Neg(const Value& x);
+Value NotOp(const Value& x);
+Value Logic(int op, const Value& x, const Value& y);
+Value Concat(const Value& x, const Value& y);
+// <0, 0, >0, or 2 when either side is Null.
+int Cmp(const Value& x, const Value& y);
+bool IsSame(const Value& x, const Value& y);
+Arr* CloneArr(const Arr* a);
+
+}  // namespace vbs

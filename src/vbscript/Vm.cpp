@@ -1,0 +1,1032 @@
+// Vm: the machine that runs compiled code.
+// One value stack per engine; a procedure's frame is a slice of it (arguments,
+// result, locals, hidden loop slots) with its expression stack above. Calls
+// between script procedures recurse in C++, so an error unwinds as a C++
+// exception to the nearest frame that runs under On Error Resume Next, which
+// abandons the failing statement and goes on with the next one.
+#include <algorithm>
+#include <cmath>
+#include "Builtins.h"
+#include "Engine.h"
+#include "Locale.h"
+
+namespace vbs {
+
+namespace {
+constexpr size_t kStack = 1 << 18;
+constexpr int kMaxDepth = 2000;
+thread_local Engine* tlEngine = nullptr;
+
+
+// The Err object of an engine.
+class ErrObj : public Obj {
+ public:
+  explicit ErrObj(Engine* e) : e_(e) {}
+  Tx TypeName() override { return u"ErrObject"; }
+  int Id(TxV n) override {
+    return NameIx(n, {"Number", "Description", "Source", "HelpFile", "HelpContext", "Raise", "Clear"});
+  }
+  void Invoke(int id, Inv k, Args a, Value& r) override {
+    ErrState& s = e_->err;
+    if (id == 0) id = 1;
+    bool put = k == Inv::Let;
+    switch (id) {
+      case 1:
+        if (put) s.num = ToLng(a[a.n - 1]); else r = Value(s.num);
+        return;
+      case 2:
+        if (put) s.desc = ToTx(a[a.n - 1]); else r = Value(s.desc);
+        return;
+      case 3:
+        if (put) s.src = ToTx(a[a.n - 1]); else r = Value(s.src);
+        return;
+      case 4: if (!put) r = Value(Tx()); return;
+      case 5: if (!put) r = Value(int32_t(0)); return;
+      case 6: {
+        if (a.n < 1 || a.n > 5) Raise(450);
+        int32_t num = ToLng(a[0]);
+        Tx src = a.Has(1) ? ToTx(a[1]) : Tx(u"Microsoft VBScript runtime error");
+        Tx desc;
+        if (a.Has(2)) desc = ToTx(a[2]);
+        else {
+          desc = ErrDesc(num);
+          if (desc.empty()) desc = u"Unknown runtime error";
+        }
+        throw Fault{num, desc, src};
+      }
+      case 7: s = ErrState(); return;
+    }
+    Raise(438);
+  }
+
+ private:
+  Engine* e_;
+};
+
+// What GetRef gives: a procedure called through the object's default member.
+class ProcRef : public Obj {
+ public:
+  ProcRef(Engine* e, const Proc* p) : e_(e), p_(p) {}
+  Tx TypeName() override { return u"Object"; }
+  void Invoke(int id, Inv k, Args a, Value& r) override {
+    if (id != 0 || k == Inv::Let || k == Inv::Set) Raise(438);
+    e_->CallProc(*p_, nullptr, a, r);
+  }
+
+ private:
+  Engine* e_;
+  const Proc* p_;
+};
+
+inline void PushV(Engine& E, Value&& v) { *E.sp++ = std::move(v); }
+
+}  // namespace
+
+Engine* CurEngine() { return tlEngine; }
+
+UseEngine::UseEngine(Engine* e) : saved(tlEngine) { tlEngine = e; }
+UseEngine::~UseEngine() { tlEngine = saved; }
+
+void RegEngineFns();
+
+// The built-in tables are filled once, before the first engine compiles anything.
+static void RegAll() {
+  static bool done = [] {
+#ifdef VBS_LIB
+    LibReg();
+#endif
+    RegEngineFns();
+    return true;
+  }();
+  (void)done;
+}
+
+// ---------------------------------------------------------------- engine state
+Engine::Engine() {
+  RegAll();
+  stk = std::make_unique<Value[]>(kStack);
+  sp = stk.get();
+  stkEnd = sp + kStack;
+  Reset();
+}
+
+Engine::~Engine() {
+  Engine* saved = tlEngine;
+  tlEngine = this;
+  for (auto& c : cells) c.v = Value();
+  for (Value* v = stk.get(); v < sp; ++v) *v = Value();
+  cells.clear();
+  tlEngine = saved;
+}
+
+void Engine::Reset() {
+  Engine* saved = tlEngine;
+  tlEngine = this;
+  // values first, while the code their Class_Terminate runs still exists
+  for (auto& c : cells) c.v = Value();
+  cells.clear();
+  byName.clear();
+  classes.clear();
+  procOrder.clear();
+  units.clear();
+  objNames.clear();
+  explicit_ = false;
+  err = ErrState();
+  errObj = Ref<Obj>(new ErrObj(this));
+  int c = CellOf(u"Err");
+  cells[c].kind = Cell::Object;
+  cells[c].v = Value(errObj);
+  tlEngine = saved;
+}
+
+int Engine::FindCell(TxV name) const {
+  auto it = byName.find(TxMai(name));
+  return it == byName.end() ? -1 : it->second;
+}
+
+int Engine::CellOf(TxV name) {
+  Tx up = TxMai(name);
+  auto it = byName.find(up);
+  if (it != byName.end()) return it->second;
+  cells.emplace_back();
+  cells.back().name = Tx(name);
+  int i = int(cells.size() - 1);
+  byName.emplace(std::move(up), i);
+  return i;
+}
+
+void Engine::Install(Unit& u) {
+  if (u.explicit_) explicit_ = true;
+  for (const Tx& d : u.decls) {
+    Cell& c = cells[CellOf(d)];
+    if (c.kind == Cell::Undecl) c.kind = Cell::Var;
+  }
+  for (auto& [name, v] : u.consts) {
+    Cell& c = cells[CellOf(name)];
+    c.kind = Cell::Const;
+    c.v = v;
+  }
+  for (auto& pr : u.procs) {
+    if (pr->cls) continue;
+    Cell& c = cells[CellOf(pr->name)];
+    c.kind = Cell::Proc;
+    c.proc = pr.get();
+    c.v = Value();
+    bool found = false;
+    for (auto& q : procOrder)
+      if (EqNoCase(q->name, pr->name)) { q = pr.get(); found = true; }
+    if (!found) procOrder.push_back(pr.get());
+  }
+  for (auto& cl : u.classes) classes[TxMai(cl->name)] = cl.get();
+}
+
+void Engine::StartClock() {
+  timed = timeoutMs >= 0;
+  if (timed) deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
+  tick = 4096;
+}
+
+void Engine::Tick() {
+  if (!timed || --tick > 0) return;
+  tick = 4096;
+  if (std::chrono::steady_clock::now() > deadline) throw Abort{};
+}
+
+// ---------------------------------------------------------------- values
+void LetTo(Value& dst, Value&& src) {
+  if (src.t == vtRef) {
+    Value k = *src.r;
+    src = std::move(k);
+  }
+  if (src.t == vtObject) src = Prim(src);
+  if ((src.t & vtArray) && src.a->rc > 1) src = Value(CloneArr(src.a));
+  dst = std::move(src);
+}
+
+void SetTo(Value& dst, Value&& src) {
+  if (src.t == vtRef) {
+    Value k = *src.r;
+    src = std::move(k);
+  }
+  if (src.t != vtObject) Raise(424);
+  dst = std::move(src);
+}
+
+void Index(Value& v0, Args a, Inv k, Value& r) {
+  Value& v = v0.Deref();
+  if (v.t & vtArray) {
+    r = v.a->At(a.v, a.n);
+    return;
+  }
+  if (v.t == vtObject) {
+    if (!v.o) Raise(91);
+    Ref<Obj> hold(v.o);
+    hold->Invoke(0, k, a, r);
+    return;
+  }
+  if (a.n == 0) {
+    r = v;
+    return;
+  }
+  Raise(13);
+}
+
+// Stores into an element of an array, or through an object's default member.
+// a holds the indexes and, last, the value.
+static void StoreIx(Value& t0, Args a, bool set) {
+  Value& t = t0.Deref();
+  Value val = a[a.n - 1];
+  if (t.t & vtArray) {
+    Value& e = t.a->At(a.v, a.n - 1);
+    if (set) SetTo(e, std::move(val));
+    else LetTo(e, std::move(val));
+    return;
+  }
+  if (t.t == vtObject) {
+    if (!t.o) Raise(91);
+    Ref<Obj> hold(t.o);
+    Value r;
+    hold->Invoke(0, set ? Inv::Set : Inv::Let, a, r);
+    return;
+  }
+  Raise(13);
+}
+
+// ---------------------------------------------------------------- script classes
+Inst::Inst(Engine* e, Class* c) : eng(e), cls(c) {
+  f.resize(size_t(c->nfields));
+  for (const vbs::Member& m : c->mems) {
+    if (m.field < 0 || !m.isArr) continue;
+    Arr* a = new Arr;
+    for (int32_t u : m.ub) a->dims.push_back({0, u + 1});
+    size_t n = 1;
+    for (auto& d : a->dims) n *= size_t(d.n);
+    if (a->dims.empty()) n = 0;
+    a->v.resize(n);
+    if (!m.ub.empty()) a->fixed = true;
+    f[size_t(m.field)] = Value(a);
+  }
+}
+
+int Inst::Id(TxV name) {
+  int m = cls->Find(name);
+  return m < 0 ? -1 : m + 1;
+}
+
+void Inst::Invoke(int id, Inv k, Args a, Value& r) {
+  int m = id - 1;
+  if (id == 0) {
+    if (cls->dflt < 0) Raise(438);
+    m = cls->dflt;
+  }
+  if (m < 0 || m >= int(cls->mems.size())) Raise(438);
+  Member(m, k, a, r);
+}
+
+void Inst::Member(int m, Inv k, Args a, Value& r) {
+  vbs::Member& mb = cls->mems[size_t(m)];
+  Ref<Obj> hold(this);
+  if (mb.field >= 0) {
+    Value& fv = f[size_t(mb.field)];
+    switch (k) {
+      case Inv::Get: case Inv::Call:
+        if (a.n == 0) r = fv;
+        else Index(fv, a, Inv::Get, r);
+        return;
+      case Inv::Let: case Inv::Set:
+        if (a.n == 1) {
+          Value v = a[0];
+          if (k == Inv::Set) SetTo(fv, std::move(v));
+          else LetTo(fv, std::move(v));
+        } else {
+          StoreIx(fv, a, k == Inv::Set);
+        }
+        return;
+    }
+  }
+  const Proc* p = nullptr;
+  switch (k) {
+    case Inv::Get: case Inv::Call: p = mb.call ? mb.call : mb.get; break;
+    case Inv::Let: p = mb.let; break;
+    case Inv::Set: p = mb.set; break;
+  }
+  if (!p) Raise(k == Inv::Let || k == Inv::Set ? 450 : 438);
+  eng->CallProc(*p, this, a, r);
+}
+
+void Inst::Last() {
+  if (!terminated && cls->term) {
+    terminated = true;
+    rc_ = 1;
+    Engine* saved = tlEngine;
+    tlEngine = eng;
+    try {
+      Value r;
+      eng->CallProc(*cls->term, this, Args{}, r);
+    } catch (...) {
+      // an error in Class_Terminate goes nowhere
+    }
+    tlEngine = saved;
+    if (--rc_ > 0) return;
+  }
+  delete this;
+}
+
+Value Engine::NewInst(TxV name) {
+  auto it = classes.find(TxMai(name));
+  if (it == classes.end()) Raise(506);
+  Ref<Inst> o(new Inst(this, it->second));
+  if (it->second->init) {
+    Value r;
+    CallProc(*it->second->init, o.get(), Args{}, r);
+  }
+  return Value(o);
+}
+
+// ---------------------------------------------------------------- calls
+static void MakeArrays(Engine& E, const Proc& p, Value* bp) {
+  for (const auto& ai : p.arrays) {
+    Arr* a = new Arr;
+    size_t n = ai.ub.empty() ? 0 : 1;
+    for (int32_t u : ai.ub) {
+      if (u < -1) { delete a; Raise(9); }
+      a->dims.push_back({0, u + 1});
+      n *= size_t(u + 1);
+    }
+    a->v.resize(n);
+    a->fixed = !ai.ub.empty();
+    Value& dst = ai.mode == mLocal ? bp[ai.idx] : E.cells[size_t(ai.idx)].v;
+    dst = Value(a);
+  }
+}
+
+static void PopTo(Engine& E, Value* base) {
+  while (E.sp > base) {
+    E.sp[-1] = Value();
+    --E.sp;
+  }
+}
+
+void Engine::CallStk(const Proc& p, Inst* me, int argc) {
+  if (argc != p.nargs) Raise(450);
+  Value* bp = sp - argc;
+  if (depth >= kMaxDepth || bp + p.nslots + 1024 > stkEnd) Raise(28);
+  for (int k = 0; k < argc; ++k) {
+    if (!p.byval[size_t(k)]) continue;
+    Value& a = bp[k];
+    if (a.t == vtRef) {
+      Value c = *a.r;
+      a = std::move(c);
+    }
+    if ((a.t & vtArray) && a.a->rc > 1) a = Value(CloneArr(a.a));
+  }
+  sp = bp + p.nslots;
+  ++depth;
+  try {
+    if (!p.arrays.empty()) MakeArrays(*this, p, bp);
+    Exec(p, bp, me, nullptr);
+  } catch (...) {
+    --depth;
+    PopTo(*this, bp);
+    throw;
+  }
+  --depth;
+  Value r;
+  if (p.result >= 0) r = std::move(bp[p.result]);
+  PopTo(*this, bp);
+  PushV(*this, std::move(r));
+}
+
+void Engine::CallProc(const Proc& p, Inst* me, Args a, Value& r) {
+  Value* base = sp;
+  if (sp + a.n + 1024 > stkEnd) Raise(28);
+  for (int k = 0; k < a.n; ++k) *sp++ = a.v[k];
+  try {
+    CallStk(p, me, a.n);
+  } catch (...) {
+    PopTo(*this, base);
+    throw;
+  }
+  r = std::move(sp[-1]);
+  PopTo(*this, base);
+}
+
+void CallObj(Obj* o, Args a, Value& r) {
+  if (!o) Raise(91);
+  Ref<Obj> hold(o);
+  o->Invoke(0, Inv::Call, a, r);
+}
+
+void Engine::RunMain(Proc& p, Value* up, Inst* me, Value* result) {
+  Engine* saved = tlEngine;
+  tlEngine = this;
+  Value* bp = sp;
+  if (bp + p.nslots + 1024 > stkEnd) Raise(28);
+  sp = bp + p.nslots;
+  try {
+    if (!p.arrays.empty()) MakeArrays(*this, p, bp);
+    Exec(p, bp, me, up);
+  } catch (...) {
+    PopTo(*this, bp);
+    tlEngine = saved;
+    throw;
+  }
+  if (result && p.result >= 0) *result = std::move(bp[p.result]);
+  PopTo(*this, bp);
+  tlEngine = saved;
+}
+
+void Engine::ExecText(const Value& text, int kind, const Proc& p, Value* bp, Inst* me, Value& r) {
+  Tx src = ToTx(text);
+  Scope sc;
+  bool local = kind != 1 && (p.kind != Proc::Global || p.cls);
+  if (local) {
+    sc.up = &p;
+    sc.cls = p.cls;
+  }
+  try {
+    auto u = Compile(src, kind == 2, sc);
+    Unit* raw = u.get();
+    Install(*raw);
+    units.push_back(std::move(u));
+    Value res;
+    RunMain(*raw->main, local ? bp : nullptr, me, kind == 2 ? &res : nullptr);
+    r = std::move(res);
+    if (kind == 2 && raw->procs.empty() && raw->classes.empty() && units.back().get() == raw)
+      units.pop_back();  // an expression leaves nothing behind
+  } catch (Fault& f) {
+    f.line = 0;
+    f.col = 0;
+    throw;
+  }
+}
+
+// ---------------------------------------------------------------- the loop
+static const StmtPos* FindStmt(const Proc& p, int pc) {
+  const StmtPos* best = nullptr;
+  size_t lo = 0, hi = p.stmts.size();
+  while (lo < hi) {
+    size_t mid = (lo + hi) / 2;
+    if (p.stmts[mid].from <= pc) { best = &p.stmts[mid]; lo = mid + 1; }
+    else hi = mid;
+  }
+  return best;
+}
+
+static inline bool Truth(const Value& v0) {
+  const Value& v = v0.Deref();
+  if (v.t == vtBoolean) return v.i != 0;
+  if (v.t == vtNull) return false;
+  return ToBool(v);
+}
+
+static inline int64_t IntOf(const Value& v) { return v.t == vtLong ? v.l : v.i; }
+static inline bool IsIntK(const Value& v) { return v.t == vtInteger || v.t == vtLong; }
+
+static Value FitI(int64_t r) {
+  if (r >= -32768 && r <= 32767) return Value(int16_t(r));
+  if (r >= INT32_MIN && r <= INT32_MAX) return Value(int32_t(r));
+  return Value(double(r));
+}
+
+void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
+  const Ins* const code = p.code.data();
+  const Ins* ip = code;
+  const Value* const K = p.k.data();
+  bool onErr = false;
+  Value* const base = bp + p.nslots;
+  Engine& E = *this;
+
+  // the variable an instruction names
+  auto var = [&](const Ins& I, bool store) -> Value& {
+    switch (I.b) {
+      case mLocal: return bp[I.a].Deref();
+      case mUp: return up[I.a].Deref();
+      case mMember: {
+        const vbs::Member& m = me->cls->mems[size_t(I.a)];
+        if (m.field < 0) Raise(store ? 501 : 13);
+        return me->f[size_t(m.field)];
+      }
+      default: {
+        Cell& c = cells[size_t(I.a)];
+        if (c.kind != Cell::Var) {
+          if (c.kind == Cell::Undecl) {
+            if (explicit_) Raise(500, ErrDesc(500) + u": '" + c.name + u"'");
+            c.kind = Cell::Var;
+          } else if (store && c.kind != Cell::Object) {
+            Raise(501);
+          }
+        }
+        return c.v;
+      }
+    }
+  };
+  auto isProp = [&](const Ins& I) { return I.b == mMember && me->cls->mems[size_t(I.a)].field < 0; };
+  auto isProcCell = [&](const Ins& I) {
+    return I.b == mGlobal && cells[size_t(I.a)].kind == Cell::Proc;
+  };
+
+  for (;;) {
+    try {
+      for (;;) {
+        const Ins& I = *ip++;
+        switch (I.op) {
+          case oPushK: *sp++ = K[I.a]; break;
+          case oPushI: sp->t = vtInteger; sp->i = int16_t(I.a); ++sp; break;
+          case oPushE: ++sp; break;
+          case oPop: sp[-1] = Value(); --sp; break;
+          case oMe: *sp++ = Value(static_cast<Obj*>(me)); break;
+          case oLdL: {
+            const Value& v = bp[I.a].Deref();
+            if (v.t < vtString) { sp->t = v.t; sp->c = v.c; ++sp; }
+            else *sp++ = v;
+            break;
+          }
+          case oStL: {
+            Value& d = bp[I.a].Deref();
+            Value& s = sp[-1];
+            if (s.t < vtString && d.t < vtString) { d.t = s.t; d.c = s.c; s.t = vtEmpty; --sp; break; }
+            Value v = std::move(s);
+            --sp;
+            LetTo(d, std::move(v));
+            break;
+          }
+          case oLd:
+            if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, 0); break; }
+            if (isProp(I)) {
+              Value r;
+              me->Member(I.a, Inv::Get, Args{}, r);
+              PushV(E, std::move(r));
+              break;
+            }
+            *sp++ = var(I, false);
+            break;
+          case oSt: case oSet: {
+            if (isProp(I)) {
+              Value r;
+              me->Member(I.a, I.op == oSet ? Inv::Set : Inv::Let, Args{sp - 1, 1}, r);
+              PopTo(E, sp - 1);
+              break;
+            }
+            Value v = std::move(sp[-1]);
+            --sp;
+            Value& d = var(I, true);
+            if (I.op == oSet) SetTo(d, std::move(v));
+            else LetTo(d, std::move(v));
+            break;
+          }
+          case oRef:
+            if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, 0); break; }
+            if (isProp(I)) {
+              Value r;
+              me->Member(I.a, Inv::Get, Args{}, r);
+              PushV(E, std::move(r));
+              break;
+            }
+            *sp++ = Value::RefTo(&var(I, false));
+            break;
+          case oCall: {
+            int n = I.c;
+            if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, n); break; }
+            Value r;
+            if (isProp(I)) {
+              me->Member(I.a, Inv::Call, Args{sp - n, n}, r);
+            } else {
+              Value& v = var(I, false);
+              if (n == 0 && v.t != vtObject) r = v;
+              else Index(v, Args{sp - n, n}, Inv::Get, r);
+            }
+            PopTo(E, sp - n);
+            PushV(E, std::move(r));
+            break;
+          }
+          case oCallB: {
+            const FnDef* f = p.fns[size_t(I.a)];
+            int n = I.c;
+            if (n < f->min || (f->max >= 0 && n > f->max)) Raise(450);
+            Value r;
+            f->fn(Args{sp - n, n}, r);
+            PopTo(E, sp - n);
+            PushV(E, std::move(r));
+            break;
+          }
+          case oCallV: {
+            int n = I.c;
+            Value r;
+            Index(sp[-n - 1], Args{sp - n, n}, I.a ? Inv::Call : Inv::Get, r);
+            PopTo(E, sp - n - 1);
+            PushV(E, std::move(r));
+            break;
+          }
+          case oStIx: case oSetIx: {
+            int n = I.c + 1;
+            bool set = I.op == oSetIx;
+            if (isProp(I)) {
+              Value r;
+              me->Member(I.a, set ? Inv::Set : Inv::Let, Args{sp - n, n}, r);
+            } else {
+              StoreIx(var(I, false), Args{sp - n, n}, set);
+            }
+            PopTo(E, sp - n);
+            break;
+          }
+          case oMGet: case oMCall: case oMLet: case oMSet: {
+            int n = I.c + ((I.op == oMLet || I.op == oMSet) ? 1 : 0);
+            Value& ov = sp[-n - 1].Deref();
+            if (ov.t != vtObject) Raise(424);
+            if (!ov.o) Raise(91);
+            Ref<Obj> o(ov.o);
+            const Value& nm = K[I.a];
+            int id = nm.s->len == 0 ? 0 : o->Id(nm.Sv());
+            if (id < 0) Raise(438, ErrDesc(438) + u": '" + nm.Text() + u"'");
+            Inv k = I.op == oMGet ? Inv::Get : I.op == oMCall ? Inv::Call : I.op == oMLet ? Inv::Let : Inv::Set;
+            if (k == Inv::Set) {
+              Value& v = sp[-1];
+              if (v.Deref().t != vtObject) Raise(424);
+            }
+            Value r;
+            o->Invoke(id, k, Args{sp - n, n}, r);
+            PopTo(E, sp - n - 1);
+            if (k == Inv::Get || k == Inv::Call) PushV(E, std::move(r));
+            break;
+          }
+          case oNew: PushV(E, NewInst(K[I.a].Sv())); break;
+
+          case oAdd: case oSub: case oMul: {
+            Value& x = sp[-2];
+            Value& y = sp[-1];
+            if (IsIntK(x) && IsIntK(y)) {
+              int64_t a = IntOf(x), b = IntOf(y), v;
+              v = I.op == oAdd ? a + b : I.op == oSub ? a - b : a * b;
+              bool wide = x.t == vtLong || y.t == vtLong;
+              if (!wide && v >= -32768 && v <= 32767) { x.t = vtInteger; x.i = int16_t(v); }
+              else if (v >= INT32_MIN && v <= INT32_MAX) { x.t = vtLong; x.l = int32_t(v); }
+              else { x.t = vtDouble; x.d = double(v); }
+              y.t = vtEmpty;
+              --sp;
+              break;
+            }
+            if (x.t == vtDouble && y.t == vtDouble) {
+              double v = I.op == oAdd ? x.d + y.d : I.op == oSub ? x.d - y.d : x.d * y.d;
+              if (!std::isfinite(v)) Raise(6);
+              x.d = v;
+              y.t = vtEmpty;
+              --sp;
+              break;
+            }
+            Value r = Arith(I.op, x, y);
+            x = std::move(r);
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+          case oMod: {
+            Value& x = sp[-2];
+            Value& y = sp[-1];
+            if (IsIntK(x) && IsIntK(y)) {
+              int64_t b = IntOf(y);
+              if (b == 0) Raise(11);
+              int64_t v = IntOf(x) % b;
+              bool wide = x.t == vtLong || y.t == vtLong;
+              if (wide) { x.t = vtLong; x.l = int32_t(v); } else { x.i = int16_t(v); }
+              y.t = vtEmpty;
+              --sp;
+              break;
+            }
+            Value r = Arith(I.op, x, y);
+            x = std::move(r);
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+          case oDiv: case oIDiv: case oPow: {
+            Value r = Arith(I.op, sp[-2], sp[-1]);
+            sp[-2] = std::move(r);
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+          case oNeg: { Value r = Neg(sp[-1]); sp[-1] = std::move(r); break; }
+          case oNot: { Value r = NotOp(sp[-1]); sp[-1] = std::move(r); break; }
+          case oAnd: case oOr: case oXor: case oEqv: case oImp: {
+            Value r = Logic(I.op, sp[-2], sp[-1]);
+            sp[-2] = std::move(r);
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+          case oCat: {
+            Value& x = sp[-2];
+            Value& y = sp[-1];
+            if (x.t == vtString && x.s->rc == 1 && y.t == vtString) {
+              // a temporary on the left grows in place
+              uint32_t need = x.s->len + y.s->len;
+              if (need > x.s->cap) {
+                Str* n = Str::New(x.Sv(), std::max<uint32_t>(need, x.s->cap * 2));
+                x.s->Release();
+                x.s = n;
+              }
+              std::memcpy(x.s->p() + x.s->len, y.s->p(), y.s->len * sizeof(char16_t));
+              x.s->len = need;
+              x.s->p()[need] = 0;
+            } else {
+              Value r = Concat(x, y);
+              x = std::move(r);
+            }
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+          case oEq: case oNe: case oLt: case oGt: case oLe: case oGe: {
+            Value& x = sp[-2];
+            Value& y = sp[-1];
+            int c;
+            if (IsIntK(x) && IsIntK(y)) {
+              int64_t a = IntOf(x), b = IntOf(y);
+              c = a < b ? -1 : a > b ? 1 : 0;
+            } else {
+              c = Cmp(x, y);
+            }
+            Value r;
+            if (c == 2) {
+              r = Value::Null();
+            } else {
+              bool v = false;
+              switch (I.op) {
+                case oEq: v = c == 0; break;
+                case oNe: v = c != 0; break;
+                case oLt: v = c < 0; break;
+                case oGt: v = c > 0; break;
+                case oLe: v = c <= 0; break;
+                default: v = c >= 0; break;
+              }
+              r = Value(v);
+            }
+            x = std::move(r);
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+          case oIs: {
+            bool v = IsSame(sp[-2], sp[-1]);
+            sp[-2] = Value(v);
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+          case oAppend: {
+            if (isProp(I)) {
+              Value cur;
+              me->Member(I.a, Inv::Get, Args{}, cur);
+              Value r = Concat(cur, sp[-1]);
+              sp[-1] = std::move(r);
+              me->Member(I.a, Inv::Let, Args{sp - 1, 1}, cur);
+              PopTo(E, sp - 1);
+              break;
+            }
+            Value& d = var(I, true);
+            Value& y = sp[-1];
+            if (d.t == vtString && d.s->rc == 1 && (y.t == vtString || (y.t != vtNull && y.t != vtObject))) {
+              Tx tmp;
+              TxV add;
+              if (y.t == vtString) add = y.Sv();
+              else { tmp = ToTx(y); add = tmp; }
+              uint32_t need = d.s->len + uint32_t(add.size());
+              if (need > d.s->cap) {
+                Str* n = Str::New(d.Sv(), std::max<uint32_t>({need, d.s->cap * 2, 16u}));
+                d.s->Release();
+                d.s = n;
+              }
+              std::memcpy(d.s->p() + d.s->len, add.data(), add.size() * sizeof(char16_t));
+              d.s->len = need;
+              d.s->p()[need] = 0;
+            } else {
+              Value r = Concat(d, y);
+              if (r.t == vtString && r.s->cap < r.s->len + 16) {
+                Str* n = Str::New(r.Sv(), r.s->len * 2 + 16);
+                r = Value::Take(n);
+              }
+              Value& d2 = var(I, true);
+              d2 = std::move(r);
+            }
+            sp[-1] = Value();
+            --sp;
+            break;
+          }
+
+          case oJmp:
+            if (I.a <= ip - code) Tick();
+            ip = code + I.a;
+            break;
+          case oJf: {
+            bool t = Truth(sp[-1]);
+            sp[-1] = Value();
+            --sp;
+            if (!t) {
+              if (I.a <= ip - code) Tick();
+              ip = code + I.a;
+            }
+            break;
+          }
+          case oJt: {
+            bool t = Truth(sp[-1]);
+            sp[-1] = Value();
+            --sp;
+            if (t) {
+              if (I.a <= ip - code) Tick();
+              ip = code + I.a;
+            }
+            break;
+          }
+          case oForPrep: {
+            const Ins& W = *ip++;
+            Value step = ToNum(sp[-1]), lim = ToNum(sp[-2]), start = ToNum(sp[-3]);
+            PopTo(E, sp - 3);
+            if (step.t == vtNull || lim.t == vtNull || start.t == vtNull) Raise(94);
+            bp[I.c] = lim;
+            bp[I.c + 1] = step;
+            Value& v = var(I, true);
+            v = start;
+            int c = Cmp(start, lim);
+            bool up2 = Cmp(step, Value(int16_t(0))) >= 0;
+            if (up2 ? c > 0 : c < 0) ip = code + W.a;
+            break;
+          }
+          case oForNext: {
+            const Ins& W = *ip++;
+            Tick();
+            Value& v = var(I, true);
+            const Value& lim = bp[I.c];
+            const Value& step = bp[I.c + 1];
+            if (IsIntK(v) && IsIntK(step) && IsIntK(lim)) {
+              int64_t n = IntOf(v) + IntOf(step);
+              int64_t l = IntOf(lim);
+              bool wide = v.t == vtLong || step.t == vtLong;
+              if (!wide && n >= -32768 && n <= 32767) { v.i = int16_t(n); }
+              else v = FitI(n);
+              if (IntOf(step) >= 0 ? n <= l : n >= l) ip = code + W.a;
+              break;
+            }
+            Value n = Arith(oAdd, v, step);
+            v = n;
+            int c = Cmp(n, lim);
+            bool up2 = Cmp(step, Value(int16_t(0))) >= 0;
+            if (up2 ? c <= 0 : c >= 0) ip = code + W.a;
+            break;
+          }
+          case oFePrep: {
+            const Ins& W = *ip++;
+            Value coll = sp[-1].Deref();
+            PopTo(E, sp - 1);
+            if (coll.t & vtArray) {
+              bp[I.c] = coll;
+            } else if (coll.t == vtObject) {
+              if (!coll.o) Raise(91);
+              std::vector<Value> items;
+              if (!coll.o->Items(items)) Raise(451);
+              Arr* a = new Arr;
+              a->dims.push_back({0, int32_t(items.size())});
+              a->v = std::move(items);
+              bp[I.c] = Value(a);
+            } else {
+              Raise(451);
+            }
+            Arr* a = bp[I.c].a;
+            if (a->v.empty()) { bp[I.c] = Value(); ip = code + W.a; break; }
+            bp[I.c + 1] = Value(int32_t(1));
+            var(I, true) = a->v[0];
+            break;
+          }
+          case oFeNext: {
+            const Ins& W = *ip++;
+            Tick();
+            Arr* a = bp[I.c].a;
+            int32_t& pos = bp[I.c + 1].l;
+            if (size_t(pos) < a->v.size()) {
+              Value e = a->v[size_t(pos++)];
+              var(I, true) = std::move(e);
+              ip = code + W.a;
+            }
+            break;
+          }
+          case oCaseEq: {
+            int c = Cmp(bp[I.a], sp[-1]);
+            sp[-1] = Value(c == 0);
+            break;
+          }
+          case oRet: return;
+          case oOnErr:
+            onErr = I.a != 0;
+            err = ErrState();
+            break;
+          case oErase: {
+            Value& v = var(I, true);
+            if (!(v.t & vtArray)) Raise(13);
+            if (v.a->fixed) {
+              for (Value& e : v.a->v) e = Value();
+            } else {
+              Arr* a = new Arr;
+              v = Value(a);
+            }
+            break;
+          }
+          case oReDim: {
+            const Ins& W = *ip++;
+            int n = I.c;
+            std::vector<int32_t> ub(static_cast<size_t>(n));
+            for (int k = 0; k < n; ++k) ub[size_t(k)] = ToLng(sp[-n + k]);
+            PopTo(E, sp - n);
+            Value& v = var(I, true);
+            if ((v.t & vtArray) && v.a->fixed) Raise(10);
+            if ((v.t & vtArray) && v.a->locks) Raise(10);
+            Arr* a = new Arr;
+            Value hold(a);
+            size_t total = 1;
+            for (int32_t u : ub) {
+              if (u < -1) Raise(9);
+              a->dims.push_back({0, u + 1});
+              total *= size_t(u + 1);
+            }
+            a->v.resize(total);
+            if (W.a && (v.t & vtArray) && !v.a->dims.empty()) {
+              Arr* o = v.a;
+              if (o->dims.size() != a->dims.size()) Raise(9);
+              for (size_t d = 0; d + 1 < a->dims.size(); ++d)
+                if (o->dims[d].n != a->dims[d].n) Raise(9);
+              size_t inner = 1;
+              for (size_t d = 0; d + 1 < a->dims.size(); ++d) inner *= size_t(a->dims[d].n);
+              size_t keep = inner * size_t(std::min(o->dims.back().n, a->dims.back().n));
+              for (size_t k = 0; k < keep; ++k) a->v[k] = std::move(o->v[k]);
+            }
+            v = std::move(hold);
+            break;
+          }
+          case oExec: {
+            Value r;
+            Value text = sp[-1];
+            PopTo(E, sp - 1);
+            ExecText(text, I.a, p, bp, me, r);
+            if (I.a == 2) PushV(E, std::move(r));
+            break;
+          }
+          case oWord: case oNop: break;
+          default: Raise(51);
+        }
+      }
+    } catch (Fault& f) {
+      int pc = int(ip - code) - 1;
+      const StmtPos* st = FindStmt(p, pc);
+      if (f.line == 0 && st) {
+        f.line = st->line;
+        f.col = st->col;
+      }
+      if (!onErr) throw;
+      err.num = f.num;
+      err.desc = f.desc;
+      err.src = f.src.empty() ? Tx(u"Microsoft VBScript runtime error") : f.src;
+      PopTo(E, base);
+      if (st && pc < st->to) ip = code + st->to;
+    } catch (std::bad_alloc&) {
+      if (!onErr) throw Fault{7, ErrDesc(7), {}};
+      err.num = 7;
+      err.desc = ErrDesc(7);
+      PopTo(E, base);
+      const StmtPos* st = FindStmt(p, int(ip - code) - 1);
+      if (st) ip = code + st->to;
+    }
+  }
+}
+
+// ---------------------------------------------------------------- built-ins of the engine
+namespace {
+void FnEval(Args a, Value& r) {
+  Engine* e = CurEngine();
+  Proc dummy;
+  e->ExecText(a[0], 2, dummy, nullptr, nullptr, r);
+}
+void FnGetRef(Args a, Value& r) {
+  Engine* e = CurEngine();
+  int c = e->FindCell(ToTx(a[0]));
+  if (c < 0 || e->cells[size_t(c)].kind != Cell::Proc) Raise(5);
+  r = Value(Ref<Obj>(new ProcRef(e, e->cells[size_t(c)].proc)));
+}
+void FnCreateObject(Args a, Value& r) { r = Value(NewObj(ToTx(a[0]))); }
+void FnScriptEngine(Args, Value& r) { r = Value(u"VBScript"); }
+void FnMajor(Args, Value& r) { r = Value(int32_t(5)); }
+void FnMinor(Args, Value& r) { r = Value(int32_t(8)); }
+void FnBuild(Args, Value& r) { r = Value(int32_t(16384)); }
+}  // namespace
+
+void RegEngineFns() {
+  DefFns({
+      {"Eval", 1, 1, FnEval},
+      {"GetRef", 1, 1, FnGetRef},
+      {"CreateObject", 1, 2, FnCreateObject},
+      {"ScriptEngine", 0, 0, FnScriptEngine},
+      {"ScriptEngineMajorVersion", 0, 0, FnMajor},
+      {"ScriptEngineMinorVersion", 0, 0, FnMinor},
+      {"ScriptEngineBuildVersion", 0, 0, FnBuild},
+  });
+}
+
+}  // namespace vbs

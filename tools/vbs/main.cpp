@@ -1,0 +1,50 @@
+// vbs: a console script host. `vbs FILE [arguments]` runs the file with a
+// WScript object; an error nothing handles is written to stderr as
+// FILE(line, column) VBScript runtime error NNN: Description, with status 1.
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+#include "ScriptControl.h"
+#include "WScript.h"
+
+int main(int argc, char** argv) {
+  if (argc < 2) {
+    std::fprintf(stderr, "usage: vbs FILE [arguments]\n");
+    return 2;
+  }
+  std::ifstream in(argv[1], std::ios::binary);
+  if (!in) {
+    std::fprintf(stderr, "vbs: cannot open %s\n", argv[1]);
+    return 2;
+  }
+  std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  zw::Tx text = zw::TxDeBytes(bytes);
+  std::vector<zw::Tx> args;
+  for (int i = 2; i < argc; ++i) args.push_back(zw::TxDeUtf8(argv[i]));
+  zw::Tx path = zw::TxDeUtf8(argv[1]);
+
+  int status = 0;
+  {
+    vbs::ScriptControl sc;
+    sc.AddObject(u"WScript", vbs::NewWScript(path, args));
+    try {
+      if (!sc.AddCode(text)) {
+        const vbs::ScriptError& e = sc.Error();
+        bool comp = e.Source == u"Microsoft VBScript compilation error";
+        std::ostringstream msg;
+        msg << argv[1] << "(" << e.Line << ", " << (e.Column + 1) << ") VBScript "
+            << (comp ? "compilation" : "runtime") << " error " << e.Number << ": "
+            << zw::TxUtf8(e.Description) << "\n";
+        std::fflush(stdout);
+        std::fputs(msg.str().c_str(), stderr);
+        status = 1;
+      }
+    } catch (vbs::QuitReq& q) {
+      status = q.code;
+    }
+  }
+  std::fflush(stdout);
+  return status;
+}
