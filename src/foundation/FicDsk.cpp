@@ -403,7 +403,7 @@ void FicCriVaz(const Tx& path, int& res) {
   if (!dir.empty()) DirCriTot(dir, r);
   int num = FicNumLiv();
   if (num) {
-    FicAbrNum(num, path, u"B", r);
+    FicAbrBin(num, path, r);
     if (r == 1) FicFec(num);
   }
   if (FicExi(path) != 1) res = 0;

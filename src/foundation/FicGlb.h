@@ -82,11 +82,13 @@ void FicVerNot(const Tx& path, int estilo);
 
 // --- open files on file numbers ---
 int FicNumLiv();  // the lowest free file number, 0 when all are taken
-// Opens: mode "O" output (the file is deleted first), "A" append, "B" binary (read
-// and write, created when missing, never truncated), anything else input. On error
-// the error number goes to err, and the policy err held on entry is applied.
+// Opens: mode "O" output (the file is deleted first), "A" append, anything else
+// input. On error the error number goes to err, and the policy err held on entry
+// is applied.
 void FicAbr(int num, const Tx& path, const Tx& modo, const Tx& reserva, const Tx& contexto, int& err);
 void FicAbrNum(int num, const Tx& path, const Tx& modo, int& res);  // 1 or -error
+// Opens in binary mode: read and write, created when missing, never truncated.
+void FicAbrBin(int num, const Tx& path, int& res);  // 1 or -error
 void FicLinLer(int num, Tx& lin, int& err);  // next line; err untouched on success
 bool FicEof(int num);                        // true at the end, or when not open for input
 // Writes text, or a line ended by CR LF, in the file's encoding. 0 or error number.

@@ -47,14 +47,13 @@ int Grava(int fd, const std::string& b) {
 }
 
 // The open itself: 0 or the error number.
-int Abre(int num, const Tx& path, const Tx& modo) {
+int Abre(int num, const Tx& path, char m) {
   if (num < 1 || num > kFicNumMax) return kErrNumFic;
   if (gArq[num].modo) return kErrFicAbe;
   int e = 0;
   std::string n = FicNat(path, &e);
   if (e) return e;
   if (n.empty()) return kErrNumFic;
-  char m = modo == u"O" ? 'O' : modo == u"A" ? 'A' : modo == u"B" ? 'B' : 'I';
   Arq a;
   a.modo = m;
   a.nome = path;
@@ -124,6 +123,7 @@ int Abre(int num, const Tx& path, const Tx& modo) {
   gArq[num] = std::move(a);
   return 0;
 }
+char Modo(const Tx& modo) { return modo == u"O" ? 'O' : modo == u"A" ? 'A' : 'I'; }
 }  // namespace
 
 int FicNumLiv() {
@@ -138,7 +138,7 @@ int FicNumLiv() {
 void FicAbr(int num, const Tx& path, const Tx& modo, const Tx& reserva, const Tx& contexto, int& err) {
   (void)reserva;
   int pol = err;
-  int e = Abre(num, path, modo);
+  int e = Abre(num, path, Modo(modo));
   if (!e) return;
   err = e;
   if (pol == kFicPolCaixa || pol == kFicPolCaixaFim) {
@@ -152,7 +152,12 @@ void FicAbr(int num, const Tx& path, const Tx& modo, const Tx& reserva, const Tx
 }
 
 void FicAbrNum(int num, const Tx& path, const Tx& modo, int& res) {
-  int e = Abre(num, path, modo);
+  int e = Abre(num, path, Modo(modo));
+  res = e ? -e : 1;
+}
+
+void FicAbrBin(int num, const Tx& path, int& res) {
+  int e = Abre(num, path, 'B');
   res = e ? -e : 1;
 }
 

@@ -377,6 +377,8 @@ TEST_F(FicDsk, AbrNumbersAndPolicies) {
   EXPECT_EQ(r, -52);
   FicAbrNum(4, P("none"), u"I", r);
   EXPECT_EQ(r, -53);
+  FicAbrNum(4, P("none"), u"B", r);  // an unknown mode reads
+  EXPECT_EQ(r, -53);
   Tx l;
   int e = 0;
   FicAbrNum(4, P("w.txt"), u"O", r);
