@@ -83,6 +83,9 @@ void OpcTxUsa(TxV modo, TxV chv, Tx& tx, Var& val);
 
 void TxSN(const Var& val, Var& dst, int neg = 0);
 Var TxSNTip(const Var& val, TxV tip);
+// Display form by a type word: "DT" the date serial as "dd/mm/yyyy", "DTH" with
+// "hh:nn:ss", "DTHM" with "hh:nn", "DT:" + a pattern of DtFmt's words; "N..." NuTx
+// with the format code; "SN" "Sim" or "Não"; any other word leaves the value.
 void TxFmtTip(TxV tip, TxV fmt, Var& val);
 // Date text of a date serial (days since 30 December 1899) by a pattern of the words
 // d dd ddd dddd m mm mmm mmmm yy yyyy h hh n nn s ss; other characters stand as they are.
@@ -123,6 +126,7 @@ void TxBinChr(Tx& tx, Tx& res);
 Tx TxChrBin(const std::vector<Var>& vals);
 void TxJunSep(Tx& tx, TxV sep, const Var& pec);
 void TxLinJun(Tx& tx, TxV lin);
+// As TxJunSep with the separator followed by the line end (CR LF when fim is "").
 void TxLinAdi(Tx& tx, TxV sep, const Var& pec, TxV fim = {});
 void TxArrAdi(TxArr& arr, TxV tx);
 void TxLisPfx(TxV lis, TxV tx, int& res);
