@@ -437,8 +437,14 @@ class Parser {
 
   // An argument: a plain variable goes by reference, anything else by value.
   void Arg(Ex* e) {
-    if (e->k == Ex::Name && !e->call && e->args.empty()) EmitName(oRef, e->name);
-    else Gen(e);
+    if (e->k == Ex::Name && !e->call && e->args.empty()) {
+      EmitName(oRef, e->name);
+    } else if (e->k == Ex::Name && !e->args.empty() && !(EqNoCase(e->name, u"Eval") && !Declared(e->name))) {
+      for (Ex* x : e->args) Gen(x);
+      EmitName(oRefIx, e->name, int32_t(e->args.size()));
+    } else {
+      Gen(e);
+    }
   }
 
   bool Declared(const Tx& name) {
@@ -1009,7 +1015,7 @@ class Parser {
         Want(kThen, 1017);
         jf = Emit(oJf, -1);
         Mark(f2, l2, c2);
-        EndStmt();
+        if (Cur().k == tNl) EndStmt();  // else a statement follows on the same line
         continue;
       }
       if (IsKw(kElse)) {
@@ -1017,7 +1023,7 @@ class Parser {
         Patch(jf);
         jf = size_t(-1);
         Next();
-        EndStmt();
+        if (Cur().k == tNl) EndStmt();
         Block();
       }
       if (!(IsKw(kEnd) && Peek().k == tKw && Peek().kw == kIf)) Fail(1014);
@@ -1251,7 +1257,7 @@ class Parser {
     Next();
     int h = Hidden(1);
     Gen(Expr());
-    Emit(oStL, h);
+    Emit(oSet, h, mLocal);  // the object itself, not its default value
     Mark(from, line, col);
     withs.push_back(h);
     EndStmt();
@@ -1371,7 +1377,7 @@ class Parser {
       Proc* pr = ref.proc;
       if (ref.ins == size_t(-1)) continue;
       Ins& in = pr->code[ref.ins];
-      bool isCall = in.op == oCall && in.c > 0;
+      bool isCall = (in.op == oCall || in.op == oRefIx) && in.c > 0;
       bool isStore = in.op == oSt || in.op == oSet || in.op == oStIx || in.op == oSetIx ||
                      in.op == oReDim || in.op == oForPrep || in.op == oFePrep || in.op == oAppend;
       Res r = Resolve(pr, ref.name, isCall, isStore);
@@ -1391,7 +1397,7 @@ class Parser {
             in.a = int32_t(pr->k.size());
             pr->k.push_back(r.v);
             in.b = 0;
-          } else if (in.op == oCall && in.c == 0) {
+          } else if ((in.op == oCall || in.op == oRefIx) && in.c == 0) {
             in.op = oPushK;
             in.a = int32_t(pr->k.size());
             pr->k.push_back(r.v);
@@ -1402,6 +1408,7 @@ class Parser {
           break;
         case Res::Builtin:
           if (in.op == oLd || in.op == oRef) in.c = 0;
+          if (in.op == oRefIx) in.op = oCall;
           in.op = oCallB;
           in.a = r.idx;
           in.b = 0;

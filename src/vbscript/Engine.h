@@ -76,6 +76,9 @@ class Engine {
   Value* sp = nullptr;
   Value* stkEnd = nullptr;
   int depth = 0;
+  // arrays locked while one of their elements is passed by reference: the
+  // stack slot holding the reference, and the array
+  std::vector<std::pair<Value*, Arr*>> elemLocks;
   ErrState err;
   Ref<Obj> errObj;
   long timeoutMs = -1;

@@ -136,7 +136,7 @@ Value Arith(int op, const Value& x0, const Value& y0) {
     if (std::isfinite(v) && std::fabs(v) <= 3.402823466e38) return Value::Sng(float(v));
     return Value(CheckD(v));
   }
-  if (r == 7 && op != oMul) return Value::Date(CheckD(v));
+  if (r == 7 && op != oMul && !(op == oSub && x.t == vtDate && y.t == vtDate)) return Value::Date(CheckD(v));
   return Value(CheckD(v));
 }
 

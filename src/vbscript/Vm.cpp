@@ -365,6 +365,12 @@ static void PopTo(Engine& E, Value* base) {
     E.sp[-1] = Value();
     --E.sp;
   }
+  while (!E.elemLocks.empty() && E.elemLocks.back().first >= base) {
+    Arr* a = E.elemLocks.back().second;
+    E.elemLocks.pop_back();
+    --a->locks;
+    a->Release();
+  }
 }
 
 void Engine::CallStk(const Proc& p, Inst* me, int argc) {
@@ -585,6 +591,23 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             }
             *sp++ = Value::RefTo(&var(I, false));
             break;
+          case oRefIx: {
+            int n = I.c;
+            if (!isProcCell(I) && !isProp(I)) {
+              Value& v = var(I, false);
+              if (v.t & vtArray) {
+                Arr* a = v.a;
+                Value* e = &a->At(sp - n, n);
+                PopTo(E, sp - n);
+                *sp++ = Value::RefTo(e);
+                a->AddRef();
+                ++a->locks;
+                elemLocks.emplace_back(sp - 1, a);
+                break;
+              }
+            }
+          }
+            [[fallthrough]];
           case oCall: {
             int n = I.c;
             if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, n); break; }
@@ -922,6 +945,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           case oErase: {
             Value& v = var(I, true);
             if (!(v.t & vtArray)) Raise(13);
+            if (v.a->locks) Raise(10);
             if (v.a->fixed) {
               for (Value& e : v.a->v) e = Value();
             } else {

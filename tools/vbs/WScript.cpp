@@ -119,7 +119,9 @@ class WScriptObj : public Obj {
         for (int i = 0; i < a.n; ++i) {
           if (i) line += u' ';
           const Value& v = a[i];
-          if (!v.IsNull() && !v.IsMissing()) line += ToTx(v);
+          // Echo writes a Boolean as its number, -1 or 0, as the console host does
+          if (v.t == vtBoolean) line += v.i ? u"-1" : u"0";
+          else if (!v.IsNull() && !v.IsMissing()) line += ToTx(v);
         }
         line += u'\n';
         Out(stdout, line);

@@ -1,0 +1,17 @@
+# Runs one script through vbs and compares its output with the expected files.
+execute_process(COMMAND ${VBS} ${SCRIPT} WORKING_DIRECTORY ${DIR}
+  OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
+get_filename_component(name ${SCRIPT} NAME_WE)
+file(READ ${DIR}/${name}.out want)
+if(NOT out STREQUAL want)
+  file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}.got "${out}")
+  message(FATAL_ERROR "output differs from ${name}.out (written to ${name}.got)\n${err}")
+endif()
+if(EXISTS ${DIR}/${name}.err)
+  file(READ ${DIR}/${name}.err wanterr)
+  if(NOT rc EQUAL 1 OR NOT err STREQUAL wanterr)
+    message(FATAL_ERROR "status ${rc}, stderr:\n${err}\nexpected:\n${wanterr}")
+  endif()
+elseif(NOT rc EQUAL 0)
+  message(FATAL_ERROR "status ${rc}\n${err}")
+endif()
