@@ -478,3 +478,46 @@ TEST(TxtLc, CommandLineWords) {
   LcArgPrp(u"");
   EXPECT_EQ(LcArgNum(), 0);
 }
+
+// Random texts over the characters the small languages care about: every function
+// ends, and the results keep their invariants.
+TEST(TxtRobust, RandomTextsKeepInvariants) {
+  const Tx alfa = u"[]=ab\", |K";
+  unsigned s = 12345;
+  auto rnd = [&s](unsigned n) { s = s * 1103515245u + 12345u; return (s >> 16) % n; };
+  for (int it = 0; it < 3000; it++) {
+    Tx t;
+    for (unsigned n = rnd(14); n > 0; n--) t.push_back(alfa[rnd(unsigned(alfa.size()))]);
+
+    int i = 1, f;
+    TxBrkPar(t, i, f, u"[]");
+    if (i || f) {
+      ASSERT_TRUE(i >= 1 && i < f && f <= int(t.size())) << TxUtf8(t);
+      EXPECT_EQ(t[size_t(i - 1)], u'['); EXPECT_EQ(t[size_t(f - 1)], u']');
+    } else {
+      EXPECT_EQ(f, 0);
+    }
+
+    TxArr a;
+    int n;
+    TxTokLis(t, u"|", a, n);
+    Tx j = t;
+    TxSepTro(j, u"|", u"|");
+    Tx e = t;
+    if (!e.empty() && e.back() == u'|') e.pop_back();
+    EXPECT_EQ(j, e) << TxUtf8(t);
+
+    Tx r = t;
+    TxSubst(u"R", r, u"ab", u"b");
+    EXPECT_EQ(TxPos(r, u"ab"), 0);
+
+    std::vector<std::array<Tx, 2>> l;
+    OpcTxLis(t, l, n);
+    EXPECT_EQ(int(l.size()), n + 1);
+    Tx o = t;
+    OpcTxSub(o, u"K", u"v");
+    EXPECT_EQ(o.substr(o.size() - 5), u"[K=v]");
+    NuVal(t);
+    TxLike(t, t);
+  }
+}
