@@ -12,7 +12,8 @@ namespace vbs {
 
 namespace {
 
-// Width of a numeric kind; Empty and Boolean count as Integer.
+// Width of a numeric kind; Empty and Boolean count as Integer. Currency with a
+// Single or Double gives Double.
 int Rank(uint16_t t) {
   switch (t) {
     case vtByte: return 1;
@@ -111,7 +112,8 @@ Value Arith(int op, const Value& x0, const Value& y0) {
     }
     return FitInt(v, r);
   }
-  if (r == 6 && (rx == 6 || ry == 6) && rx != 7 && ry != 7) {
+  if (r == 6 && (rx == 4 || rx == 5 || ry == 4 || ry == 5)) r = 5;  // Currency with Single or Double
+  if (r == 6) {
     __int128 a = ToCur(x), b = ToCur(y);
     switch (op) {
       case oAdd: return CurOf(a + b);

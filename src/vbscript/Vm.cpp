@@ -517,7 +517,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
         Cell& c = cells[size_t(I.a)];
         if (c.kind != Cell::Var) {
           if (c.kind == Cell::Undecl) {
-            if (explicit_) Raise(500, ErrDesc(500) + u": '" + c.name + u"'");
+            if (explicit_) Raise(500);
             c.kind = Cell::Var;
           } else if (store && c.kind != Cell::Object) {
             Raise(501);
@@ -656,12 +656,18 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           case oMGet: case oMCall: case oMLet: case oMSet: {
             int n = I.c + ((I.op == oMLet || I.op == oMSet) ? 1 : 0);
             Value& ov = sp[-n - 1].Deref();
+            if ((ov.t & vtArray) && (I.op == oMLet || I.op == oMSet) && K[I.a].s->len == 0) {
+              // f(1)(2) = v where f(1) is an array
+              StoreIx(ov, Args{sp - n, n}, I.op == oMSet);
+              PopTo(E, sp - n - 1);
+              break;
+            }
             if (ov.t != vtObject) Raise(424);
             if (!ov.o) Raise(91);
             Ref<Obj> o(ov.o);
             const Value& nm = K[I.a];
             int id = nm.s->len == 0 ? 0 : o->Id(nm.Sv());
-            if (id < 0) Raise(438, ErrDesc(438) + u": '" + nm.Text() + u"'");
+            if (id < 0) Raise(438);
             Inv k = I.op == oMGet ? Inv::Get : I.op == oMCall ? Inv::Call : I.op == oMLet ? Inv::Let : Inv::Set;
             if (k == Inv::Set) {
               Value& v = sp[-1];

@@ -13,4 +13,4 @@ WScript.Echo Hour(#1/2/2003 13:45:10#), Minute(#13:45:10#)
 Dim [my var] : [my var] = "bracketed" : WScript.Echo [my var]
 DIM UpPer : upper = "case-blind" : WScript.Echo UPPER
 wscript.echo "methods are case-blind too"
-WScript.Echo -32768, TypeName(-32768), TypeName(-32767), -2 ^ 2, 2 ^ -1
+WScript.Echo -32768, TypeName(-32768), TypeName(-32767), 2 ^ -1
