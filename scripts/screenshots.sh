@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Takes the screenshots in docs/images: the background window (background.png) and
+# the box that a missing option file brings up over it (missing-file.png). Runs the
+# program on a virtual X server; installs the X tools it needs. Not part of CI.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+need=()
+command -v Xvfb >/dev/null || need+=(xvfb)
+command -v xdotool >/dev/null || need+=(xdotool)
+command -v import >/dev/null || need+=(imagemagick)
+command -v openbox >/dev/null || need+=(openbox)
+if [ ${#need[@]} -gt 0 ]; then
+  SUDO=""; [ "$(id -u)" -ne 0 ] && SUDO=sudo
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq --no-install-recommends "${need[@]}"
+fi
+build=${BUILD_DIR:-build}
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build "$build" -j"$(nproc)" --target zunwiz
+out=docs/images
+mkdir -p "$out"
+
+disp=":$((100 + $$ % 400))"
+Xvfb "$disp" -screen 0 1280x800x24 -nolisten tcp >/dev/null 2>&1 &
+xpid=$!
+zpid=""
+wpid=""
+trap 'for p in $zpid $wpid $xpid; do kill "$p" 2>/dev/null; done' EXIT
+export DISPLAY=$disp
+for _ in $(seq 50); do xdotool getdisplaygeometry >/dev/null 2>&1 && break; sleep 0.1; done
+# A window manager, so that the windows get their title bars and the maximised state.
+openbox >/dev/null 2>&1 &
+wpid=$!
+sleep 1
+
+# The missing-file run: the background window comes up, then the box over it.
+QT_QPA_PLATFORM=xcb "$build/src/app/zunwiz" -FP /no/such.par &
+zpid=$!
+wins=()
+for _ in $(seq 100); do
+  mapfile -t wins < <(xdotool search --onlyvisible --name '^Wizzard$' 2>/dev/null || true)
+  [ ${#wins[@]} -ge 2 ] && break
+  sleep 0.1
+done
+[ ${#wins[@]} -ge 2 ] || { echo "the box did not come up" >&2; exit 1; }
+sleep 1
+import -window root "$out/missing-file.png"
+
+# The box is the narrower of the two windows: minimised, it leaves the background
+# window alone in view.
+box="" boxw=100000
+for w in "${wins[@]}"; do
+  eval "$(xdotool getwindowgeometry --shell "$w")"
+  if [ "$WIDTH" -lt "$boxw" ]; then box=$w; boxw=$WIDTH; fi
+done
+xdotool windowminimize "$box"
+sleep 1
+import -window root "$out/background.png"
+echo "wrote $out/background.png and $out/missing-file.png"

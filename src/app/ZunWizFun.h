@@ -1,0 +1,47 @@
+// ZunWizFun: the background window. Maximised, white, with the maker's artwork
+// in a frame; it is the program's start window, and its first activation runs
+// the whole start-up sequence (WizMain).
+#pragma once
+#include <QWidget>
+#include <array>
+#include "Var.h"
+
+class QLabel;
+
+namespace zw {
+
+class ZunWizFun : public QWidget {
+ public:
+  // One image control: its picture size in pixels and its place in twips.
+  struct Img {
+    const char* nome;
+    int picW, picH;
+    int left, top, width, height;
+    QLabel* lb = nullptr;
+  };
+
+  ZunWizFun();
+  void FormLoad();      // maximised and raised
+  void FormActivate();  // the first time: WizMain, then unloads itself
+  void FormResize();    // keeps the lower right artwork at the window's corner
+  void FormUnload() {}
+  void FrmPrep(const Tx& pal, int16_t& st);  // compares the word with "INI" and "FIM"; does nothing
+
+  const Img& ImgCon(const char* nome) const;  // an image control by name (the first one when unknown)
+  int16_t Carga = 0;   // 1 while loading
+  int16_t Activo = 0;  // 1 after the first activation
+
+ protected:
+  void resizeEvent(QResizeEvent* e) override;
+  void showEvent(QShowEvent* e) override;
+  void changeEvent(QEvent* e) override;
+
+ private:
+  void Activa();
+  Img& ImgRef(const char* nome);
+  void ImgPos(Img& i, int left, int top);  // moves an image, in twips
+  std::array<Img, 9> mImg;
+  bool mMostrado = false;
+};
+
+}  // namespace zw

@@ -1,0 +1,180 @@
+// The start-up sequence.
+#include "ZunWizMain.h"
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include "DbgFx.h"
+#include "FicGlb.h"
+#include "GlbMsg.h"
+#include "MsgDlgQt.h"
+#include "TxtGlb.h"
+#include "ZunWizAsp.h"
+#include "ZunWizFun.h"
+#include "ZunWizGlb.h"
+
+namespace zw {
+
+namespace {
+MsgDlgQt gDlgQt;
+
+// Closes every top-level window of the program; each pass closes what the one
+// before it left open or opened anew.
+void FrmFimQt(int) {
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (w->isVisible()) w->close();
+}
+}  // namespace
+
+void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
+  DirExe = dirExe;
+  LinCmd = linCmd;
+  MsgDlgDef(&gDlgQt);
+  FrmFimDef(FrmFimQt);
+  EvtPmpDef([] { QApplication::processEvents(); });
+}
+
+int ZunWizCic() {
+  ZunWizFun fun;
+  gFun = &fun;
+  fun.FormLoad();
+  fun.show();
+  int r = QApplication::exec();
+  gFun = nullptr;
+  return r;
+}
+
+void WizMain() {
+  WizRegRaiz();
+  FunMostra();
+  WizFpaPrp();
+  Var slot;
+  WizTntCic(slot);
+  WizFrmFim(slot);
+  FunFim();
+  gSup.reset();
+}
+
+int16_t WizTntCic(Var& slot, const WizTntFx& fx) {
+  int16_t st = 0;
+  for (int n = 1;; n++) {
+    fx.Tnt(slot, st);
+    if (st == 1) break;
+    if (n == 1) {
+      st = 1;
+    } else {
+      int16_t resp = 0;
+      fx.InsVer(resp);
+      st = resp == 1 ? 1 : -1;
+    }
+    if (st == -1) break;
+    fx.InsExe(st);
+    st = 0;
+  }
+  return st;
+}
+
+void WizRegRaiz() { RegRaiz = Var(int32_t(0x80000002)); }
+
+// Shows the background window before the long work and lets it paint.
+void FunMostra() {
+  if (gFun) gFun->show();
+  EvtPmp();
+}
+
+// Finds the option file; without it there is nothing to run: a box, and the end.
+void WizFpaPrp() {
+  FicSepDef(u"");
+  Tx fpa;
+  int16_t exi = 0;
+  WizFpaCon(fpa, exi);
+  if (exi != 1) {
+    MsgErr(u"Wizzard", u"Não foi encontrado o ficheiro de opções.||Ficheiro: " + fpa, 0);
+    std::fflush(nullptr);
+    std::_Exit(kSaiFpa);
+  }
+  Tx dir, nom, ltr, drv;
+  FicDirNom(fpa, dir, nom);
+  WizLtrCon(dir, ltr, drv);
+  WizFpa = fpa;
+  LtrCd = ltr;
+  DrvCd = drv;
+  DirPgm = dir;
+}
+
+// The option file: the word after "-FP" on the command line, taken as it stands,
+// or "ZunWiz.par" beside the executable.
+void WizFpaCon(Tx& fpa, int16_t& exi) {
+  LcArgPrp(LinCmd);
+  Var v{Tx()};
+  LcArgVal(u"M", u"-FP", v);
+  fpa = v.EhTx() ? v.Txt() : Tx();
+  if (fpa.empty()) fpa = FicJun(DirExe, u"ZunWiz.par");
+  exi = int16_t(FicExi(fpa));
+}
+
+// The drive letter of a folder ("x") and its drive ("x:"); for a folder on a
+// share, both are the share's root ("\\server\share").
+void WizLtrCon(const Tx& dir, Tx& ltr, Tx& drv) {
+  std::vector<Tx> par;
+  FicPar(dir, par);
+  ltr = par[1];
+  if (ltr.size() > 1) {
+    std::vector<Tx> pecas;
+    int n = 0;
+    FicDirLis(dir, pecas, n);
+    if (n > 2) ltr = pecas[1] + u"\\" + pecas[2];
+  }
+  drv = ltr.starts_with(u"\\\\") ? ltr : ltr + u":";
+}
+
+// One attempt: a new wizard window, the engine bound to it, the option file
+// read and the wizard run. Whatever fails ends the attempt silently, status 0.
+void WizExeTnt(Var& slot, int16_t& st) {
+  st = 1;
+  try {
+    auto asp = std::make_shared<ZunWizAsp>();
+    slot = Var(std::shared_ptr<VarObj>(asp));
+    asp->FormLoad();
+    Tx fpa = WizFpa;
+    if (!gSup) gSup = std::make_unique<SupWiz>();
+    SupWiz* sup = gSup.get();
+    sup->RegFrm(slot);
+    sup->WizIni(fpa);
+    sup->WizExe();
+  } catch (const std::exception& e) {
+    st = 0;
+    slot = Var();
+    Tx desc = TxDeUtf8(e.what());  // kept, as the cause is never shown
+    (void)desc;
+  } catch (...) {
+    st = 0;
+    slot = Var();
+  }
+}
+
+void CmpInsVer(int16_t& resp) {
+  int r = 0;
+  MsgCnf(u"ZunWiz", u"Ocorreu um erro a iniciar o programa||Provavelmente falta instalar componentes|Instalar ?",
+         r);
+  resp = r == 1 ? 1 : -1;
+}
+
+// Runs the component installer beside the executable and waits for its end.
+// Until the program runner is in place the installer counts as missing.
+void CmpInsExe(int16_t& st) {
+  Tx pgm = FicJun(DirExe, u"InsCmp");
+  (void)pgm;
+  st = 0;
+}
+
+void WizFrmFim(Var& slot) {
+  if (auto* asp = dynamic_cast<ZunWizAsp*>(WizFrmDe(slot))) asp->close();
+  slot = Var();
+}
+
+void FunFim() {
+  if (gFun) gFun->close();
+}
+
+}  // namespace zw
