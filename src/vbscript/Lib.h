@@ -42,6 +42,11 @@ int ArgCmp(Args a, int k);
 // A Date argument: numbers as serials, text read as a date (13 when it is none).
 inline double ArgDt(Args a, int k) { return ToDate(a[k]); }
 
+// A property read with arguments, as obj.Items(0) or obj.SubMatches(1): the
+// arguments go to the default member of what the property gives (an object's Item,
+// an array's element). Without arguments the value stays as it is.
+void ArgsAoValor(Value& r, Args a);
+
 // Stores a text result.
 inline void RetTx(Value& r, TxV t) { r = Value(t); }
 

@@ -3,6 +3,22 @@
 
 namespace vbs {
 
+void ArgsAoValor(Value& r, Args a) {
+  if (a.size() == 0) return;
+  Value v = std::move(r);
+  r = Value();
+  if (v.IsArr()) {
+    std::vector<Value> idx(a.v, a.v + a.n);
+    for (Value& x : idx) x = Value(x.Deref());
+    r = v.a->At(idx.data(), int(idx.size()));
+  } else if (v.IsObj()) {
+    if (!v.o) Raise(91);
+    v.o->Invoke(0, Inv::Get, a, r);
+  } else {
+    Raise(450);
+  }
+}
+
 namespace {
 
 void FnArray(Args a, Value& r) {

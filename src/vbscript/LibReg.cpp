@@ -14,6 +14,7 @@ void LibReg() {
   LibFmtReg();
   LibArrReg();
   LibMiscReg();
+  RegExpReg();
 }
 
 }  // namespace vbs
