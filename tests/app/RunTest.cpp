@@ -84,13 +84,6 @@ TEST(ZunWizRun, MissingOptionFileShowsTheBoxAndEnds) {
               "Ficheiro: /no/such\\.par\n$");
 }
 
-// Without "-FP" the file looked for is "ZunWiz.par" beside the executable.
-TEST(ZunWizRun, MissingDefaultFileNamesThePathBesideTheExecutable) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
-  EXPECT_EXIT(Corre(u"/nonexistent/bin", u""), testing::ExitedWithCode(kSaiFpa),
-              "Ficheiro: /nonexistent/bin.ZunWiz\\.par\n$");
-}
-
 // An option file that exists: the run ends by itself, quietly, with status 0.
 TEST(ZunWizRun, ExistingOptionFileEndsNormally) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");

@@ -21,36 +21,23 @@ void QtApp() {
   if (!QApplication::instance()) new QApplication(argc, argv);
 }
 
-// The answer codes of the box's buttons, in their order on the box.
-std::vector<int> Botoes(QMessageBox* b) {
-  std::vector<int> r;
-  for (QAbstractButton* x : b->buttons()) {
-    switch (b->standardButton(x)) {
-      case QMessageBox::Ok: r.push_back(kAnsOk); break;
-      case QMessageBox::Cancel: r.push_back(kAnsCancel); break;
-      case QMessageBox::Abort: r.push_back(kAnsAbort); break;
-      case QMessageBox::Retry: r.push_back(kAnsRetry); break;
-      case QMessageBox::Ignore: r.push_back(kAnsIgnore); break;
-      case QMessageBox::Yes: r.push_back(kAnsYes); break;
-      case QMessageBox::No: r.push_back(kAnsNo); break;
-      default: r.push_back(0);
-    }
-  }
-  std::sort(r.begin(), r.end());
-  return r;
+// The answer code of one of the box's buttons.
+int Resp(QMessageBox* b, QAbstractButton* x) {
+  const std::pair<QMessageBox::StandardButton, int> m[] = {
+      {QMessageBox::Ok, kAnsOk},       {QMessageBox::Cancel, kAnsCancel}, {QMessageBox::Abort, kAnsAbort},
+      {QMessageBox::Retry, kAnsRetry}, {QMessageBox::Ignore, kAnsIgnore}, {QMessageBox::Yes, kAnsYes},
+      {QMessageBox::No, kAnsNo}};
+  for (auto [q, c] : m)
+    if (b->standardButton(x) == q) return c;
+  return 0;
 }
 
-int Omissao(QMessageBox* b) {
-  switch (b->standardButton(b->defaultButton())) {
-    case QMessageBox::Ok: return kAnsOk;
-    case QMessageBox::Cancel: return kAnsCancel;
-    case QMessageBox::Yes: return kAnsYes;
-    case QMessageBox::No: return kAnsNo;
-    case QMessageBox::Ignore: return kAnsIgnore;
-    case QMessageBox::Retry: return kAnsRetry;
-    case QMessageBox::Abort: return kAnsAbort;
-    default: return 0;
-  }
+// The answer codes of all the box's buttons, sorted.
+std::vector<int> Botoes(QMessageBox* b) {
+  std::vector<int> r;
+  for (QAbstractButton* x : b->buttons()) r.push_back(Resp(b, x));
+  std::sort(r.begin(), r.end());
+  return r;
 }
 
 }  // namespace
@@ -78,7 +65,7 @@ TEST(MsgDlgQt, StyleCodeSelectsIconButtonsAndDefault) {
     std::sort(bot.begin(), bot.end());
     EXPECT_EQ(b->icon(), c.ico) << c.estilo;
     EXPECT_EQ(Botoes(b.get()), bot) << c.estilo;
-    EXPECT_EQ(Omissao(b.get()), c.def) << c.estilo;
+    EXPECT_EQ(Resp(b.get(), b->defaultButton()), c.def) << c.estilo;
   }
 }
 
