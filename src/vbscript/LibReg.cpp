@@ -15,6 +15,7 @@ void LibReg() {
   LibArrReg();
   LibMiscReg();
   RegExpReg();
+  DictReg();
 }
 
 }  // namespace vbs
