@@ -17,6 +17,7 @@ enum Op : uint16_t {
   // variables by addressing mode (b holds the mode: see Md)
   oLd, oSt, oSet, oRef,
   oLdL, oStL,  // locals, the common case
+  oKeep,       // stores the top in local a as it is (an expression's result)
   oRefIx,      // name(i...) as an argument: an element of an array by reference, else as oCall
   oCall,       // name with argc arguments (c): procedure call, array element or default member
   oCallB,      // built-in a with argc (c)

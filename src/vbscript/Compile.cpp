@@ -73,7 +73,7 @@ class Parser {
     SkipNl();
     if (Cur().k != tEof) Fail(1025);
     Gen(e);
-    Emit(oStL, P->result);
+    Emit(oKeep, P->result);
     Mark(from, e->line, e->col);
     Emit(oRet);
     Finish();

@@ -557,6 +557,12 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             LetTo(d, std::move(v));
             break;
           }
+          case oKeep: {
+            Value v = std::move(sp[-1]);
+            --sp;
+            bp[I.a] = std::move(v);
+            break;
+          }
           case oLd:
             if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, 0); break; }
             if (isProp(I)) {
