@@ -87,8 +87,15 @@ void TdaOpc::ParLer(int16_t& exi) {
   if (!ok) exi = 0;
   bool fim = false;
   while (ok && !fim) {
-    Tx t = TxTrim(l);
-    Tx w = Ini(t, u"+") ? t.substr(1) : l;
+    // A line whose first non-blank is "+" continues without that "+", trimmed.
+    size_t a = l.find_first_not_of(u' ');
+    Tx w;
+    if (a != Tx::npos && l[a] == u'+') {
+      size_t b = l.find_last_not_of(u' ');
+      w = l.substr(a + 1, b - a);
+    } else {
+      w = std::move(l);
+    }
     if (Fim(w, u"<-")) acc = TxEsq(acc, long(w.size()) - 2);
     if (Fim(w, u"+")) {
       w.pop_back();

@@ -1,5 +1,7 @@
 // Option memory: the object's life, the rows of the zone in hand and their key
 // index, the queries by key or row number, and directory groups.
+#include <algorithm>
+#include <functional>
 #include "FicGlb.h"
 #include "OpcAux.h"
 #include "TdaOpc.h"
@@ -8,14 +10,39 @@
 namespace zw {
 using namespace opc;
 
-void OpcIdx::Adi(const Tx& chv, int32_t p) {
-  if (p < 1 || p > 32000) return;
-  pos_.emplace(chv, p);  // an existing key keeps its first position
+void OpcIdx::Lpz() {
+  blk_.clear();
+  ent_.clear();
+  std::fill(tab_.begin(), tab_.end(), 0u);
 }
 
-int32_t OpcIdx::Psq(const Tx& chv) const {
-  auto i = pos_.find(chv);
-  return i == pos_.end() ? 0 : i->second;
+size_t OpcIdx::Slot(TxV chv, size_t h) const {
+  size_t m = tab_.size() - 1;
+  for (size_t i = h & m;; i = (i + 1) & m) {
+    uint32_t e = tab_[i];
+    if (e == 0) return i;
+    const Ent& x = ent_[e - 1];
+    if (x.h == h && TxV(blk_).substr(x.ini, x.len) == chv) return i;
+  }
+}
+
+void OpcIdx::Adi(TxV chv, int32_t p) {
+  if (p < 1 || p > 32000) return;
+  if ((ent_.size() + 1) * 2 > tab_.size()) {  // keep the table at most half full
+    tab_.assign(std::max<size_t>(64, tab_.size() * 2), 0u);
+    for (size_t k = 0; k < ent_.size(); k++) tab_[Slot(TxV(blk_).substr(ent_[k].ini, ent_[k].len), ent_[k].h)] = uint32_t(k + 1);
+  }
+  size_t h = std::hash<TxV>{}(chv), i = Slot(chv, h);
+  if (tab_[i] != 0) return;  // an existing key keeps its first position
+  ent_.push_back({h, uint32_t(blk_.size()), uint32_t(chv.size()), p});
+  blk_.append(chv);
+  tab_[i] = uint32_t(ent_.size());
+}
+
+int32_t OpcIdx::Psq(TxV chv) const {
+  if (tab_.empty()) return 0;
+  uint32_t e = tab_[Slot(chv, std::hash<TxV>{}(chv))];
+  return e ? ent_[e - 1].pos : 0;
 }
 
 TdaOpc::TdaOpc() {
@@ -56,8 +83,12 @@ void TdaOpc::MemReg(int16_t& cnt, int16_t flg) {
   if (flg == 0 && chv.empty()) return;
   int16_t n = P16(long(cnt) + 1);
   cnt = n;
-  memTab.resize(size_t(n) + 1);
-  memTab[n] = parAct;
+  if (memTab.size() == size_t(n)) {
+    memTab.push_back(parAct);
+  } else {
+    memTab.resize(size_t(n) + 1);  // a longer table loses its tail
+    memTab[n] = parAct;
+  }
   memIdx.Adi(chv, n);
 }
 
@@ -72,8 +103,7 @@ void TdaOpc::MemIdxUsa(const Var& chv, int32_t& row) const {
 }
 
 void TdaOpc::MemCon(const Tx& chv, Var& val, int16_t& exi, Tx& tpp) {
-  int32_t row = -1;
-  MemIdxUsa(Var(chv), row);
+  int32_t p = memIdx.Psq(TxMaiTrm(chv)), row = p ? p : -1;
   Tx var;
   MemConIdx(row, var, val, tpp, exi);
 }

@@ -7,7 +7,6 @@
 #pragma once
 #include <array>
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 #include "GlbVar.h"
 #include "Tx.h"
@@ -28,18 +27,28 @@ struct ParReg {
 };
 
 // The key index of a zone: case-blind keys (brought to capitals and trimmed by the
-// caller), the first position of a key wins, positions 1 to 32000 only. A hash
-// beside the insertion order, so a lookup does not walk the keys.
+// caller), the first position of a key wins, positions 1 to 32000 only. The keys
+// stand one after another in one text, as an index text has them, and an
+// open-addressing hash over them finds a key without walking the others.
 class OpcIdx {
  public:
-  void Lpz() { pos_.clear(); }
-  bool Vazio() const { return pos_.empty(); }
-  void Adi(const Tx& chv, int32_t p);  // no entry for p outside 1..32000 or a key already there
-  int32_t Psq(const Tx& chv) const;    // the position, or 0
-  size_t Num() const { return pos_.size(); }
+  void Lpz();
+  bool Vazio() const { return ent_.empty(); }
+  void Adi(TxV chv, int32_t p);  // no entry for p outside 1..32000 or a key already there
+  int32_t Psq(TxV chv) const;    // the position, or 0
+  size_t Num() const { return ent_.size(); }
 
  private:
-  std::unordered_map<Tx, int32_t> pos_;
+  struct Ent {
+    size_t h;
+    uint32_t ini, len;
+    int32_t pos;
+  };
+  Tx blk_;                   // the keys, one after another
+  std::vector<Ent> ent_;     // entries in the order they came
+  std::vector<uint32_t> tab_;  // slots: entry number + 1, 0 when free; size a power of 2
+  // The slot of a key: its entry's slot when present, else the free slot to use.
+  size_t Slot(TxV chv, size_t h) const;
 };
 
 // A directory group: three columns (name, value, label), each a column of rows from 0.
