@@ -16,6 +16,7 @@ void LibReg() {
   LibMiscReg();
   RegExpReg();
   DictReg();
+  FsoReg();
 }
 
 }  // namespace vbs

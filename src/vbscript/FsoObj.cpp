@@ -1,0 +1,360 @@
+// FsoObj: the File, Folder and Drive objects and the Files, Folders and Drives
+// collections of the FileSystemObject.
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <sys/vfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+
+#include "FicGlb.h"
+#include "Fso.h"
+#include "GlbReg.h"
+
+namespace vbs {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string Nome(const std::string& p) {
+  if (p == "/") return "";
+  size_t k = p.find_last_of('/');
+  return k == std::string::npos ? p : p.substr(k + 1);
+}
+
+std::string Pai(const std::string& p) {
+  size_t k = p.find_last_of('/');
+  if (k == std::string::npos || p == "/") return "";
+  return k == 0 ? "/" : p.substr(0, k);
+}
+
+// Attributes as the FileSystemObject numbers them: 1 read-only, 2 hidden (a name
+// starting with "."), 16 folder, 32 archive (every file), 1024 link.
+int32_t Atributos(const std::string& p) {
+  struct stat st, lst;
+  if (stat(p.c_str(), &st) != 0) return 0;
+  int32_t a = S_ISDIR(st.st_mode) ? 16 : 32;
+  if (access(p.c_str(), W_OK) != 0) a |= 1;
+  std::string n = Nome(p);
+  if (!n.empty() && n[0] == '.') a |= 2;
+  if (lstat(p.c_str(), &lst) == 0 && S_ISLNK(lst.st_mode)) a |= 1024;
+  return a;
+}
+
+// Setting the attributes changes what Linux can hold of them: the read-only bit.
+void PoeAtributos(const std::string& p, int32_t a) {
+  struct stat st;
+  if (stat(p.c_str(), &st) != 0) FsoErr(errno, false);
+  mode_t m = st.st_mode & 07777;
+  m = (a & 1) ? (m & ~mode_t(0222)) : (m | S_IWUSR);
+  if (chmod(p.c_str(), m) != 0) FsoErr(errno, false);
+}
+
+double TamanhoDir(const std::string& p) {
+  double t = 0;
+  std::error_code ec;
+  for (auto it = fs::recursive_directory_iterator(p, fs::directory_options::skip_permission_denied, ec);
+       it != fs::recursive_directory_iterator(); it.increment(ec)) {
+    if (ec) break;
+    std::error_code e2;
+    if (it->is_regular_file(e2)) t += double(it->file_size(e2));
+  }
+  return t;
+}
+
+// The drive letter whose folder holds a path (the longest folder that is a prefix).
+char16_t LetraDe(const std::string& p) {
+  char16_t best = 0;
+  size_t tam = 0;
+  for (auto& [l, dir] : zw::FicDrvTab()) {
+    std::string d = zw::TxUtf8(dir);
+    while (d.size() > 1 && d.back() == '/') d.pop_back();
+    bool pre = d == "/" || p == d || (p.size() > d.size() && p.compare(0, d.size(), d) == 0 && p[d.size()] == '/');
+    if (pre && d.size() >= tam) {
+      best = l;
+      tam = d.size();
+    }
+  }
+  return best;
+}
+
+// A list of objects with Count, Item by name or position, and For Each; the
+// Folders collection also has Add.
+class FsoCol : public Obj {
+ public:
+  // `erro` is what Item raises for a name that is not there.
+  FsoCol(const char16_t* tipo, int erro, std::string dir = "")
+      : tipo_(tipo), erro_(erro), dir_(std::move(dir)) {}
+  std::vector<Tx> nomes;
+  std::vector<Value> v;
+  Tx TypeName() override { return tipo_; }
+  int Id(TxV n) override {
+    int k = NameIx(n, {"Item", "Count", "Add"});
+    return k == 1 ? 0 : k;
+  }
+  void Invoke(int id, Inv k, Args a, Value& r) override {
+    if (k == Inv::Let || k == Inv::Set) Raise(438);
+    if (id == 2) {
+      r = Value(int32_t(v.size()));
+      return;
+    }
+    if (id == 3 && !dir_.empty()) {
+      if (a.size() != 1) Raise(450);
+      std::string n = dir_ == "/" ? "/" + zw::TxUtf8(ToTx(a[0])) : dir_ + "/" + zw::TxUtf8(ToTx(a[0]));
+      struct stat st;
+      if (stat(n.c_str(), &st) == 0) Raise(58);
+      if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);
+      r = Value(FsoPasta(n));
+      return;
+    }
+    if (id != 0) Raise(438);
+    if (a.size() != 1) Raise(450);
+    const Value& key = a[0];
+    if (key.IsStr()) {
+      for (size_t i = 0; i < nomes.size(); i++)
+        if (TxCmpTx(nomes[i], key.Sv()) == 0) {
+          r = v[i];
+          return;
+        }
+      Raise(erro_);
+    }
+    int32_t i = ToLng(key);
+    if (i < 0 || size_t(i) >= v.size()) Raise(5);
+    r = v[size_t(i)];
+  }
+  bool Items(std::vector<Value>& out) override {
+    out = v;
+    return true;
+  }
+
+ private:
+  const char16_t* tipo_;
+  int erro_;
+  std::string dir_;
+};
+
+Ref<FsoCol> Lista(const std::string& dir, bool pastas) {
+  Ref<FsoCol> c(new FsoCol(pastas ? u"Folders" : u"Files", pastas ? 76 : 53, pastas ? dir : ""));
+  std::error_code ec;
+  std::vector<std::string> ns;
+  for (auto& e : fs::directory_iterator(dir, ec)) {
+    std::error_code e2;
+    if (e.is_directory(e2) == pastas) ns.push_back(e.path().string());
+  }
+  std::sort(ns.begin(), ns.end());
+  for (auto& n : ns) {
+    c->nomes.push_back(FsoTx(Nome(n)));
+    c->v.push_back(Value(pastas ? FsoPasta(n) : FsoFicheiro(n)));
+  }
+  return c;
+}
+
+// File and Folder share their properties; `pasta` tells which this is.
+class Entrada : public Obj {
+ public:
+  Entrada(std::string p, bool pasta) : p_(std::move(p)), pasta_(pasta) {}
+  Tx TypeName() override { return pasta_ ? u"Folder" : u"File"; }
+  int Id(TxV n) override {
+    int k = NameIx(n, {"Path", "Attributes", "DateCreated", "DateLastAccessed", "DateLastModified",
+                       "Drive", "Name", "ParentFolder", "ShortName", "ShortPath", "Size", "Type",
+                       "Copy", "Delete", "Move", "OpenAsTextStream", "Files", "SubFolders",
+                       "IsRootFolder", "CreateTextFile"});
+    if (!pasta_ && (k == 17 || k == 18 || k == 19 || k == 20)) return -1;
+    if (pasta_ && k == 16) return -1;
+    return k == 1 ? 0 : k;
+  }
+  void Invoke(int id, Inv k, Args a, Value& r) override {
+    bool set = k == Inv::Let || k == Inv::Set;
+    if (set) {
+      if (a.size() != 1) Raise(450);
+      if (id == 2) PoeAtributos(p_, ToLng(a[0]));
+      else if (id == 7) Renomeia(ToTx(a[0]));
+      else Raise(438);
+      return;
+    }
+    struct stat st;
+    auto Stat = [&]() {
+      if (stat(p_.c_str(), &st) != 0) FsoErr(errno, pasta_);
+    };
+    switch (id) {
+      case 0: case 10: r = Value(FsoTx(p_)); break;
+      case 2: r = Value(Atributos(p_)); break;
+      case 3: Stat(); r = Value::Date(FsoData(st.st_ctime)); break;
+      case 4: Stat(); r = Value::Date(FsoData(st.st_atime)); break;
+      case 5: Stat(); r = Value::Date(FsoData(st.st_mtime)); break;
+      case 6: {
+        char16_t l = LetraDe(p_);
+        if (!l) Raise(68);
+        r = Value(FsoDrive(l));
+        break;
+      }
+      case 7: case 9: r = Value(FsoTx(Nome(p_))); break;
+      case 8: {
+        std::string q = Pai(p_);
+        if (q.empty()) r = Value::Nothing();
+        else r = Value(FsoPasta(q));
+        break;
+      }
+      case 11:
+        Stat();
+        if (pasta_) r = Value(TamanhoDir(p_));
+        else if (st.st_size <= INT32_MAX) r = Value(int32_t(st.st_size));
+        else r = Value(double(st.st_size));
+        break;
+      case 12: {
+        if (pasta_) {
+          r = Value(u"File folder");
+          break;
+        }
+        std::string n = Nome(p_);
+        size_t k2 = n.rfind('.');
+        r = Value(k2 == std::string::npos || k2 == 0 ? Tx(u"File") : TxMai(FsoTx(n.substr(k2 + 1))) + u" File");
+        break;
+      }
+      case 13: {  // Copy(destination[, overwrite])
+        if (a.size() < 1 || a.size() > 2) Raise(450);
+        Tx t;
+        TxV d = ArgTx(a, 0, t);
+        bool sobre = a.Has(1) ? ToBool(a[1]) : true;
+        std::string n = FsoNat(d);
+        if (!d.empty() && (d.back() == u'\\' || d.back() == u'/')) n += Nome(p_);
+        if (pasta_) FsoCopiaDir(p_, n, sobre);
+        else FsoCopiaFic(p_, n, sobre);
+        break;
+      }
+      case 14: FsoApaga(p_, a.Has(0) && ToBool(a[0]), pasta_); break;
+      case 15: {
+        if (a.size() != 1) Raise(450);
+        Tx t;
+        TxV d = ArgTx(a, 0, t);
+        std::string n = FsoNat(d);
+        if (!d.empty() && (d.back() == u'\\' || d.back() == u'/')) n += Nome(p_);
+        FsoMove(p_, n);
+        p_ = FsoAbs(n);
+        break;
+      }
+      case 16: {  // OpenAsTextStream([mode[, format]])
+        int32_t modo = ArgLng(a, 0, 1);
+        if (modo != 1 && modo != 2 && modo != 8) Raise(5);
+        r = Value(FsoTexto(p_, modo, ArgLng(a, 1, 0) == -1, false));
+        break;
+      }
+      case 17: r = Value(Lista(p_, false)); ArgsAoValor(r, a); break;
+      case 18: r = Value(Lista(p_, true)); ArgsAoValor(r, a); break;
+      case 19: r = Value(p_ == "/"); break;
+      case 20: {  // CreateTextFile(name[, overwrite[, unicode]])
+        if (a.size() < 1 || a.size() > 3) Raise(450);
+        std::string n = p_ + (p_ == "/" ? "" : "/") + zw::TxUtf8(ToTx(a[0]));
+        bool sobre = a.Has(1) ? ToBool(a[1]) : true;
+        struct stat s2;
+        if (stat(n.c_str(), &s2) == 0 && !sobre) Raise(58);
+        r = Value(FsoTexto(n, 2, a.Has(2) && ToBool(a[2]), true));
+        break;
+      }
+      default: Raise(438);
+    }
+  }
+
+ private:
+  std::string p_;
+  bool pasta_;
+
+  void Renomeia(const Tx& novo) {
+    if (novo.find_first_of(u"/\\") != Tx::npos || novo.empty()) Raise(5);
+    std::string n = Pai(p_);
+    n = (n == "/" ? "/" : n + "/") + zw::TxUtf8(novo);
+    FsoMove(p_, n);
+    p_ = n;
+  }
+};
+
+class Drive : public Obj {
+ public:
+  Drive(char16_t l, std::string raiz) : l_(l), raiz_(std::move(raiz)) {}
+  Tx TypeName() override { return u"IDrive"; }
+  int Id(TxV n) override {
+    int k = NameIx(n, {"Path", "AvailableSpace", "DriveLetter", "DriveType", "FileSystem", "FreeSpace",
+                       "IsReady", "RootFolder", "SerialNumber", "ShareName", "TotalSize", "VolumeName"});
+    return k == 1 ? 0 : k;
+  }
+  void Invoke(int id, Inv k, Args a, Value& r) override {
+    if (k == Inv::Let || k == Inv::Set) {
+      if (id == 12) return;  // a volume name cannot be set here; kept silent as on a share
+      Raise(438);
+    }
+    (void)a;
+    struct statvfs sv;
+    bool ok = statvfs(raiz_.c_str(), &sv) == 0;
+    switch (id) {
+      case 0: r = Value(Tx(1, l_) + u":"); break;
+      case 2: r = Value(ok ? double(sv.f_bavail) * double(sv.f_frsize) : 0.0); break;
+      case 3: r = Value(Tx(1, l_)); break;
+      case 4: r = Value(int32_t(zw::DrvTipCod(l_))); break;
+      case 5: r = Value(TipoFs()); break;
+      case 6: r = Value(ok ? double(sv.f_bfree) * double(sv.f_frsize) : 0.0); break;
+      case 7: r = Value(ok); break;
+      case 8: r = Value(FsoPasta(raiz_)); break;
+      case 9: r = Value(ok ? int32_t(uint32_t(sv.f_fsid)) : int32_t(0)); break;
+      case 10: r = Value(TxV()); break;
+      case 11: r = Value(ok ? double(sv.f_blocks) * double(sv.f_frsize) : 0.0); break;
+      case 12: r = Value(TxV()); break;
+      default: Raise(438);
+    }
+  }
+
+ private:
+  char16_t l_;
+  std::string raiz_;
+
+  Tx TipoFs() {
+    struct statfs s;
+    if (statfs(raiz_.c_str(), &s) != 0) return Tx();
+    switch (uint32_t(s.f_type)) {
+      case 0xEF53: return u"ext4";
+      case 0x9123683E: return u"btrfs";
+      case 0x58465342: return u"xfs";
+      case 0x01021994: return u"tmpfs";
+      case 0x794C7630: return u"overlay";
+      case 0x4D44: return u"FAT";
+      case 0x5346544E: return u"NTFS";
+      case 0x6969: return u"NFS";
+      case 0xFF534D42: case 0xFE534D42: return u"CIFS";
+      default: return u"Unknown";
+    }
+  }
+};
+
+}  // namespace
+
+Ref<Obj> FsoFicheiro(const std::string& nat) {
+  struct stat st;
+  if (stat(nat.c_str(), &st) != 0 || S_ISDIR(st.st_mode)) Raise(53);
+  return Ref<Obj>(new Entrada(FsoAbs(nat), false));
+}
+
+Ref<Obj> FsoPasta(const std::string& nat) {
+  struct stat st;
+  if (stat(nat.empty() ? "." : nat.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) Raise(76);
+  return Ref<Obj>(new Entrada(FsoAbs(nat), true));
+}
+
+Ref<Obj> FsoDrive(char16_t letra) {
+  letra = ChMai(letra);
+  for (auto& [l, dir] : zw::FicDrvTab())
+    if (l == letra) return Ref<Obj>(new Drive(l, zw::TxUtf8(dir)));
+  Raise(68);
+}
+
+Ref<Obj> FsoDrives() {
+  Ref<FsoCol> c(new FsoCol(u"Drives", 68));
+  for (auto& [l, dir] : zw::FicDrvTab()) {
+    c->nomes.push_back(Tx(1, l));
+    c->v.push_back(Value(Ref<Obj>(new Drive(l, zw::TxUtf8(dir)))));
+  }
+  return c;
+}
+
+}  // namespace vbs
