@@ -69,8 +69,10 @@ Tx Linha(const std::vector<Tx>& pal) {
 bool Legivel(const Tx& fic) {
   int r = FicExi(fic);
   if (r == 1) return true;
-  std::fprintf(stderr, "zunwiz-opc: cannot read %s (%s)\n", TxUtf8(fic).c_str(),
-               r == 0 ? "file not found" : "not a readable file");
+  const char* why = r == 0 || r == -kErrFicNao || r == -kErrDirNao ? "file not found"
+                    : r == -kErrPerm                               ? "permission denied"
+                                                                   : "not a readable file";
+  std::fprintf(stderr, "zunwiz-opc: cannot read %s (%s)\n", TxUtf8(fic).c_str(), why);
   return false;
 }
 
