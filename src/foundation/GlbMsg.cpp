@@ -106,8 +106,15 @@ void MsgTxTab(const Tx& v, Tx& res) {
   MsgTxTab(res);
 }
 
+// A register that cannot be written reports it with a box; with the no-dialog
+// flag that box comes back here, so a message handed over while another one is
+// being written is dropped instead of going round for ever.
 void MsgLogReg(const Tx& item) {
-  if (gLog) gLog->MsgGrpReg(PgmNom(), item, gLogGrp);
+  static bool dentro = false;
+  if (!gLog || dentro) return;
+  dentro = true;
+  gLog->MsgGrpReg(PgmNom(), item, gLogGrp);
+  dentro = false;
 }
 
 void MsgLogDef(SupLogReg* log) { gLog = log; }

@@ -160,6 +160,16 @@ TEST_F(Log, ClearingAndGroupMessages) {
   EXPECT_EQ(v[2], "Tipo       : MSG - Instala\xc3\xa7\xc3\xa3o");
   EXPECT_EQ(v[6], "[TPM=SN][TIT=T][MSG=m|n][RES=0]");
 
+  // A register that cannot be written, with no dialogs: the failure is dropped, not looped.
+  log_.DirDef(u"/proc/zw-no-such");
+  MsgLogDef(&log_);
+  MsgSemDlgDef(1);
+  MsgExe(u"", u"T", u"m", r);
+  MsgSemDlgDef(0);
+  MsgLogDef(nullptr);
+  EXPECT_TRUE(g_.cx.empty());
+  log_.DirDef(TxAsc(dir_));
+
   g_.resp = kAnsNo;
   EXPECT_EQ(log_.GrpLpz(1), 0);
   EXPECT_EQ(g_.tit, u"Limpar registo");
