@@ -91,6 +91,41 @@ std::string FicNat(const Tx& path, int* err) {
   return TxUtf8(p);
 }
 
+Tx FicDeNat(const std::string& nat) {
+  Tx p = TxDeUtf8(nat), r;
+  auto sob = [&](const Tx& dir) {  // p is dir or lies below it
+    Tx d = dir;
+    while (d.size() > 1 && d.back() == u'/') d.pop_back();
+    if (d == u"/") return true;
+    return p.rfind(d, 0) == 0 && (p.size() == d.size() || p[d.size()] == u'/');
+  };
+  if (!p.empty() && p[0] == u'/') {
+    if (p.rfind(u"/net/", 0) == 0 && p.size() > 5) {
+      r = u"\\\\" + p.substr(5);
+    } else {
+      char16_t letra = 0;
+      size_t len = 0;
+      for (auto& [l, d] : Drives())
+        if (sob(d) && (letra == 0 || d.size() > len)) letra = l, len = d.size();
+      if (letra) {
+        Tx d = Drives()[letra];
+        while (d.size() > 1 && d.back() == u'/') d.pop_back();
+        Tx resto = d == u"/" ? p : p.substr(d.size());
+        while (!resto.empty() && resto[0] == u'/') resto.erase(0, 1);
+        r = Tx(1, letra) + u":\\" + resto;
+      } else {
+        r = p;
+      }
+    }
+  } else {
+    r = p;
+  }
+  for (auto& c : r)
+    if (c == u'/') c = u'\\';
+  while (r.size() > 3 && r.back() == u'\\') r.pop_back();
+  return r;
+}
+
 int FicErrNat(int e, const std::string& nat) {
   switch (e) {
     case ENOENT: {

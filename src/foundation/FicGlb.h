@@ -56,6 +56,11 @@ void FicDirLis(const Tx& path, std::vector<Tx>& pecas, int& n);
 // replaced by the folder that letter maps to ("C" maps to "/"). A letter without a
 // mapping gives "" and error 68.
 std::string FicNat(const Tx& path, int* err = nullptr);
+// The path text of a Linux path, the other way round: an absolute path under the
+// folder of a drive letter (the longest that fits; "C" is "/") becomes "X:\...",
+// one under /net/server/share becomes "\\server\share\...", and a relative path
+// only gets "\" for "/". So a wizard found on Linux has a drive, as on Windows.
+Tx FicDeNat(const std::string& nat);
 // Maps a drive letter to a Linux folder; an empty folder removes the mapping.
 void FicDrvMap(char16_t letra, const Tx& dir);
 // The drive letters that have a folder, in letter order, with their folders.

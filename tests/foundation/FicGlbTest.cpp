@@ -197,6 +197,19 @@ TEST(FicTx, NatMapsDrivesAndShares) {
   FicDrvMap(u'Q', u"");
 }
 
+TEST(FicTx, DeNatGivesDrivesBack) {
+  EXPECT_EQ(FicDeNat("/home/u/wiz/ZunWiz.par"), u"C:\\home\\u\\wiz\\ZunWiz.par");
+  EXPECT_EQ(FicDeNat("/"), u"C:\\");
+  EXPECT_EQ(FicDeNat("/tmp/"), u"C:\\tmp");
+  EXPECT_EQ(FicDeNat("/net/srv/sh/x"), u"\\\\srv\\sh\\x");
+  EXPECT_EQ(FicDeNat("rel/a"), u"rel\\a");
+  FicDrvMap(u'D', u"/media/dvd/");
+  EXPECT_EQ(FicDeNat("/media/dvd/setup/x.par"), u"D:\\setup\\x.par");
+  EXPECT_EQ(FicDeNat("/media/dvdx"), u"C:\\media\\dvdx");  // not below D's folder
+  EXPECT_EQ(FicNat(FicDeNat("/media/dvd/setup/x.par")), "/media/dvd/setup/x.par");
+  FicDrvMap(u'D', u"");
+}
+
 TEST_F(FicDsk, ExiAndTypes) {
   Escreve("f.txt", "x");
   EXPECT_EQ(FicExi(P("f.txt")), 1);
