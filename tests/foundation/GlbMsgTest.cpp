@@ -111,19 +111,6 @@ TEST(GlbMsg, ErrAddsTheErrorLine) {
             u"Erro :  53 - File not found");
 }
 
-TEST(GlbMsg, TxLinTab) {
-  Tx v = u"a|b\u00BBc";
-  Tx r;
-  MsgTxLin(v, r);
-  EXPECT_EQ(r, u"a\r\nb\u00BBc");
-  EXPECT_EQ(v, u"a|b\u00BBc");
-  MsgTxTab(v);
-  EXPECT_EQ(v, u"a|b\tc");
-  Tx e;
-  MsgTxLin(e);
-  EXPECT_EQ(e, u"");
-}
-
 TEST(GlbMsg, NoDialogFlagAnswersZeroAndShowsNothing) {
   Usa u;
   MsgSemDlgDef(1);
