@@ -8,6 +8,7 @@
 #include "FicGlb.h"
 #include "GlbMsg.h"
 #include "MsgDlgQt.h"
+#include "PrcExe.h"
 #include "TxtGlb.h"
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
@@ -160,12 +161,15 @@ void CmpInsVer(int16_t& resp) {
   resp = r == 1 ? 1 : -1;
 }
 
-// Runs the component installer beside the executable and waits for its end.
-// Until the program runner is in place the installer counts as missing.
+// Runs the component installer beside the executable ("InsCmp.exe", found as
+// "InsCmp" on Linux) and waits without limit for its end; window events run
+// before and after. Status 1 when it ran to its end, 0 when it could not start.
 void CmpInsExe(int16_t& st) {
-  Tx pgm = FicJun(DirExe, u"InsCmp");
-  (void)pgm;
-  st = 0;
+  Tx pgm = DirExe + u"\\" + u"InsCmp.exe";
+  EvtPmp();
+  int pid = 0, cod = 0;
+  st = PrcLan(pgm, {}, pid) == 0 && PrcEsp(pid, -1, cod) == u"NOR" ? 1 : 0;
+  EvtPmp();
 }
 
 void WizFrmFim(Var& slot) {

@@ -178,3 +178,24 @@ TEST(WizTntCic, SuccessEndsTheLoop) {
   EXPECT_EQ(n.log, u"TITIT");
   EXPECT_EQ(c.g.caixas.size(), 1u);
 }
+
+// The installer beside the executable is found without its ".exe", and the
+// start-up waits for its end; a missing installer gives status 0.
+TEST(CmpInsExe, RunsTheInstallerBesideTheExecutableAndWaits) {
+  fs::path d = DirTmp("ins");
+  fs::remove(d / "feito");
+  {
+    std::ofstream f(d / "InsCmp");
+    f << "#!/bin/sh\nsleep 0.3\ntouch \"$(dirname \"$0\")/feito\"\n";
+  }
+  fs::permissions(d / "InsCmp", fs::perms::owner_all);
+  DirExe = TxP(d);
+  int16_t st = -9;
+  CmpInsExe(st);
+  EXPECT_EQ(st, 1);
+  EXPECT_TRUE(fs::exists(d / "feito"));
+
+  DirExe = TxP(DirTmp("sem-ins"));
+  CmpInsExe(st);
+  EXPECT_EQ(st, 0);
+}
