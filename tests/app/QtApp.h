@@ -1,10 +1,14 @@
-// One QApplication for the whole test program, made on first use.
+// One QApplication for the whole test program, made on first use. Without a
+// platform named by the environment, the windows stay off screen.
 #pragma once
 #include <QApplication>
+#include <cstdlib>
 
 inline void QtApp() {
   static int argc = 1;
   static char nome[] = "test_app";
   static char* argv[] = {nome, nullptr};
-  if (!QApplication::instance()) new QApplication(argc, argv);
+  if (QApplication::instance()) return;
+  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  new QApplication(argc, argv);
 }
