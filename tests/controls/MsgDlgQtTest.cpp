@@ -1,11 +1,13 @@
 // The Qt message box: the shape a style code gives, and the answer of a real box.
 #include <gtest/gtest.h>
 #include <QApplication>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include "MsgDlgQt.h"
 
@@ -13,12 +15,15 @@ using namespace zw;
 
 namespace {
 
-// One QApplication for the whole program, whichever test file makes it first.
+// One QApplication for the whole program, whichever test file makes it first;
+// off screen unless the environment names a platform.
 void QtApp() {
   static int argc = 1;
   static char nome[] = "test_controls";
   static char* argv[] = {nome, nullptr};
-  if (!QApplication::instance()) new QApplication(argc, argv);
+  if (QApplication::instance()) return;
+  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  new QApplication(argc, argv);
 }
 
 // The answer code of one of the box's buttons.
@@ -103,4 +108,28 @@ TEST(MsgDlgQt, AnswerIsTheCodeOfTheButtonPressed) {
   // Escape answers Cancel where the set has one, and OK on a box with OK alone.
   EXPECT_EQ(responde(kMsgYesNoCancel, QMessageBox::NoButton, true), kAnsCancel);
   EXPECT_EQ(responde(kMsgOk, QMessageBox::NoButton, true), kAnsOk);
+}
+
+// The question box offers the default text; OK gives what the field holds, Cancel
+// gives false and leaves the answer alone.
+TEST(MsgDlgQt, EntradaGivesTheTextOrCancel) {
+  QtApp();
+  MsgDlgQt dlg;
+  auto responde = [&](const QString& escrito, bool ok, Tx& resp) {
+    QTimer::singleShot(0, [escrito, ok] {
+      auto* d = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+      if (!d) return;
+      EXPECT_EQ(d->textValue(), QStringLiteral("C:\\Prog"));
+      EXPECT_EQ(d->labelText(), QStringLiteral("Pasta ?"));
+      d->setTextValue(escrito);
+      ok ? d->accept() : d->reject();
+    });
+    return dlg.Entrada(u"Instalar", u"Pasta ?", u"C:\\Prog", resp);
+  };
+  Tx r = u"antes";
+  EXPECT_TRUE(responde(QStringLiteral("D:\\Outra"), true, r));
+  EXPECT_EQ(r, u"D:\\Outra");
+  r = u"antes";
+  EXPECT_FALSE(responde(QStringLiteral("x"), false, r));
+  EXPECT_EQ(r, u"antes");
 }
