@@ -4,24 +4,15 @@
 #include <unistd.h>
 #include <climits>
 #include "FicGlb.h"
+#include "GlbReg.h"
 #include "OpcAux.h"
 #include "TdaOpc.h"
 #include "TxtGlb.h"
 
-#if __has_include("GlbReg.h")
-#include "GlbReg.h"
-#define ZW_OPC_GLBREG 1
-#endif
 
 namespace zw {
 using namespace opc;
 
-#ifndef ZW_OPC_GLBREG
-// The platform's folders are not in this build yet: the reserved keys read empty.
-static Tx WinDirCon() { return Tx(); }
-static Tx SysDirCon() { return Tx(); }
-static Tx TmpDirCon() { return Tx(); }
-#endif
 
 // The folder of the running executable.
 static Tx DirExe() {
