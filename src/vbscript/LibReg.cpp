@@ -17,6 +17,7 @@ void LibReg() {
   RegExpReg();
   DictReg();
   FsoReg();
+  ShellReg();
 }
 
 }  // namespace vbs
