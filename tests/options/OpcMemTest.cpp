@@ -287,3 +287,40 @@ TEST(OpcZon, ZoneCopiesTabularOptionsAndGroups) {
   EXPECT_EQ(pro[1][1], u"Lab3");
   EXPECT_EQ(pro[1][0], u"1");
 }
+
+TEST(OpcVal, DebugSwitchesSpecialOptionsAndForwardReading) {
+  Tx f = TmpPar("dbg.par", {u"#Z - d [CnvChr=1][Nivel=3]", u"[DbgLog]=LOG", u"[DbgX]=nao", u"[P]=[Q]\\x",
+                            u"[S]=sim", u"##", u"#W", u"lixo", u"[V]=12", u"##"});
+  TdaOpc o;
+  o.ZonIni(f, u"");
+  Seg(o);
+  Var t{Tx()}, n{int16_t(0)};
+  o.OpcDbg(u"log", t, 1);  // "on" means the value repeats the name
+  EXPECT_EQ(t.Txt(), u"S");
+  o.OpcDbg(u"X", n, 1);
+  EXPECT_EQ(n.Int(), 0);
+  o.OpcDbg(u"X", t, 0);
+  EXPECT_EQ(t.Txt(), u"nao");
+  Var e{int16_t(0)}, a{Tx(u"antes")};
+  o.OpcEspCon(u"nivel", e);
+  EXPECT_EQ(e.Int(), 3);
+  o.OpcEspCon(u"falta", a);  // an absent item leaves the holder alone
+  EXPECT_EQ(a.Txt(), u"antes");
+  Var sn{Tx()};
+  o.MemSN(u"S", sn);
+  EXPECT_EQ(sn.Txt(), u"Sim");
+  o.OpcIni(u"A");
+  o.OpcAct(u"Q", Var(Tx(u"/q")));
+  Tx p, tpp;
+  int16_t ex = 0;
+  o.MemPath(u"P", p, ex, tpp);
+  EXPECT_EQ(p, u"/q\\x");
+  Var v{0.0};
+  Tx nom;
+  o.LerPar(v, nom);  // reads on, over the zone end and the next head
+  EXPECT_EQ(nom, u"V");
+  EXPECT_EQ(v.Num(), 12);
+  o.LerPar(v, nom);
+  EXPECT_EQ(nom, u"");
+  o.ZonFim();
+}
