@@ -11,9 +11,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A copy of a data file in the temporary folder, to be edited.
-Tx Cop(const char* nom) {
-  auto p = fs::temp_directory_path() / (std::string("zw_opc_ed_") + nom);
+// A copy of a data file in the temporary folder, to be edited; the tag keeps the
+// copies of tests that may run at the same time apart.
+Tx Cop(const char* nom, const char* tag) {
+  auto p = fs::temp_directory_path() / (std::string("zw_opc_") + tag + "_" + nom);
   fs::copy_file(Dat(nom), p, fs::copy_options::overwrite_existing);
   return TxDeUtf8(p.string());
 }
@@ -28,7 +29,7 @@ std::string Crlf(std::initializer_list<const char*> lin) {
 
 TEST(OpcGra, RoundTripIsByteIdenticalInEachEncoding) {
   for (const char* n : {"edicao.par", "exemplo.par", "utf8.par", "bom.par", "w1252.par"}) {
-    Tx f = Cop(n), out = f + u".out";
+    Tx f = Cop(n, "rt"), out = f + u".out";
     TdaOpc o;
     int32_t nli = 0;
     o.RegPrp(f, nli);
@@ -40,7 +41,7 @@ TEST(OpcGra, RoundTripIsByteIdenticalInEachEncoding) {
 }
 
 TEST(OpcGra, ChangingAndAddingVariables) {
-  Tx f = Cop("edicao.par");
+  Tx f = Cop("edicao.par", "alt");
   TdaOpc o;
   int32_t nli = 0;
   o.RegPrp(f, nli);
@@ -114,7 +115,7 @@ TEST(OpcGra, ChangingAndAddingVariables) {
 }
 
 TEST(OpcGra, ZonesOfAHeldFileAndModelZones) {
-  Tx f = Cop("edicao.par");
+  Tx f = Cop("edicao.par", "zon");
   TdaOpc o;
   int32_t nli = 0, pri = 0, cnt = 0;
   o.RegPrp(f, nli);
