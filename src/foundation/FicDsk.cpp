@@ -4,6 +4,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -24,6 +25,13 @@ std::map<char16_t, Tx>& Drives() {
   return m;
 }
 bool EhSep(char16_t c) { return c == u'\\' || c == u'/'; }
+
+// True when another open file holds this one for writing (see FicAbr).
+bool Preso(int fd) {
+  if (flock(fd, LOCK_SH | LOCK_NB) != 0) return errno == EWOULDBLOCK;
+  flock(fd, LOCK_UN);
+  return false;
+}
 
 // Folder and name of a path text at its last "\" or "/".
 void DivDsk(const Tx& p, Tx& dir, Tx& nom) {
@@ -230,6 +238,13 @@ void FicEli(const Tx& path, int& res) {
     res = kErrFicNao;
     return;
   }
+  int fd = open(n.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+  bool preso = fd >= 0 && Preso(fd);
+  if (fd >= 0) close(fd);
+  if (preso) {
+    res = kErrPerm;
+    return;
+  }
   res = unlink(n.c_str()) == 0 ? 0 : FicErrNat(errno, n);
 }
 
@@ -256,9 +271,15 @@ void FicCop(const Tx& orig, const Tx& dest, int& res) {
     res = kErrAces;
     return;
   }
-  int fo = open(d.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, st.st_mode & 07777);
+  int fo = open(d.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, st.st_mode & 07777);
   if (fo < 0) {
     res = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
+    close(fi);
+    return;
+  }
+  if (Preso(fo) || ftruncate(fo, 0) != 0) {  // a target that a writer holds stays as it is
+    res = kErrPerm;
+    close(fo);
     close(fi);
     return;
   }

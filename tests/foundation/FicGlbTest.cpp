@@ -397,6 +397,10 @@ TEST_F(FicDsk, AbrNumbersAndPolicies) {
   FicAbrNum(6, P("w.txt"), u"A", r);
   EXPECT_EQ(r, -70);  // held by the writer on number 4
   EXPECT_EQ(FicExi(P("w.txt")), -70);
+  FicEli(P("w.txt"), r);
+  EXPECT_EQ(r, 70);
+  FicCop(P("f.txt"), P("w.txt"), r);
+  EXPECT_EQ(r, 70);
   FicFec(4);
   EXPECT_EQ(FicExi(P("w.txt")), 1);
 
