@@ -2,6 +2,7 @@
 // wizard's reader sees in a file (dump), answers an option query as the wizard
 // would after reading the whole file (get), and changes or adds one variable in
 // place, leaving the rest of the file as it was (set).
+#include <unistd.h>
 #include <cmath>
 #include <cstdio>
 #include <exception>
@@ -170,6 +171,10 @@ int main(int argc, char** argv) {
     if (cmd == u"set") {
       if (a.size() != 4) return Uso();
       if (!Legivel(fic)) return 2;
+      if (access(FicNat(fic).c_str(), W_OK) != 0) {  // the writer would fail without a word
+        std::fprintf(stderr, "zunwiz-opc: cannot write %s (permission denied)\n", TxUtf8(fic).c_str());
+        return 2;
+      }
       TdaOpc o;
       return Set(o, fic, a[2], a[3]);
     }
