@@ -49,7 +49,10 @@ bool Invoca(vbs::Obj* o, const Tx& member, std::vector<vbs::Value>& vals, vbs::V
   try {
     int id = o->Id(member);
     if (id < 0) return false;
-    o->Invoke(id, vbs::Inv::Call, vbs::Args{vals.data(), int(vals.size())}, r);
+    // By reference: each argument points at its cell in vals, so the callee writes there.
+    std::vector<vbs::Value> refs;
+    for (auto& v : vals) refs.push_back(vbs::Value::RefTo(&v));
+    o->Invoke(id, vbs::Inv::Call, vbs::Args{refs.data(), int(refs.size())}, r);
     return true;
   } catch (...) {
     return false;
@@ -131,6 +134,7 @@ bool ObArrCall(const Var& ob, const Tx& member, std::vector<Var>& elems, Var& re
 bool VbsSup::EngReset() {
   if (!sc_) return false;
   sc_->Reset();
+  added_.clear();
   return true;
 }
 
@@ -153,7 +157,15 @@ bool VbsSup::EngAddObject(const Tx& name, const Var& ob, Tx& why) {
     why = u"not an object of the engine";
     return false;
   }
-  return sc_->AddObject(name, vbs::Ref<vbs::Obj>(o));
+  // A name takes one object until the next reset, as the platform's control has it.
+  for (auto& n : added_)
+    if (vbs::EqNoCase(n, name)) {
+      why = u"an object named \"" + name + u"\" was added already";
+      return false;
+    }
+  if (!sc_->AddObject(name, vbs::Ref<vbs::Obj>(o))) return false;
+  added_.push_back(name);
+  return true;
 }
 
 bool VbsSup::EngAddCode(const Tx& tx) { return sc_ && sc_->AddCode(tx); }

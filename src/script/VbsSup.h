@@ -171,6 +171,7 @@ class VbsSup {
   std::vector<Rob> tab_;   // object table; element 0 unused
   int32_t fix_ = 0;        // table length saved by RegObFixPrp
   int16_t runOk_ = 0;      // last run flag
+  std::vector<Tx> added_;  // names given to the engine since its last reset
   Var fxpOb_;              // this host as the engine sees it
   VbsFxp* fxp_ = nullptr;  // held by fxpOb_
 };

@@ -30,6 +30,7 @@ void VbsSup::FxIni() {
 void VbsSup::FxFim() {
   DbgFxFim(trcName_, trcState_, u"#I");
   sc_.reset();
+  added_.clear();
   doc_ = Var();
   own_ = Var();
   cbk_ = Var();
@@ -59,6 +60,7 @@ void VbsSup::VbsSupPrp(const Var& frm, std::shared_ptr<vbs::ScriptControl> sc, c
 // Binds the engine, keeps owner and callback, registers the host as "FxPre" and
 // "Fxp" and starts the engine. The two registration flags are not looked at.
 void VbsSup::RegSup(const Var& frm, std::shared_ptr<vbs::ScriptControl> sc, const Var& cbk, bool hwnd) {
+  if (sc != sc_) added_.clear();
   sc_ = std::move(sc);
   own_ = frm;
   cbk_ = cbk.EhFalta() ? frm : cbk;

