@@ -17,6 +17,7 @@ enum Op : uint16_t {
   // variables by addressing mode (b holds the mode: see Md)
   oLd, oSt, oSet, oRef,
   oLdL, oStL,  // locals, the common case
+  oLdG, oStG,  // globals
   oKeep,       // stores the top in local a as it is (an expression's result)
   oRefIx,      // name(i...) as an argument: an element of an array by reference, else as oCall
   oCall,       // name with argc arguments (c): procedure call, array element or default member
@@ -75,6 +76,7 @@ struct Proc {
   bool dflt = false;
   int nargs = 0;
   std::vector<bool> byval;
+  bool anyByval = false;
   int nslots = 0;      // arguments, result, locals, hidden slots
   int result = -1;     // slot of the result (Function, Property Get)
   std::vector<Tx> slotNames;

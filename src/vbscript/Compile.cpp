@@ -857,6 +857,7 @@ class Parser {
           for (auto& s : pr->slotNames) if (EqNoCase(s, an)) Fail(1041);
           pr->slotNames.push_back(an);
           pr->byval.push_back(byval);
+          pr->anyByval = pr->anyByval || byval;
           ++pr->nargs;
           if (!IsOp(',')) break;
           Next();
@@ -1390,7 +1391,12 @@ class Parser {
           break;
         case Res::Up: in.b = mUp; in.a = r.idx; break;
         case Res::Member: in.b = mMember; in.a = r.idx; break;
-        case Res::Global: in.b = mGlobal; in.a = r.idx; break;
+        case Res::Global:
+          in.b = mGlobal;
+          in.a = r.idx;
+          if (in.op == oLd) in.op = oLdG;
+          else if (in.op == oSt) in.op = oStG;
+          break;
         case Res::Const:
           if (in.op == oLd || in.op == oRef) {
             in.op = oPushK;

@@ -56,6 +56,7 @@ class Engine {
 
   // ---- global table
   std::deque<Cell> cells;
+  std::vector<Cell*> cp;               // the same cells, for quick indexing
   std::unordered_map<Tx, int> byName;  // upper-cased name to cell
   int CellOf(TxV name);                // finds or makes a cell
   int FindCell(TxV name) const;        // -1 when none
@@ -94,7 +95,8 @@ class Engine {
   void Exec(const Proc& p, Value* bp, Inst* me, Value* up);
   Value NewInst(TxV cls);
   void Terminate(Inst* o);
-  void Tick();
+  void Tick() { if (timed && --tick <= 0) TickSlow(); }
+  void TickSlow();
   void Reset();
   void StartClock();
   // Execute, ExecuteGlobal and Eval from running code: kind 0, 1, 2.
@@ -111,6 +113,12 @@ struct UseEngine {
 };
 // A timeout: stops the script whatever handlers it has.
 struct Abort {};
+
+// Empties a value; scalars without a call.
+inline void Clear(Value& v) {
+  if (v.t >= vtString) v = Value();
+  else v.t = vtEmpty;
+}
 
 // Assigns by Let: objects give their default value, arrays are copied.
 void LetTo(Value& dst, Value&& src);

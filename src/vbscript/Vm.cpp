@@ -5,6 +5,7 @@
 // exception to the nearest frame that runs under On Error Resume Next, which
 // abandons the failing statement and goes on with the next one.
 #include <algorithm>
+#include <iterator>
 #include <cmath>
 #include "Builtins.h"
 #include "Engine.h"
@@ -13,7 +14,7 @@
 namespace vbs {
 
 namespace {
-constexpr size_t kStack = 1 << 18;
+constexpr size_t kStack = 1 << 16;
 constexpr int kMaxDepth = 2000;
 thread_local Engine* tlEngine = nullptr;
 
@@ -125,6 +126,7 @@ void Engine::Reset() {
   // values first, while the code their Class_Terminate runs still exists
   for (auto& c : cells) c.v = Value();
   cells.clear();
+  cp.clear();
   byName.clear();
   classes.clear();
   procOrder.clear();
@@ -150,6 +152,7 @@ int Engine::CellOf(TxV name) {
   if (it != byName.end()) return it->second;
   cells.emplace_back();
   cells.back().name = Tx(name);
+  cp.push_back(&cells.back());
   int i = int(cells.size() - 1);
   byName.emplace(std::move(up), i);
   return i;
@@ -186,8 +189,7 @@ void Engine::StartClock() {
   tick = 4096;
 }
 
-void Engine::Tick() {
-  if (!timed || --tick > 0) return;
+void Engine::TickSlow() {
   tick = 4096;
   if (std::chrono::steady_clock::now() > deadline) throw Abort{};
 }
@@ -360,11 +362,17 @@ static void MakeArrays(Engine& E, const Proc& p, Value* bp) {
   }
 }
 
-static void PopTo(Engine& E, Value* base) {
+static void UnlockTo(Engine& E, Value* base);
+
+static inline void PopTo(Engine& E, Value* base) {
   while (E.sp > base) {
-    E.sp[-1] = Value();
+    Clear(E.sp[-1]);
     --E.sp;
   }
+  if (!E.elemLocks.empty()) UnlockTo(E, base);
+}
+
+static void UnlockTo(Engine& E, Value* base) {
   while (!E.elemLocks.empty() && E.elemLocks.back().first >= base) {
     Arr* a = E.elemLocks.back().second;
     E.elemLocks.pop_back();
@@ -377,14 +385,16 @@ void Engine::CallStk(const Proc& p, Inst* me, int argc) {
   if (argc != p.nargs) Raise(450);
   Value* bp = sp - argc;
   if (depth >= kMaxDepth || bp + p.nslots + 1024 > stkEnd) Raise(28);
-  for (int k = 0; k < argc; ++k) {
-    if (!p.byval[size_t(k)]) continue;
-    Value& a = bp[k];
-    if (a.t == vtRef) {
-      Value c = *a.r;
-      a = std::move(c);
+  if (p.anyByval) {
+    for (int k = 0; k < argc; ++k) {
+      if (!p.byval[size_t(k)]) continue;
+      Value& a = bp[k];
+      if (a.t == vtRef) {
+        Value c = *a.r;
+        a = std::move(c);
+      }
+      if ((a.t & vtArray) && a.a->rc > 1) a = Value(CloneArr(a.a));
     }
-    if ((a.t & vtArray) && a.a->rc > 1) a = Value(CloneArr(a.a));
   }
   sp = bp + p.nslots;
   ++depth;
@@ -398,9 +408,10 @@ void Engine::CallStk(const Proc& p, Inst* me, int argc) {
   }
   --depth;
   Value r;
-  if (p.result >= 0) r = std::move(bp[p.result]);
+  if (p.result >= 0) r.Swap(bp[p.result]);
   PopTo(*this, bp);
-  PushV(*this, std::move(r));
+  bp->Swap(r);
+  sp = bp + 1;
 }
 
 void Engine::CallProc(const Proc& p, Inst* me, Args a, Value& r) {
@@ -489,11 +500,6 @@ static inline bool Truth(const Value& v0) {
 static inline int64_t IntOf(const Value& v) { return v.t == vtLong ? v.l : v.i; }
 static inline bool IsIntK(const Value& v) { return v.t == vtInteger || v.t == vtLong; }
 
-static Value FitI(int64_t r) {
-  if (r >= -32768 && r <= 32767) return Value(int16_t(r));
-  if (r >= INT32_MIN && r <= INT32_MAX) return Value(int32_t(r));
-  return Value(double(r));
-}
 
 void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
   const Ins* const code = p.code.data();
@@ -514,7 +520,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
         return me->f[size_t(m.field)];
       }
       default: {
-        Cell& c = cells[size_t(I.a)];
+        Cell& c = *cp[size_t(I.a)];
         if (c.kind != Cell::Var) {
           if (c.kind == Cell::Undecl) {
             if (explicit_) Raise(500);
@@ -529,78 +535,177 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
   };
   auto isProp = [&](const Ins& I) { return I.b == mMember && me->cls->mems[size_t(I.a)].field < 0; };
   auto isProcCell = [&](const Ins& I) {
-    return I.b == mGlobal && cells[size_t(I.a)].kind == Cell::Proc;
+    return I.b == mGlobal && cp[size_t(I.a)]->kind == Cell::Proc;
   };
 
   for (;;) {
     try {
       for (;;) {
-        const Ins& I = *ip++;
-        switch (I.op) {
-          case oPushK: *sp++ = K[I.a]; break;
-          case oPushI: sp->t = vtInteger; sp->i = int16_t(I.a); ++sp; break;
-          case oPushE: ++sp; break;
-          case oPop: sp[-1] = Value(); --sp; break;
-          case oMe: *sp++ = Value(static_cast<Obj*>(me)); break;
-          case oLdL: {
-            const Value& v = bp[I.a].Deref();
-            if (v.t < vtString) { sp->t = v.t; sp->c = v.c; ++sp; }
-            else *sp++ = v;
-            break;
+        // threaded dispatch: each instruction jumps straight to the next one's code
+        static const void* const kDisp[] = {
+          &&L_oPushK,
+          &&L_oPushI,
+          &&L_oPushE,
+          &&L_oPop,
+          &&L_oMe,
+          &&L_oLd,
+          &&L_oSt,
+          &&L_oSet,
+          &&L_oRef,
+          &&L_oLdL,
+          &&L_oStL,
+          &&L_oLdG,
+          &&L_oStG,
+          &&L_oKeep,
+          &&L_oRefIx,
+          &&L_oCall,
+          &&L_oCallB,
+          &&L_oCallV,
+          &&L_oStIx,
+          &&L_oSetIx,
+          &&L_oMGet,
+          &&L_oMCall,
+          &&L_oMLet,
+          &&L_oMSet,
+          &&L_oNew,
+          &&L_oAdd,
+          &&L_oSub,
+          &&L_oMul,
+          &&L_oDiv,
+          &&L_oIDiv,
+          &&L_oMod,
+          &&L_oPow,
+          &&L_oNeg,
+          &&L_oNot,
+          &&L_oAnd,
+          &&L_oOr,
+          &&L_oXor,
+          &&L_oEqv,
+          &&L_oImp,
+          &&L_oCat,
+          &&L_oEq,
+          &&L_oNe,
+          &&L_oLt,
+          &&L_oGt,
+          &&L_oLe,
+          &&L_oGe,
+          &&L_oIs,
+          &&L_oAppend,
+          &&L_oJmp,
+          &&L_oJf,
+          &&L_oJt,
+          &&L_oForPrep,
+          &&L_oForNext,
+          &&L_oFePrep,
+          &&L_oFeNext,
+          &&L_oCaseEq,
+          &&L_oRet,
+          &&L_oOnErr,
+          &&L_oErase,
+          &&L_oReDim,
+          &&L_oExec,
+          &&L_oWord,
+          &&L_oNop
+        };
+        // NEXT leaves the instruction's scope (running its destructors) for the
+        // common dispatch; FAST jumps on directly and is used only where no local
+        // with a destructor is alive.
+#define NEXT goto dispatch
+#define FAST do { I = ip++; goto *kDisp[I->op]; } while (0)
+        const Ins* I;
+      dispatch:
+        I = ip++;
+        if (I->op >= std::size(kDisp)) goto L_default;
+        goto *kDisp[I->op];
+        {
+          L_oPushK: *sp++ = K[I->a]; NEXT;
+          L_oPushI: sp->t = vtInteger; sp->i = int16_t(I->a); ++sp; FAST;
+          L_oPushE: ++sp; NEXT;
+          L_oPop: Clear(sp[-1]); --sp; NEXT;
+          L_oMe: *sp++ = Value(static_cast<Obj*>(me)); NEXT;
+          L_oLdL: {
+            const Value& v = bp[I->a].Deref();
+            if (v.t < vtString) { sp->t = v.t; sp->c = v.c; ++sp; FAST; }
+            *sp++ = v;
+            NEXT;
           }
-          case oStL: {
-            Value& d = bp[I.a].Deref();
+          L_oStL: {
+            Value& d = bp[I->a].Deref();
             Value& s = sp[-1];
-            if (s.t < vtString && d.t < vtString) { d.t = s.t; d.c = s.c; s.t = vtEmpty; --sp; break; }
+            if (s.t < vtString && d.t < vtString) { d.t = s.t; d.c = s.c; s.t = vtEmpty; --sp; FAST; }
             Value v = std::move(s);
             --sp;
             LetTo(d, std::move(v));
-            break;
+            NEXT;
           }
-          case oKeep: {
+          L_oLdG: {
+            Cell& c = *cp[size_t(I->a)];
+            if (c.kind == Cell::Var) {
+              const Value& v = c.v;
+              if (v.t < vtString) { sp->t = v.t; sp->c = v.c; ++sp; FAST; }
+              *sp++ = v;
+              NEXT;
+            }
+            if (c.kind == Cell::Proc) { CallStk(*c.proc, nullptr, 0); NEXT; }
+            *sp++ = var(*I, false);
+            NEXT;
+          }
+          L_oStG: {
+            Cell& c = *cp[size_t(I->a)];
+            Value& s = sp[-1];
+            if (c.kind == Cell::Var && s.t < vtString && c.v.t < vtString) {
+              c.v.t = s.t; c.v.c = s.c; s.t = vtEmpty; --sp;
+              FAST;
+            }
+            Value v = std::move(s);
+            --sp;
+            LetTo(var(*I, true), std::move(v));
+            NEXT;
+          }
+          L_oKeep: {
             Value v = std::move(sp[-1]);
             --sp;
-            bp[I.a] = std::move(v);
-            break;
+            bp[I->a] = std::move(v);
+            NEXT;
           }
-          case oLd:
-            if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, 0); break; }
-            if (isProp(I)) {
+          L_oLd:
+            if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, 0); NEXT; }
+            if (isProp(*I)) {
               Value r;
-              me->Member(I.a, Inv::Get, Args{}, r);
+              me->Member(I->a, Inv::Get, Args{}, r);
               PushV(E, std::move(r));
-              break;
+              NEXT;
             }
-            *sp++ = var(I, false);
-            break;
-          case oSt: case oSet: {
-            if (isProp(I)) {
+            *sp++ = var(*I, false);
+            NEXT;
+          L_oSt: L_oSet: {
+            if (isProp(*I)) {
               Value r;
-              me->Member(I.a, I.op == oSet ? Inv::Set : Inv::Let, Args{sp - 1, 1}, r);
+              me->Member(I->a, I->op == oSet ? Inv::Set : Inv::Let, Args{sp - 1, 1}, r);
               PopTo(E, sp - 1);
-              break;
+              NEXT;
             }
             Value v = std::move(sp[-1]);
             --sp;
-            Value& d = var(I, true);
-            if (I.op == oSet) SetTo(d, std::move(v));
+            Value& d = var(*I, true);
+            if (I->op == oSet) SetTo(d, std::move(v));
             else LetTo(d, std::move(v));
-            break;
+            NEXT;
           }
-          case oRef:
-            if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, 0); break; }
-            if (isProp(I)) {
+          L_oRef:
+            if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, 0); NEXT; }
+            if (isProp(*I)) {
               Value r;
-              me->Member(I.a, Inv::Get, Args{}, r);
+              me->Member(I->a, Inv::Get, Args{}, r);
               PushV(E, std::move(r));
-              break;
+              NEXT;
             }
-            *sp++ = Value::RefTo(&var(I, false));
-            break;
-          case oRefIx: {
-            int n = I.c;
-            if (!isProcCell(I) && !isProp(I)) {
-              Value& v = var(I, false);
+            *sp++ = Value::RefTo(&var(*I, false));
+            NEXT;
+          L_oRefIx: {
+            int n = I->c;
+            if (!isProcCell(*I) && !isProp(*I)) {
+              Value& v = var(*I, false);
               if (v.t & vtArray) {
                 Arr* a = v.a;
                 Value* e = &a->At(sp - n, n);
@@ -609,72 +714,72 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
                 a->AddRef();
                 ++a->locks;
                 elemLocks.emplace_back(sp - 1, a);
-                break;
+                NEXT;
               }
             }
           }
-            [[fallthrough]];
-          case oCall: {
-            int n = I.c;
-            if (isProcCell(I)) { CallStk(*cells[size_t(I.a)].proc, nullptr, n); break; }
+            // on to L_oCall
+          L_oCall: {
+            int n = I->c;
+            if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, n); NEXT; }
             Value r;
-            if (isProp(I)) {
-              me->Member(I.a, Inv::Call, Args{sp - n, n}, r);
+            if (isProp(*I)) {
+              me->Member(I->a, Inv::Call, Args{sp - n, n}, r);
             } else {
-              Value& v = var(I, false);
+              Value& v = var(*I, false);
               if (n == 0 && v.t != vtObject) r = v;
               else Index(v, Args{sp - n, n}, Inv::Get, r);
             }
             PopTo(E, sp - n);
             PushV(E, std::move(r));
-            break;
+            NEXT;
           }
-          case oCallB: {
-            const FnDef* f = p.fns[size_t(I.a)];
-            int n = I.c;
+          L_oCallB: {
+            const FnDef* f = p.fns[size_t(I->a)];
+            int n = I->c;
             if (n < f->min || (f->max >= 0 && n > f->max)) Raise(450);
             Value r;
             f->fn(Args{sp - n, n}, r);
             PopTo(E, sp - n);
             PushV(E, std::move(r));
-            break;
+            NEXT;
           }
-          case oCallV: {
-            int n = I.c;
+          L_oCallV: {
+            int n = I->c;
             Value r;
-            Index(sp[-n - 1], Args{sp - n, n}, I.a ? Inv::Call : Inv::Get, r);
+            Index(sp[-n - 1], Args{sp - n, n}, I->a ? Inv::Call : Inv::Get, r);
             PopTo(E, sp - n - 1);
             PushV(E, std::move(r));
-            break;
+            NEXT;
           }
-          case oStIx: case oSetIx: {
-            int n = I.c + 1;
-            bool set = I.op == oSetIx;
-            if (isProp(I)) {
+          L_oStIx: L_oSetIx: {
+            int n = I->c + 1;
+            bool set = I->op == oSetIx;
+            if (isProp(*I)) {
               Value r;
-              me->Member(I.a, set ? Inv::Set : Inv::Let, Args{sp - n, n}, r);
+              me->Member(I->a, set ? Inv::Set : Inv::Let, Args{sp - n, n}, r);
             } else {
-              StoreIx(var(I, false), Args{sp - n, n}, set);
+              StoreIx(var(*I, false), Args{sp - n, n}, set);
             }
             PopTo(E, sp - n);
-            break;
+            NEXT;
           }
-          case oMGet: case oMCall: case oMLet: case oMSet: {
-            int n = I.c + ((I.op == oMLet || I.op == oMSet) ? 1 : 0);
+          L_oMGet: L_oMCall: L_oMLet: L_oMSet: {
+            int n = I->c + ((I->op == oMLet || I->op == oMSet) ? 1 : 0);
             Value& ov = sp[-n - 1].Deref();
-            if ((ov.t & vtArray) && (I.op == oMLet || I.op == oMSet) && K[I.a].s->len == 0) {
+            if ((ov.t & vtArray) && (I->op == oMLet || I->op == oMSet) && K[I->a].s->len == 0) {
               // f(1)(2) = v where f(1) is an array
-              StoreIx(ov, Args{sp - n, n}, I.op == oMSet);
+              StoreIx(ov, Args{sp - n, n}, I->op == oMSet);
               PopTo(E, sp - n - 1);
-              break;
+              NEXT;
             }
             if (ov.t != vtObject) Raise(424);
             if (!ov.o) Raise(91);
             Ref<Obj> o(ov.o);
-            const Value& nm = K[I.a];
+            const Value& nm = K[I->a];
             int id = nm.s->len == 0 ? 0 : o->Id(nm.Sv());
             if (id < 0) Raise(438);
-            Inv k = I.op == oMGet ? Inv::Get : I.op == oMCall ? Inv::Call : I.op == oMLet ? Inv::Let : Inv::Set;
+            Inv k = I->op == oMGet ? Inv::Get : I->op == oMCall ? Inv::Call : I->op == oMLet ? Inv::Let : Inv::Set;
             if (k == Inv::Set) {
               Value& v = sp[-1];
               if (v.Deref().t != vtObject) Raise(424);
@@ -683,74 +788,74 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             o->Invoke(id, k, Args{sp - n, n}, r);
             PopTo(E, sp - n - 1);
             if (k == Inv::Get || k == Inv::Call) PushV(E, std::move(r));
-            break;
+            NEXT;
           }
-          case oNew: PushV(E, NewInst(K[I.a].Sv())); break;
+          L_oNew: PushV(E, NewInst(K[I->a].Sv())); NEXT;
 
-          case oAdd: case oSub: case oMul: {
+          L_oAdd: L_oSub: L_oMul: {
             Value& x = sp[-2];
             Value& y = sp[-1];
             if (IsIntK(x) && IsIntK(y)) {
               int64_t a = IntOf(x), b = IntOf(y), v;
-              v = I.op == oAdd ? a + b : I.op == oSub ? a - b : a * b;
+              v = I->op == oAdd ? a + b : I->op == oSub ? a - b : a * b;
               bool wide = x.t == vtLong || y.t == vtLong;
               if (!wide && v >= -32768 && v <= 32767) { x.t = vtInteger; x.i = int16_t(v); }
               else if (v >= INT32_MIN && v <= INT32_MAX) { x.t = vtLong; x.l = int32_t(v); }
               else { x.t = vtDouble; x.d = double(v); }
               y.t = vtEmpty;
               --sp;
-              break;
+              FAST;
             }
             if (x.t == vtDouble && y.t == vtDouble) {
-              double v = I.op == oAdd ? x.d + y.d : I.op == oSub ? x.d - y.d : x.d * y.d;
+              double v = I->op == oAdd ? x.d + y.d : I->op == oSub ? x.d - y.d : x.d * y.d;
               if (!std::isfinite(v)) Raise(6);
               x.d = v;
               y.t = vtEmpty;
               --sp;
-              break;
+              FAST;
             }
-            Value r = Arith(I.op, x, y);
+            Value r = Arith(I->op, x, y);
             x = std::move(r);
             sp[-1] = Value();
             --sp;
-            break;
+            NEXT;
           }
-          case oMod: {
+          L_oMod: {
             Value& x = sp[-2];
             Value& y = sp[-1];
             if (IsIntK(x) && IsIntK(y)) {
-              int64_t b = IntOf(y);
+              int32_t b = int32_t(IntOf(y));
               if (b == 0) Raise(11);
-              int64_t v = IntOf(x) % b;
+              int32_t v = b == -1 ? 0 : int32_t(IntOf(x)) % b;
               bool wide = x.t == vtLong || y.t == vtLong;
               if (wide) { x.t = vtLong; x.l = int32_t(v); } else { x.i = int16_t(v); }
               y.t = vtEmpty;
               --sp;
-              break;
+              FAST;
             }
-            Value r = Arith(I.op, x, y);
+            Value r = Arith(I->op, x, y);
             x = std::move(r);
             sp[-1] = Value();
             --sp;
-            break;
+            NEXT;
           }
-          case oDiv: case oIDiv: case oPow: {
-            Value r = Arith(I.op, sp[-2], sp[-1]);
+          L_oDiv: L_oIDiv: L_oPow: {
+            Value r = Arith(I->op, sp[-2], sp[-1]);
             sp[-2] = std::move(r);
             sp[-1] = Value();
             --sp;
-            break;
+            NEXT;
           }
-          case oNeg: { Value r = Neg(sp[-1]); sp[-1] = std::move(r); break; }
-          case oNot: { Value r = NotOp(sp[-1]); sp[-1] = std::move(r); break; }
-          case oAnd: case oOr: case oXor: case oEqv: case oImp: {
-            Value r = Logic(I.op, sp[-2], sp[-1]);
+          L_oNeg: { Value r = Neg(sp[-1]); sp[-1] = std::move(r); NEXT; }
+          L_oNot: { Value r = NotOp(sp[-1]); sp[-1] = std::move(r); NEXT; }
+          L_oAnd: L_oOr: L_oXor: L_oEqv: L_oImp: {
+            Value r = Logic(I->op, sp[-2], sp[-1]);
             sp[-2] = std::move(r);
             sp[-1] = Value();
             --sp;
-            break;
+            NEXT;
           }
-          case oCat: {
+          L_oCat: {
             Value& x = sp[-2];
             Value& y = sp[-1];
             if (x.t == vtString && x.s->rc == 1 && y.t == vtString) {
@@ -770,24 +875,36 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             }
             sp[-1] = Value();
             --sp;
-            break;
+            NEXT;
           }
-          case oEq: case oNe: case oLt: case oGt: case oLe: case oGe: {
+          L_oEq: L_oNe: L_oLt: L_oGt: L_oLe: L_oGe: {
             Value& x = sp[-2];
             Value& y = sp[-1];
             int c;
             if (IsIntK(x) && IsIntK(y)) {
               int64_t a = IntOf(x), b = IntOf(y);
-              c = a < b ? -1 : a > b ? 1 : 0;
-            } else {
-              c = Cmp(x, y);
+              bool v;
+              switch (I->op) {
+                case oEq: v = a == b; break;
+                case oNe: v = a != b; break;
+                case oLt: v = a < b; break;
+                case oGt: v = a > b; break;
+                case oLe: v = a <= b; break;
+                default: v = a >= b; break;
+              }
+              x.t = vtBoolean;
+              x.i = v ? -1 : 0;
+              y.t = vtEmpty;
+              --sp;
+              FAST;
             }
+            c = Cmp(x, y);
             Value r;
             if (c == 2) {
               r = Value::Null();
             } else {
               bool v = false;
-              switch (I.op) {
+              switch (I->op) {
                 case oEq: v = c == 0; break;
                 case oNe: v = c != 0; break;
                 case oLt: v = c < 0; break;
@@ -797,29 +914,30 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               }
               r = Value(v);
             }
-            x = std::move(r);
-            sp[-1] = Value();
+            if (x.t >= vtString) x = std::move(r);
+            else { x.t = r.t; x.c = r.c; }
+            Clear(sp[-1]);
             --sp;
-            break;
+            NEXT;
           }
-          case oIs: {
+          L_oIs: {
             bool v = IsSame(sp[-2], sp[-1]);
             sp[-2] = Value(v);
             sp[-1] = Value();
             --sp;
-            break;
+            NEXT;
           }
-          case oAppend: {
-            if (isProp(I)) {
+          L_oAppend: {
+            if (isProp(*I)) {
               Value cur;
-              me->Member(I.a, Inv::Get, Args{}, cur);
+              me->Member(I->a, Inv::Get, Args{}, cur);
               Value r = Concat(cur, sp[-1]);
               sp[-1] = std::move(r);
-              me->Member(I.a, Inv::Let, Args{sp - 1, 1}, cur);
+              me->Member(I->a, Inv::Let, Args{sp - 1, 1}, cur);
               PopTo(E, sp - 1);
-              break;
+              NEXT;
             }
-            Value& d = var(I, true);
+            Value& d = var(*I, true);
             Value& y = sp[-1];
             if (d.t == vtString && d.s->rc == 1 && (y.t == vtString || (y.t != vtNull && y.t != vtObject))) {
               Tx tmp;
@@ -841,80 +959,91 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
                 Str* n = Str::New(r.Sv(), r.s->len * 2 + 16);
                 r = Value::Take(n);
               }
-              Value& d2 = var(I, true);
+              Value& d2 = var(*I, true);
               d2 = std::move(r);
             }
             sp[-1] = Value();
             --sp;
-            break;
+            NEXT;
           }
 
-          case oJmp:
-            if (I.a <= ip - code) Tick();
-            ip = code + I.a;
-            break;
-          case oJf: {
+          L_oJmp:
+            if (I->a <= ip - code) Tick();
+            ip = code + I->a;
+            FAST;
+          L_oJf: {
+            if (sp[-1].t == vtBoolean) {
+              --sp;
+              bool t = sp->i != 0;
+              sp->t = vtEmpty;
+              if (!t) {
+                if (I->a <= ip - code) Tick();
+                ip = code + I->a;
+              }
+              FAST;
+            }
             bool t = Truth(sp[-1]);
-            sp[-1] = Value();
+            Clear(sp[-1]);
             --sp;
             if (!t) {
-              if (I.a <= ip - code) Tick();
-              ip = code + I.a;
+              if (I->a <= ip - code) Tick();
+              ip = code + I->a;
             }
-            break;
+            NEXT;
           }
-          case oJt: {
+          L_oJt: {
             bool t = Truth(sp[-1]);
-            sp[-1] = Value();
+            Clear(sp[-1]);
             --sp;
             if (t) {
-              if (I.a <= ip - code) Tick();
-              ip = code + I.a;
+              if (I->a <= ip - code) Tick();
+              ip = code + I->a;
             }
-            break;
+            NEXT;
           }
-          case oForPrep: {
+          L_oForPrep: {
             const Ins& W = *ip++;
             Value step = ToNum(sp[-1]), lim = ToNum(sp[-2]), start = ToNum(sp[-3]);
             PopTo(E, sp - 3);
             if (step.t == vtNull || lim.t == vtNull || start.t == vtNull) Raise(94);
-            bp[I.c] = lim;
-            bp[I.c + 1] = step;
-            Value& v = var(I, true);
+            bp[I->c] = lim;
+            bp[I->c + 1] = step;
+            Value& v = var(*I, true);
             v = start;
             int c = Cmp(start, lim);
             bool up2 = Cmp(step, Value(int16_t(0))) >= 0;
             if (up2 ? c > 0 : c < 0) ip = code + W.a;
-            break;
+            NEXT;
           }
-          case oForNext: {
+          L_oForNext: {
             const Ins& W = *ip++;
             Tick();
-            Value& v = var(I, true);
-            const Value& lim = bp[I.c];
-            const Value& step = bp[I.c + 1];
+            Value& v = var(*I, true);
+            const Value& lim = bp[I->c];
+            const Value& step = bp[I->c + 1];
             if (IsIntK(v) && IsIntK(step) && IsIntK(lim)) {
               int64_t n = IntOf(v) + IntOf(step);
               int64_t l = IntOf(lim);
               bool wide = v.t == vtLong || step.t == vtLong;
               if (!wide && n >= -32768 && n <= 32767) { v.i = int16_t(n); }
-              else v = FitI(n);
+              else if (n >= INT32_MIN && n <= INT32_MAX) { v.t = vtLong; v.l = int32_t(n); }
+              else { v.t = vtDouble; v.d = double(n); }
               if (IntOf(step) >= 0 ? n <= l : n >= l) ip = code + W.a;
-              break;
+              FAST;
             }
             Value n = Arith(oAdd, v, step);
             v = n;
             int c = Cmp(n, lim);
             bool up2 = Cmp(step, Value(int16_t(0))) >= 0;
             if (up2 ? c <= 0 : c >= 0) ip = code + W.a;
-            break;
+            NEXT;
           }
-          case oFePrep: {
+          L_oFePrep: {
             const Ins& W = *ip++;
             Value coll = sp[-1].Deref();
             PopTo(E, sp - 1);
             if (coll.t & vtArray) {
-              bp[I.c] = coll;
+              bp[I->c] = coll;
             } else if (coll.t == vtObject) {
               if (!coll.o) Raise(91);
               std::vector<Value> items;
@@ -922,40 +1051,40 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               Arr* a = new Arr;
               a->dims.push_back({0, int32_t(items.size())});
               a->v = std::move(items);
-              bp[I.c] = Value(a);
+              bp[I->c] = Value(a);
             } else {
               Raise(451);
             }
-            Arr* a = bp[I.c].a;
-            if (a->v.empty()) { bp[I.c] = Value(); ip = code + W.a; break; }
-            bp[I.c + 1] = Value(int32_t(1));
-            var(I, true) = a->v[0];
-            break;
+            Arr* a = bp[I->c].a;
+            if (a->v.empty()) { bp[I->c] = Value(); ip = code + W.a; NEXT; }
+            bp[I->c + 1] = Value(int32_t(1));
+            var(*I, true) = a->v[0];
+            NEXT;
           }
-          case oFeNext: {
+          L_oFeNext: {
             const Ins& W = *ip++;
             Tick();
-            Arr* a = bp[I.c].a;
-            int32_t& pos = bp[I.c + 1].l;
+            Arr* a = bp[I->c].a;
+            int32_t& pos = bp[I->c + 1].l;
             if (size_t(pos) < a->v.size()) {
               Value e = a->v[size_t(pos++)];
-              var(I, true) = std::move(e);
+              var(*I, true) = std::move(e);
               ip = code + W.a;
             }
-            break;
+            NEXT;
           }
-          case oCaseEq: {
-            int c = Cmp(bp[I.a], sp[-1]);
+          L_oCaseEq: {
+            int c = Cmp(bp[I->a], sp[-1]);
             sp[-1] = Value(c == 0);
-            break;
+            NEXT;
           }
-          case oRet: return;
-          case oOnErr:
-            onErr = I.a != 0;
+          L_oRet: return;
+          L_oOnErr:
+            onErr = I->a != 0;
             err = ErrState();
-            break;
-          case oErase: {
-            Value& v = var(I, true);
+            NEXT;
+          L_oErase: {
+            Value& v = var(*I, true);
             if (!(v.t & vtArray)) Raise(13);
             if (v.a->locks) Raise(10);
             if (v.a->fixed) {
@@ -964,15 +1093,15 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               Arr* a = new Arr;
               v = Value(a);
             }
-            break;
+            NEXT;
           }
-          case oReDim: {
+          L_oReDim: {
             const Ins& W = *ip++;
-            int n = I.c;
+            int n = I->c;
             std::vector<int32_t> ub(static_cast<size_t>(n));
             for (int k = 0; k < n; ++k) ub[size_t(k)] = ToLng(sp[-n + k]);
             PopTo(E, sp - n);
-            Value& v = var(I, true);
+            Value& v = var(*I, true);
             if ((v.t & vtArray) && v.a->fixed) Raise(10);
             if ((v.t & vtArray) && v.a->locks) Raise(10);
             Arr* a = new Arr;
@@ -995,19 +1124,22 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               for (size_t k = 0; k < keep; ++k) a->v[k] = std::move(o->v[k]);
             }
             v = std::move(hold);
-            break;
+            NEXT;
           }
-          case oExec: {
+          L_oExec: {
             Value r;
             Value text = sp[-1];
             PopTo(E, sp - 1);
-            ExecText(text, I.a, p, bp, me, r);
-            if (I.a == 2) PushV(E, std::move(r));
-            break;
+            ExecText(text, I->a, p, bp, me, r);
+            if (I->a == 2) PushV(E, std::move(r));
+            NEXT;
           }
-          case oWord: case oNop: break;
-          default: Raise(51);
-        }
+          L_oWord: L_oNop: NEXT;
+          L_default: Raise(51);
+                }
+#undef NEXT
+#undef FAST
+
       }
     } catch (Fault& f) {
       int pc = int(ip - code) - 1;

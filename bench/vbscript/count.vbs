@@ -1,0 +1,10 @@
+' Counting loop: 3,000,000 iterations of s = s + i Mod 7.
+Dim s
+Sub Bench()
+  Dim i
+  s = 0
+  For i = 1 To 3000000
+    s = s + i Mod 7
+  Next
+End Sub
+Dim t : t = Timer : Bench : WScript.Echo "count", s, FormatNumber(Timer - t, 3)
