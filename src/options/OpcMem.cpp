@@ -2,6 +2,7 @@
 // index, the queries by key or row number, and directory groups.
 #include <algorithm>
 #include <functional>
+#include "DbgFx.h"
 #include "FicGlb.h"
 #include "OpcAux.h"
 #include "TdaOpc.h"
@@ -46,6 +47,7 @@ int32_t OpcIdx::Psq(TxV chv) const {
 }
 
 TdaOpc::TdaOpc() {
+  DbgObjIni(u"TdaOpc", stamp_);
   OpcIni(u"");
   MemLpz();
   IdxIni(opcFix);
@@ -57,6 +59,7 @@ TdaOpc::TdaOpc() {
 TdaOpc::~TdaOpc() {
   int16_t top = 0;
   while (ficPil.size() > 1) FicPilFim(top);
+  DbgObjFim(u"TdaOpc", stamp_);
 }
 
 void TdaOpc::MemLpz() {

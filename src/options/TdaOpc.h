@@ -219,6 +219,7 @@ class TdaOpc {
   static std::array<int, 3> DatOmi;
 
  private:
+  Tx stamp_;  // instance stamp of the debug trace
   IdxTab opcGer, opcFix;
   OpcIdx memIdx, matIdx;
   std::vector<int16_t> ficPil{0};  // file numbers; element 0 unused
