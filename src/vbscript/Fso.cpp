@@ -39,6 +39,11 @@ void FsoErr(int e, bool pasta) {
   }
 }
 
+bool FsoSoLeitura(const std::string& p) {
+  struct stat st;
+  return stat(p.c_str(), &st) == 0 && !(st.st_mode & S_IWUSR);
+}
+
 double FsoData(long seg) {
   time_t t = seg;
   struct tm tm;
@@ -168,7 +173,7 @@ void FsoCopiaFic(const std::string& de, const std::string& para, bool sobre) {
   if (stat(para.c_str(), &st) == 0) {
     if (S_ISDIR(st.st_mode)) Raise(70);
     if (!sobre) Raise(58);
-    if (access(para.c_str(), W_OK) != 0) Raise(70);
+    if (FsoSoLeitura(para)) Raise(70);
   }
   std::error_code ec;
   if (!EhDir(PaiNat(para).empty() ? "." : PaiNat(para))) Raise(76);
@@ -200,7 +205,7 @@ void FsoApaga(const std::string& p, bool forca, bool pasta) {
   std::error_code ec;
   if (!forca) {
     // Read-only entries stop a delete that is not forced.
-    if (access(p.c_str(), W_OK) != 0) Raise(70);
+    if (FsoSoLeitura(p)) Raise(70);
   }
   if (pasta) fs::remove_all(p, ec);
   else fs::remove(p, ec);

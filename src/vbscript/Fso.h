@@ -15,6 +15,9 @@ std::string FsoNat(TxV p);
 Tx FsoTx(const std::string& p);
 // The error number of an errno, for a file (53) or a folder (76) not found.
 [[noreturn]] void FsoErr(int e, bool pasta);
+// True when the entry's owner may not write it: the read-only attribute. The mode
+// bits decide, not access(), so that the attribute reads the same for every user.
+bool FsoSoLeitura(const std::string& p);
 // A file's time as a date.
 double FsoData(long seg);
 // The absolute, tidied form of a Linux path ("." and ".." resolved, no trailing "/").

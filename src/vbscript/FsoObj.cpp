@@ -37,7 +37,7 @@ int32_t Atributos(const std::string& p) {
   struct stat st, lst;
   if (stat(p.c_str(), &st) != 0) return 0;
   int32_t a = S_ISDIR(st.st_mode) ? 16 : 32;
-  if (access(p.c_str(), W_OK) != 0) a |= 1;
+  if (FsoSoLeitura(p)) a |= 1;
   std::string n = Nome(p);
   if (!n.empty() && n[0] == '.') a |= 2;
   if (lstat(p.c_str(), &lst) == 0 && S_ISLNK(lst.st_mode)) a |= 1024;
