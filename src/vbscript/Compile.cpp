@@ -166,7 +166,20 @@ class Parser {
   }
 
   // ---------------------------------------------------------------- expressions
-  Ex* Expr() { return Binary(0); }
+  // Nesting guard: a text nested deeper than this fails instead of exhausting the stack.
+  int nest_ = 0;
+  struct Nest {
+    Parser& ps;
+    explicit Nest(Parser& p) : ps(p) {
+      if (++ps.nest_ > 400) CompErr(28, ps.Cur().line, ps.Cur().col);
+    }
+    ~Nest() { --ps.nest_; }
+  };
+
+  Ex* Expr() {
+    Nest guard(*this);
+    return Binary(0);
+  }
 
   // Binary levels, loosest first: Imp, Eqv, Xor, Or, And, (Not), comparisons, &, + -, Mod, \, * /
   int OpAt(int level) const {
@@ -215,6 +228,7 @@ class Parser {
   }
 
   Ex* Unary() {
+    Nest guard(*this);
     if (IsOp('-') || IsOp('+')) {
       bool neg = IsOp('-');
       Ex* e = New(Ex::Un);
@@ -486,6 +500,7 @@ class Parser {
   }
 
   void Statement() {
+    Nest guard(*this);
     const Tok& t = Cur();
     int from = Here(), line = t.line, col = t.col;
     if (t.k == tKw) {

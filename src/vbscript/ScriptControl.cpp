@@ -113,9 +113,12 @@ bool ScriptControl::AddCode(TxV text) {
     auto u = e_->Compile(text, false, Scope{});
     Unit* raw = u.get();
     e_->Install(*raw);
+    bool keep = !raw->procs.empty() || !raw->classes.empty();
     e_->units.push_back(std::move(u));
     procs_.clear();
     e_->RunMain(*raw->main);
+    // a text that declared no procedure or class is not needed once it has run
+    if (!keep && !e_->units.empty() && e_->units.back().get() == raw) e_->units.pop_back();
   });
 }
 
