@@ -46,6 +46,7 @@ namespace {
 // Runs a member of an engine object, catching whatever it raises.
 bool Invoca(vbs::Obj* o, const Tx& member, std::vector<vbs::Value>& vals, vbs::Value& r) {
   if (!o) return false;
+  vbs::Ref<vbs::Obj> keep(o);  // the callee may drop the caller's last reference to it
   try {
     int id = o->Id(member);
     if (id < 0) return false;
