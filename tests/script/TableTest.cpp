@@ -106,3 +106,35 @@ TEST_F(Table, FxFimEmptiesTheTableAndLetsGoOfTheEngine) {
   EXPECT_EQ(ok, 0);
   EXPECT_EQ(Fx({Var(u"F")}).Num(), 0);
 }
+
+namespace {
+
+// A window carrying its script control, as the wizard's window does.
+struct Janela : VarObj, VbsFrm {
+  std::shared_ptr<vbs::ScriptControl> sc = std::make_shared<vbs::ScriptControl>();
+  std::shared_ptr<vbs::ScriptControl> scVbs() override { return sc; }
+  intptr_t hwnd() override { return 42; }
+};
+
+}  // namespace
+
+TEST(TableFrm, TheWindowGivesTheControlAndIsTheCallbackObject) {
+  auto j = std::make_shared<Janela>();
+  VbsSup h;
+  h.VbsRegFS(Var(std::shared_ptr<VarObj>(j)));
+  EXPECT_EQ(j->sc->SitehWnd(), 42);
+  int32_t n = 0;
+  h.RegObNum(n);
+  EXPECT_EQ(n, 2);
+  Var r;
+  h.ExeCalcRes(u"TypeName(Fxp)", r);
+  EXPECT_EQ(TxVar(r), u"VbsSup");
+  std::vector<Var> a{Var(), Var(u"x")};
+  r = Var(u"old");
+  h.FxPgm(a, r);  // the window has no cbkVbsFx: the result is empty
+  EXPECT_TRUE(r.EhVazio());
+  VbsSup semJanela;  // a value that is no window binds nothing
+  semJanela.VbsRegFS(Var(u"janela"));
+  semJanela.RegObNum(n);
+  EXPECT_EQ(n, 0);
+}
