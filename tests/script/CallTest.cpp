@@ -45,7 +45,7 @@ TEST_F(Call, ArgumentsPastNineAreAllDroppedAndTenParametersNeverRun) {
   EXPECT_EQ(TxVar(Fx(l)), u"99");
   // Ten arguments: none is assigned or passed; Arg1 keeps the last call's 1.
   l[0] = two;
-  l.push_back(Var(int16_t(10)));
+  l.emplace_back(int16_t(10));
   EXPECT_EQ(TxVar(Fx(l)), u"Empty,1");
   // Ten parameters: never run, flag 1, and "FxRes" is the former result.
   EXPECT_EQ(TxVar(Fx({Var(u"Ten"), Var(u"x")})), u"Empty,1");
@@ -64,20 +64,14 @@ TEST_F(Call, ProceduresAnswerTheirRunFlag) {
             1);
   Tx k;
   Var r = Fx({Var(u"Ok"), Var(u"v")}, &k);
-  EXPECT_EQ(k, u"P");
-  ASSERT_TRUE(r.EhNum());
-  EXPECT_EQ(r.Num(), 1);
-  EXPECT_EQ(TxVar(Ev(u"seen")), u"v");
+  EXPECT_EQ(k + TxVar(r) + TxVar(Ev(u"seen")), u"P1v");
   EXPECT_EQ(Fx({Var(u"Bad")}).Num(), 0);
   r = Fx({Var(u"Nobody")}, &k);
-  EXPECT_EQ(k, u"?");
-  EXPECT_TRUE(r.EhNum());
-  EXPECT_EQ(r.Num(), 0);
-  int16_t ok = -1;
-  h.PgmCmd(u"Ok", ok);
-  EXPECT_EQ(ok, 1);
-  h.PgmCmd(u"Bad", ok);
-  EXPECT_EQ(ok, 0);
+  EXPECT_EQ(k + TxVar(r), u"?0");
+  int16_t ok1 = -1, ok2 = -1;
+  h.PgmCmd(u"Ok", ok1);
+  h.PgmCmd(u"Bad", ok2);
+  EXPECT_EQ(ok1 * 10 + ok2, 10);
 }
 
 TEST_F(Call, AFailedFunctionLeavesTheOldFxRes) {
@@ -98,70 +92,46 @@ TEST_F(Call, ByRefChangesDoNotLeakBack) {
   Tx k;
   Var r;
   h.SupVbsFx(l, k, r);
-  EXPECT_EQ(TxVar(l[1]), u"orig");
-  EXPECT_EQ(TxVar(Ev(u"Arg1")), u"orig");
-  std::vector<Var> a{Var(u"orig")};
-  h.PgmFxExe(u"Chg", a, r);
-  EXPECT_EQ(TxVar(a[0]), u"orig");
+  EXPECT_EQ(TxVar(l[1]) + TxVar(Ev(u"Arg1")), u"origorig");
 }
 
-TEST_F(Call, StatementsAndExpressionsKeepTheirResultOnFailure) {
+TEST_F(Call, ExpressionsKeepTheirResultOnFailureAndTypeItOnSuccess) {
   int16_t ok = -1;
-  h.ExeCmd(u"x = 1 +", ok);
-  EXPECT_EQ(ok, 0);
   Var r = Var(u"keep");
   h.ExeCalc(u"1 +", r, ok);
   EXPECT_EQ(ok, 0);
   EXPECT_EQ(TxVar(r), u"keep");
   h.ExeCalc(u"1 + 2", r, ok);  // a text destination stays text
-  EXPECT_EQ(ok, 1);
-  EXPECT_EQ(TxVar(r), u"3");
-  ASSERT_TRUE(r.EhTx());
+  EXPECT_EQ(r.Txt(), u"3");
   r = Var(int16_t(0));
   h.ExeCalc(u"\"2.5\"", r, ok);  // anything else becomes a double
   EXPECT_EQ(r.Tipo(), Var::K::Dbl);
-  EXPECT_DOUBLE_EQ(r.Num(), 2.5);
-  r = Var(1.0);
-  h.ExeCalcRa(u"\"t\" & 1", r, ok);
-  EXPECT_EQ(TxVar(r), u"t1");
   h.ExeCalcRa(u"3 > 2", r, ok);  // typed by the value: a boolean is a number
-  EXPECT_EQ(r.Tipo(), Var::K::Dbl);
   EXPECT_EQ(r.Num(), -1);
-  EXPECT_EQ(TxVar(Ev(u"1 / 0")), u"");
-  EXPECT_TRUE(Ev(u"1 / 0").EhTx());
+  EXPECT_EQ(Ev(u"1 / 0").Txt(), u"");
 }
 
 TEST_F(Call, VbsErrGivesNumberDescriptionAndLocation) {
   int32_t n = -1;
-  Tx d, loc;
-  int16_t ok = 0;
-  h.ExeCmd(u"y = 1", ok);
+  Tx d, loc = u"x";
   h.VbsErr(n, d, loc);
-  EXPECT_EQ(n, 0);
-  EXPECT_EQ(d, u"Sem erro");
-  EXPECT_EQ(loc, u"");
+  EXPECT_EQ(d + TxVar(Var(n)) + loc, u"Sem erro0");
   EXPECT_EQ(Pgm({u"x = 1", u"y = (2 +"}), 0);
   h.VbsErr(n, d, loc);
   EXPECT_NE(n, 0);
-  EXPECT_FALSE(d.empty());
-  EXPECT_EQ(loc.substr(0, 6), u"LIN:2 ");
-  EXPECT_NE(loc.find(u"  COL:"), Tx::npos);
-  EXPECT_NE(loc.find(u"  COD:y = (2 +"), Tx::npos);
+  EXPECT_EQ(loc.substr(0, 11), u"LIN:2  COL:");
+  EXPECT_EQ(loc.substr(loc.size() - 14), u"  COD:y = (2 +");
 }
 
 TEST(TipVL, KindOfAnExpression) {
   VbsSup h;
-  Tx k, r;
   auto tip = [&](const Tx& t) {
+    Tx k, r;
     h.TipVL(t, k, r);
-    EXPECT_EQ(k, r);
-    return k;
+    return k == r ? k : u"differ";
   };
   EXPECT_EQ(tip(u"Left$(a, 2)"), u"A");
-  EXPECT_EQ(tip(u"Left(a, 2)"), u"N");
-  EXPECT_EQ(tip(u"\"abc\""), u"A");
-  EXPECT_EQ(tip(u"  nome$  "), u"A");
-  EXPECT_EQ(tip(u"a + 1"), u"N");
+  EXPECT_EQ(tip(u"Left(a, 2)") + tip(u"\"abc\"") + tip(u"  nome$  ") + tip(u"a + 1"), u"NAAN");
   // The "$" before "(" is looked for in the untrimmed text: a leading blank shifts it.
   EXPECT_EQ(tip(u" Mid$(a, 2)"), u"N");
   EXPECT_EQ(tip(u"(1)"), u"N");

@@ -36,7 +36,6 @@ struct Host : ::testing::Test {
     h.ExeCalcRes(e, r);
     return r;
   }
-  Tx EvT(const Tx& e) { return Ev(e).EhTx() ? Ev(e).Txt() : u"<not text>"; }
   int32_t Num() {
     int32_t n = 0;
     h.RegObNum(n);

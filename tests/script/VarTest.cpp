@@ -22,13 +22,12 @@ using Vars = Host;
 
 TEST_F(Vars, DollarNamesHoldTextOthersANumberWhenTheTextIsOne) {
   h.VarReg(u"N$", Var(int16_t(5)));
-  EXPECT_TRUE(Ev(u"N").EhTx());
   Var v = Var(0.0);
   h.VarCon(u"N$", v);
   ASSERT_TRUE(v.EhTx());
   EXPECT_EQ(v.Txt(), u"5");
   h.VarReg(u"M", Var(u"5"));
-  EXPECT_TRUE(Ev(u"M").EhNum());
+  EXPECT_EQ(TxVar(Ev(u"TypeName(M)")), u"Integer");
   h.VarCon(u"M", v);
   EXPECT_TRUE(v.EhNum());
   EXPECT_EQ(v.Num(), 5);
@@ -68,15 +67,11 @@ TEST_F(Vars, FunctionArgumentsByPrefix) {
   EXPECT_EQ(TxVar(v), u"dela");
   h.FxArgCon(u"fx", u"nada", v);
   EXPECT_EQ(TxVar(v), u"");
-  Tx t = u" 12 , abc ,x";
-  Tx tipo;
+  Tx t = u" 12 , abc ,x", tipo;
   h.FxArgSep(t, v, tipo);
-  EXPECT_EQ(TxVar(v), u"12");
-  EXPECT_EQ(tipo, u"N");
+  EXPECT_EQ(TxVar(v) + tipo, u"12N");
   h.FxArgSepReg(u"fx", t, u"b", v);
-  EXPECT_EQ(TxVar(v), u"abc");
-  EXPECT_EQ(t, u"x");
-  EXPECT_EQ(TxVar(Ev(u"FX_B")), u"abc");
+  EXPECT_EQ(TxVar(v) + u"|" + t + u"|" + TxVar(Ev(u"FX_B")), u"abc|x|abc");
 }
 
 TEST_F(Vars, DocumentCallsStartEmptyAndAskTheDocumentObject) {
