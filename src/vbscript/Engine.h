@@ -25,6 +25,7 @@ class Inst : public Obj {
  public:
   Inst(Engine* e, Class* c);
   Engine* eng;
+  std::shared_ptr<bool> alive;  // false once the engine is gone: no Class_Terminate then
   Class* cls;
   std::vector<Value> f;  // fields
   bool terminated = false;
@@ -62,6 +63,9 @@ class Engine {
   int FindCell(TxV name) const;        // -1 when none
   std::unordered_map<Tx, Class*> classes;
   std::vector<std::unique_ptr<Unit>> units;
+  // code dropped by Reset, kept while objects made by it may still be held outside
+  std::vector<std::unique_ptr<Unit>> retired;
+  std::shared_ptr<bool> alive = std::make_shared<bool>(true);
   std::vector<Proc*> procOrder;        // global procedures, declaration order
   bool explicit_ = false;              // Option Explicit seen
   std::vector<std::pair<Tx, bool>> objNames;  // objects added with their addMembers flag

@@ -117,6 +117,7 @@ Engine::~Engine() {
   for (auto& c : cells) c.v = Value();
   for (Value* v = stk.get(); v < sp; ++v) *v = Value();
   cells.clear();
+  *alive = false;
   tlEngine = saved;
 }
 
@@ -130,6 +131,7 @@ void Engine::Reset() {
   byName.clear();
   classes.clear();
   procOrder.clear();
+  for (auto& u : units) retired.push_back(std::move(u));
   units.clear();
   objNames.clear();
   explicit_ = false;
@@ -255,7 +257,7 @@ static void StoreIx(Value& t0, Args a, bool set) {
 }
 
 // ---------------------------------------------------------------- script classes
-Inst::Inst(Engine* e, Class* c) : eng(e), cls(c) {
+Inst::Inst(Engine* e, Class* c) : eng(e), alive(e->alive), cls(c) {
   f.resize(size_t(c->nfields));
   for (const vbs::Member& m : c->mems) {
     if (m.field < 0 || !m.isArr) continue;
@@ -317,7 +319,7 @@ void Inst::Member(int m, Inv k, Args a, Value& r) {
 }
 
 void Inst::Last() {
-  if (!terminated && cls->term) {
+  if (!terminated && *alive && cls->term) {
     terminated = true;
     rc_ = 1;
     Engine* saved = tlEngine;
