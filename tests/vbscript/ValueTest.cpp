@@ -1,0 +1,136 @@
+// The variant: conversions, operators and the rules of their result kinds.
+#include <gtest/gtest.h>
+#include "Builtins.h"
+#include "Engine.h"
+
+using namespace vbs;
+
+namespace {
+int RaisedBy(void (*f)()) {
+  try {
+    f();
+  } catch (Fault& e) {
+    return e.num;
+  }
+  return 0;
+}
+}  // namespace
+
+TEST(Value, SizeCopyAndRelease) {
+  EXPECT_EQ(sizeof(Value), 16u);
+  Value a(u"text");
+  Value b = a;  // shares the string
+  EXPECT_EQ(a.s, b.s);
+  EXPECT_EQ(a.s->rc, 2u);
+  b = Value(int16_t(1));
+  EXPECT_EQ(a.s->rc, 1u);
+  Value m = std::move(a);
+  EXPECT_TRUE(a.IsEmpty());
+  EXPECT_EQ(m.Text(), u"text");
+}
+
+TEST(Value, WholeNumberConversionsRoundHalfToEven) {
+  EXPECT_EQ(ToInt(Value(2.5)), 2);
+  EXPECT_EQ(ToInt(Value(3.5)), 4);
+  EXPECT_EQ(ToInt(Value(-2.5)), -2);
+  EXPECT_EQ(ToLng(Value(u" 12 ")), 12);
+  EXPECT_EQ(ToLng(Value(true)), -1);
+  EXPECT_EQ(ToByte(Value(255.4)), 255);
+  EXPECT_EQ(ToCur(Value(1.23456)), 12346);
+  EXPECT_EQ(RaisedBy([] { ToInt(Value(32767.5)); }), 6);
+  EXPECT_EQ(RaisedBy([] { ToLng(Value(u"abc")); }), 13);
+  EXPECT_EQ(RaisedBy([] { ToLng(Value::Null()); }), 94);
+  EXPECT_EQ(RaisedBy([] { ToByte(Value(int16_t(-1))); }), 6);
+  EXPECT_EQ(RaisedBy([] { ToDbl(Value(Arr::New({1}))); }), 13);
+}
+
+TEST(Value, TextAndBooleanConversions) {
+  EXPECT_EQ(ToTx(Value(true)), u"True");
+  EXPECT_EQ(ToTx(Value()), u"");
+  EXPECT_EQ(ToTx(Value(0.1 + 0.2)), u"0.3");
+  EXPECT_EQ(ToTx(Value::Cur(15000)), u"1.5");
+  EXPECT_TRUE(ToBool(Value(u"TRUE")));
+  EXPECT_FALSE(ToBool(Value(u"0")));
+  EXPECT_EQ(RaisedBy([] { ToBool(Value(u"yes")); }), 13);
+  EXPECT_EQ(RaisedBy([] { ToTx(Value::Null()); }), 94);
+  EXPECT_EQ(TypeName(Value::Nothing()), u"Nothing");
+  EXPECT_EQ(VarType(Value(Arr::New({2}))), 8204);
+}
+
+TEST(Value, ArithmeticResultKinds) {
+  auto kind = [](int op, Value a, Value b) { return Arith(op, a, b).t; };
+  EXPECT_EQ(kind(oAdd, Value(int16_t(32767)), Value(int16_t(1))), vtLong);
+  EXPECT_EQ(kind(oAdd, Value(int32_t(2147483647)), Value(int16_t(1))), vtDouble);
+  EXPECT_EQ(kind(oMul, Value::Byte(200), Value::Byte(2)), vtInteger);
+  EXPECT_EQ(kind(oAdd, Value::Byte(2), Value::Byte(2)), vtByte);
+  EXPECT_EQ(kind(oAdd, Value::Sng(1), Value(int32_t(1))), vtDouble);
+  EXPECT_EQ(kind(oAdd, Value::Sng(1), Value(int16_t(1))), vtSingle);
+  EXPECT_EQ(kind(oAdd, Value::Cur(1), Value(int32_t(1))), vtCurrency);
+  EXPECT_EQ(kind(oAdd, Value::Date(1), Value(int16_t(1))), vtDate);
+  EXPECT_EQ(kind(oSub, Value::Date(2), Value::Date(1)), vtDouble);
+  EXPECT_EQ(kind(oAdd, Value(true), Value(true)), vtInteger);
+  EXPECT_EQ(kind(oAdd, Value(u"1"), Value(int16_t(1))), vtDouble);
+  EXPECT_EQ(kind(oAdd, Value(u"1"), Value(u"1")), vtString);
+  EXPECT_EQ(kind(oIDiv, Value(7.5), Value(int16_t(2))), vtLong);
+  EXPECT_EQ(kind(oMod, Value(int16_t(7)), Value(int16_t(2))), vtInteger);
+  EXPECT_EQ(kind(oAdd, Value::Null(), Value(int16_t(1))), vtNull);
+  EXPECT_EQ(ToLng(Arith(oIDiv, Value(7.5), Value(int16_t(2)))), 4);  // 7.5 rounds to 8
+  EXPECT_EQ(ToLng(Arith(oMod, Value(int16_t(-7)), Value(int16_t(3)))), -1);
+  EXPECT_EQ(ToCur(Arith(oMul, Value::Cur(25000), Value::Cur(15000))), 37500);
+  EXPECT_EQ(RaisedBy([] { Arith(oDiv, Value(int16_t(1)), Value(int16_t(0))); }), 11);
+  EXPECT_EQ(RaisedBy([] { Arith(oDiv, Value(int16_t(0)), Value(int16_t(0))); }), 6);
+  EXPECT_EQ(RaisedBy([] { Arith(oMod, Value(int16_t(1)), Value()); }), 11);
+  EXPECT_EQ(RaisedBy([] { Arith(oMul, Value::Cur(INT64_MAX / 2), Value::Cur(30000)); }), 6);
+  EXPECT_EQ(Neg(Value(int16_t(-32768))).t, vtLong);
+}
+
+TEST(Value, LogicWithNull) {
+  EXPECT_FALSE(ToBool(Logic(oAnd, Value::Null(), Value(false))));
+  EXPECT_TRUE(Logic(oAnd, Value::Null(), Value(true)).IsNull());
+  EXPECT_TRUE(ToBool(Logic(oOr, Value::Null(), Value(true))));
+  EXPECT_TRUE(Logic(oOr, Value::Null(), Value(false)).IsNull());
+  EXPECT_TRUE(ToBool(Logic(oImp, Value(false), Value::Null())));
+  EXPECT_TRUE(Logic(oXor, Value(true), Value::Null()).IsNull());
+  EXPECT_EQ(Logic(oAnd, Value(int16_t(12)), Value(int16_t(10))).i, 8);
+  EXPECT_EQ(Logic(oOr, Value::Byte(1), Value::Byte(2)).t, vtByte);
+  EXPECT_EQ(NotOp(Value()).i, -1);
+}
+
+TEST(Value, ComparisonRules) {
+  EXPECT_EQ(Cmp(Value(int16_t(1)), Value(1.0)), 0);
+  EXPECT_EQ(Cmp(Value(u"B"), Value(u"a")), -1);  // binary order
+  EXPECT_EQ(Cmp(Value(), Value(u"")), 0);
+  EXPECT_EQ(Cmp(Value(), Value(int16_t(0))), 0);
+  EXPECT_EQ(Cmp(Value(int16_t(5)), Value(u"5")), -1);  // a number is less than a text
+  EXPECT_EQ(Cmp(Value::Null(), Value(int16_t(1))), 2);
+  EXPECT_EQ(Cmp(Value::Cur(10000), Value(int16_t(1))), 0);
+  EXPECT_EQ(RaisedBy([] { IsSame(Value(int16_t(1)), Value(int16_t(1))); }), 424);
+}
+
+TEST(Value, ConcatAndArrays) {
+  EXPECT_EQ(Concat(Value(int16_t(3)), Value(true)).Text(), u"3True");
+  EXPECT_TRUE(Concat(Value::Null(), Value::Null()).IsNull());
+  EXPECT_EQ(Concat(Value::Null(), Value(u"x")).Text(), u"x");
+
+  Value a(Arr::New({2, 1}));
+  Value idx[2] = {Value(int16_t(2)), Value(int16_t(1))};
+  a.a->At(idx, 2) = Value(u"corner");
+  EXPECT_EQ(a.a->v.back().Text(), u"corner");  // the first index varies fastest
+  Value bad[2] = {Value(int16_t(3)), Value(int16_t(0))};
+  EXPECT_THROW(a.a->At(bad, 2), Fault);
+  EXPECT_THROW(a.a->At(idx, 1), Fault);
+  // Let copies an array that someone else holds
+  Value b;
+  Value src = a;
+  LetTo(b, std::move(src));
+  EXPECT_NE(a.a, b.a);
+  EXPECT_EQ(b.a->v.back().Text(), u"corner");
+}
+
+TEST(Value, NamesAreCaseBlind) {
+  EXPECT_TRUE(EqNoCase(u"WScript", u"wscript"));
+  EXPECT_TRUE(EqNoCase(u"Ação", u"AÇÃO"));
+  EXPECT_FALSE(EqNoCase(u"abc", u"abd"));
+  EXPECT_EQ(NameIx(u"ECHO", {"Quit", "Echo"}), 2);
+  EXPECT_EQ(NameIx(u"Ech", {"Quit", "Echo"}), -1);
+}
