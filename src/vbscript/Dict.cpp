@@ -132,12 +132,12 @@ class Dict : public Obj {
       case vtEmpty: return u"E";
       case vtNull: return u"Z";
       case vtString:
-        c = u"S";
+        c.assign(1, u'S');
         if (texto_) c += TxMai(k.Sv());
         else c += k.Sv();
         return c;
       case vtObject: {
-        c = u"O";
+        c.assign(1, u'O');
         uintptr_t p = reinterpret_cast<uintptr_t>(k.o);
         char16_t b[4];
         std::memcpy(b, &p, sizeof p < 8 ? sizeof p : 8);
@@ -150,7 +150,7 @@ class Dict : public Obj {
         if (d == 0) d = 0;  // -0 and 0 are one key
         char16_t b[4];
         std::memcpy(b, &d, 8);
-        c = u"N";
+        c.assign(1, u'N');
         c.append(b, 4);
         return c;
       }

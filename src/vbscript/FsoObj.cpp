@@ -103,7 +103,9 @@ class FsoCol : public Obj {
     }
     if (id == 3 && !dir_.empty()) {
       if (a.size() != 1) Raise(450);
-      std::string n = dir_ == "/" ? "/" + zw::TxUtf8(ToTx(a[0])) : dir_ + "/" + zw::TxUtf8(ToTx(a[0]));
+      std::string n = dir_;
+      if (n != "/") n += '/';
+      n += zw::TxUtf8(ToTx(a[0]));
       struct stat st;
       if (stat(n.c_str(), &st) == 0) Raise(58);
       if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);

@@ -25,7 +25,7 @@ void Digitos(double x, int dig, std::string& ip, std::string& fp) {
   int corte = ex + 1 + dig;  // how many mantissa digits are kept
   std::string d;
   if (corte <= 0) {
-    d = (corte == 0 && m[0] >= '5') ? "1" : "0";
+    d.assign(1, (corte == 0 && m[0] >= '5') ? '1' : '0');
   } else {
     if (corte < int(m.size())) {
       d = m.substr(0, corte);
@@ -139,7 +139,12 @@ Tx FmtMoeda(double x, const FmtOpc& o, const Locale& loc) {
   int pad = loc.moedaNeg;
   bool comParen = pad == 0 || pad == 4 || pad == 14 || pad == 15;
   if (o.paren != -2 && (o.paren != 0) != comParen) {
-    if (o.paren != 0) return u"(" + MoedaPos(loc.moedaPos, c, loc.moeda) + u")";
+    if (o.paren != 0) {
+      Tx r(1, u'(');
+      r += MoedaPos(loc.moedaPos, c, loc.moeda);
+      r += u')';
+      return r;
+    }
     pad = pad == 0 ? 1 : pad == 4 ? 5 : pad == 14 ? 9 : 8;
   }
   return MoedaNeg(pad, c, loc.moeda);
