@@ -47,6 +47,13 @@ Set u = fso.OpenTextFile(base & "\u.txt", 2, True, -1)
 u.Write "€x"
 u.Close
 WScript.Echo fso.GetFile(base & "\u.txt").Size, fso.OpenTextFile(base & "\u.txt", 1, False, -1).ReadAll
+Set u = fso.OpenTextFile(base & "\u.txt", 8, False, -1)
+u.WriteLine "y"
+u.Close
+Set u = fso.GetFile(base & "\u.txt").OpenAsTextStream(1, -1)
+WScript.Echo fso.GetFile(base & "\u.txt").Size, u.ReadLine, u.AtEndOfStream
+u.Close
+x = u.ReadLine: Chk "ReadLine after Close"
 fso.CreateTextFile base & "\u.txt", False: Chk "CreateTextFile no overwrite"
 x = fso.OpenTextFile(base & "\missing.txt"): Chk "OpenTextFile missing"
 x = fso.OpenTextFile(base & "\missing.txt", 9): Chk "OpenTextFile mode 9"

@@ -47,6 +47,24 @@ re.Pattern = "\b\w+(?=!)"
 WScript.Echo re.Execute("hi there!")(0)
 re.Pattern = "[^\s,]+"
 WScript.Echo re.Execute("a, bb ,ccc").Count
+re.Pattern = "(a)"
+WScript.Echo re.Replace("a0", "[$10]"), re.Replace("a0", "[$01]")
+re.Pattern = "^$"
+WScript.Echo re.Execute("").Count, re.Test("x")
+re.Multiline = True
+re.Pattern = "a$"
+WScript.Echo re.Execute("a" & vbCrLf & "ba").Count
+re.Multiline = False
+re.Pattern = "\d{2,3}?x|\d+"
+WScript.Echo re.Execute("12345x 7").Count, re.Execute("12345x 7")(0)
+re.Pattern = "(?!ab)\w\w"
+WScript.Echo re.Execute("abcd")(0)
+re.IgnoreCase = True
+re.Pattern = "[^a-c]+"
+WScript.Echo re.Execute("ABCdefABC")(0)
+re.IgnoreCase = False
+re.Pattern = "\bis\B"
+WScript.Echo re.Execute("this is isle")(0).FirstIndex
 Function Up(m, g1, pos, src)
   Up = UCase(m) & pos
 End Function
