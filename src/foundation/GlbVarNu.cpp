@@ -123,7 +123,7 @@ Tx NuTx(TxV fmt, const Var& val, const Var& larg) {
   Tx r = NuTxExe(fmt, val);
   if (larg.EhFalta() || larg.EhVazio()) return r;
   if (larg.EhTx() && TxMaiTrm(larg.Txt()) == u"T") return TxTrim(r);
-  TxAln(long(NuDbl(larg)), r);
+  TxAln(NuLng(NuDbl(larg)), r);
   return r;
 }
 
@@ -209,8 +209,8 @@ void NuIntDiv1(long pos, long tam, long& blk, long& ini, long& fim, long& off) {
 void NuVerDiv(TxV ver, long& maj, long& min) {
   Tx a, b;
   TxDiv1(ver, u".", a, b);
-  maj = long(NuVal(a));
-  min = long(NuVal(b));
+  maj = NuLng(NuVal(a));
+  min = NuLng(NuVal(b));
 }
 
 // Each number padded with "0" to its width from the format "i.d" (plain when 0).

@@ -222,6 +222,13 @@ bool NuEhNum(TxV t, double* d) {
 }
 
 // Fifteen significant digits, exponent form outside 1E-5..1E+15, as CStr writes.
+long NuLng(double d) {
+  if (!(d == d)) return 0;
+  if (d >= 2147483647.0) return 2147483647L;
+  if (d <= -2147483648.0) return -2147483647L - 1;
+  return long(d);
+}
+
 Tx NuCStr(double d) {
   if (d == 0) return u"0";
   if (std::isnan(d)) return u"NaN";

@@ -44,6 +44,9 @@ double NuVal(TxV t);
 double NuVal(TxV t, int& ok);
 // True when the whole text (blanks around allowed) is one number; d gets its value.
 bool NuEhNum(TxV t, double* d = nullptr);
+// A double cut to a whole number and held inside the 32-bit range (NaN gives 0),
+// for counts, widths and versions that come from texts an author wrote.
+long NuLng(double d);
 Tx NuCStr(double d);  // the script language's text of a number: "0.5", "1E+15"
 Tx NuStr(double d);   // the same with a leading blank for non-negatives and no "0" before ".": " .5"
 
