@@ -647,6 +647,11 @@ class Maquina {
       // Backtrack to the latest choice, undoing captures on the way.
       for (;;) {
         if (st.size() == base) return false;
+        if (++passos > Rx::kRxPassos) {
+          esgotou = true;
+          st.resize(base);
+          return false;
+        }
         Bt& b = st.back();
         if (b.t == Bt::Cap) {
           caps[b.a] = b.b;
@@ -685,6 +690,10 @@ class Maquina {
   const Rx::Prog& p_;
   TxV s_;
   std::vector<Bt> st_;
+
+ public:
+  long long passos = 0;  // choices taken back, over the whole search
+  bool esgotou = false;
 };
 
 }  // namespace
@@ -725,6 +734,7 @@ int Rx::Grupos() const { return p_ ? p_->grupos : 0; }
 bool Rx::Acha(TxV s, size_t de, std::vector<int>& caps) const {
   if (!p_) return false;
   Maquina m(*p_, s);
+  esgotou_ = false;
   std::vector<int> regs(p_->regs, -1);
   for (size_t ini = de; ini <= s.size(); ini++) {
     if (p_->primCh >= 0) {
@@ -738,6 +748,10 @@ bool Rx::Acha(TxV s, size_t de, std::vector<int>& caps) const {
       caps[0] = int(ini);
       caps[1] = fim;
       return true;
+    }
+    if (m.esgotou) {
+      esgotou_ = true;
+      return false;
     }
   }
   return false;

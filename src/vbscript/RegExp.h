@@ -33,12 +33,17 @@ class Rx {
   // Looks for the first match starting at `de` or later. On success `caps` holds
   // 2 * (Grupos() + 1) positions: start and end of the whole match, then of each
   // group, -1 for a group that took no part.
+  // A search that backtracks without end (nested repeats over a long text that does
+  // not match) gives up after kRxPassos choices and reports false with Esgotou() true.
   bool Acha(TxV s, size_t de, std::vector<int>& caps) const;
+  bool Esgotou() const { return esgotou_; }
+  static constexpr long long kRxPassos = 200000000;
 
   struct Prog;
 
  private:
   Prog* p_;
+  mutable bool esgotou_ = false;
 };
 
 }  // namespace vbs

@@ -91,7 +91,9 @@ class RegExpObj : public Obj {
         if (a.size() != 1) Raise(450);
         Tx t = ToTx(a[0]);
         std::vector<int> c;
-        r = Value(Prepara().Acha(t, 0, c));
+        const Rx& rx = Prepara();
+        r = Value(rx.Acha(t, 0, c));
+        if (rx.Esgotou()) Raise(28);
         break;
       }
       case 6: {
@@ -134,6 +136,8 @@ class RegExpObj : public Obj {
       if (!glob_) break;
       de = c[1] > c[0] ? size_t(c[1]) : size_t(c[1]) + 1;
     }
+    // A search that gave up is "Out of stack space", as a runaway pattern is there.
+    if (rx.Esgotou()) Raise(28);
   }
 
   Ref<Colecao> Executa(const Tx& t) {

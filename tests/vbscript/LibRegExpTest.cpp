@@ -99,3 +99,13 @@ TEST(LibRegExp, LongInputsDoNotExhaustTheStack) {
   ASSERT_EQ(r.Compila(u"a*b", false, false), 0);
   EXPECT_FALSE(r.Acha(big.substr(0, 5000), 0, c));
 }
+
+TEST(LibRegExp, RunawayBacktrackingGivesUp) {
+  Rx r;
+  ASSERT_EQ(r.Compila(u"(a*)*(b|a*)*c", false, false), 0);
+  std::vector<int> c;
+  EXPECT_FALSE(r.Acha(std::u16string(40, u'a'), 0, c));
+  EXPECT_TRUE(r.Esgotou());
+  EXPECT_TRUE(r.Acha(u"aac", 0, c));
+  EXPECT_FALSE(r.Esgotou());
+}
