@@ -2,8 +2,10 @@
 // Keys may be texts (compared binary or case-blind, by CompareMode), numbers of any
 // kind (1, 1.0 and "1" are two keys, the first two the same), objects (by identity),
 // Empty or Null. Reading a missing key through Item adds it, holding Empty.
+// Entries sit in a vector in their order; an open-addressing index of positions
+// finds them by a hash of the key, comparing keys in place (no key is copied to
+// look it up).
 #include <cstring>
-#include <unordered_map>
 
 #include "Lib.h"
 
@@ -41,8 +43,7 @@ class Dict : public Obj {
         if (set) {
           if (a.size() != 1) Raise(450);
           int32_t m = ToLng(a[0]);
-          if (m < 0) Raise(5);
-          if (vivos_) Raise(5);
+          if (m < 0 || vivos_) Raise(5);
           texto_ = m >= 1;
           modo_ = m;
         } else {
@@ -59,48 +60,38 @@ class Dict : public Obj {
         break;
       case 3:
         if (a.size() != 1) Raise(450);
-        r = Value(idx_.count(Chave(a[0])) != 0);
+        r = Value(Acha(a[0], Hash(a[0])) >= 0);
         break;
-      case 5: case 6: {
-        if (a.size()) {
-          // d.Keys()(0) reaches here with the index.
-          Value l = Lista(id == 5);
-          r = l;
-          ArgsAoValor(r, a);
-          return;
-        }
+      case 5: case 6:
+        // d.Keys()(0) reaches here with the index.
         r = Lista(id == 5);
+        ArgsAoValor(r, a);
         break;
-      }
       case 7: {
         if (a.size() != 1) Raise(450);
-        auto it = idx_.find(Chave(a[0]));
-        if (it == idx_.end()) Raise(32811);
-        en_[it->second].vivo = false;
-        en_[it->second].k = Value();
-        en_[it->second].v = Value();
-        idx_.erase(it);
+        uint32_t h = Hash(a[0]);
+        int64_t s = Acha(a[0], h);
+        if (s < 0) Raise(32811);
+        int32_t i = tab_[size_t(s)].i;
+        tab_[size_t(s)].i = kApagado;
+        en_[size_t(i)] = En();
         vivos_--;
         Compacta();
         break;
       }
       case 8:
         en_.clear();
-        idx_.clear();
-        vivos_ = 0;
+        tab_.clear();
+        vivos_ = usados_ = 0;
         break;
       case 9:
         if (a.size()) Raise(450);
         r = Value(int32_t(vivos_));
         break;
-      case 11: {
-        // A number from the key, as the library's hash value.
-        Tx c = Chave(a[0]);
-        uint32_t h = 0;
-        for (char16_t x : c) h = h * 31 + x;
-        r = Value(int32_t(h % 1201));
+      case 11:
+        if (a.size() != 1) Raise(450);
+        r = Value(int32_t(Hash(a[0]) % 1201));
         break;
-      }
       default: Raise(438);
     }
   }
@@ -116,82 +107,162 @@ class Dict : public Obj {
  private:
   struct En {
     Value k, v;
-    bool vivo = true;
+    uint32_t h = 0;
+    bool vivo = false;
   };
+  struct Slot {
+    uint32_t h;
+    int32_t i;  // entry position, or kVazio / kApagado
+  };
+  static constexpr int32_t kVazio = -1, kApagado = -2;
+
   std::vector<En> en_;
-  std::unordered_map<Tx, size_t> idx_;
+  std::vector<Slot> tab_;  // size a power of two, at most half used
+  size_t usados_ = 0;      // slots not empty: entries and removed marks
   size_t vivos_ = 0;
   bool texto_ = false;
   int32_t modo_ = 0;
 
-  // The look-up form of a key: a kind letter and the key's content.
-  Tx Chave(const Value& k0) const {
-    const Value& k = k0.Deref();
-    Tx c;
+  enum Tipo { tVazio, tNulo, tTexto, tObj, tNum };
+
+  static Tipo TipoDe(const Value& k) {
     switch (k.t) {
-      case vtEmpty: return u"E";
-      case vtNull: return u"Z";
-      case vtString:
-        c.assign(1, u'S');
-        if (texto_) c += TxMai(k.Sv());
-        else c += k.Sv();
-        return c;
-      case vtObject: {
-        c.assign(1, u'O');
-        uintptr_t p = reinterpret_cast<uintptr_t>(k.o);
-        char16_t b[4];
-        std::memcpy(b, &p, sizeof p < 8 ? sizeof p : 8);
-        c.append(b, 4);
-        return c;
-      }
-      default: {
-        if (k.IsArr()) Raise(13);
-        double d = ToDbl(k);
-        if (d == 0) d = 0;  // -0 and 0 are one key
-        char16_t b[4];
-        std::memcpy(b, &d, 8);
-        c.assign(1, u'N');
-        c.append(b, 4);
-        return c;
-      }
+      case vtEmpty: return tVazio;
+      case vtNull: return tNulo;
+      case vtString: return tTexto;
+      case vtObject: return tObj;
+      default:
+        if (k.IsArr() || !k.IsNum()) Raise(13);
+        return tNum;
     }
   }
 
-  static Value Guarda(const Value& v) { return v.Deref(); }
+  static double NumDe(const Value& k) {
+    double d = ToDbl(k);
+    return d == 0 ? 0 : d;  // -0 and 0 are one key
+  }
+
+  uint32_t Hash(const Value& k0) const {
+    const Value& k = k0.Deref();
+    uint64_t h = 1469598103934665603ull ^ uint64_t(TipoDe(k));
+    auto mix = [&h](uint64_t x) { h = (h ^ x) * 1099511628211ull; };
+    switch (TipoDe(k)) {
+      case tTexto:
+        for (char16_t c : k.Sv()) mix(texto_ ? ChMai(c) : c);
+        break;
+      case tObj: mix(reinterpret_cast<uintptr_t>(k.o)); break;
+      case tNum: {
+        double d = NumDe(k);
+        uint64_t b;
+        std::memcpy(&b, &d, 8);
+        mix(b);
+        break;
+      }
+      default: break;
+    }
+    return uint32_t(h ^ (h >> 32));
+  }
+
+  bool Igual(const Value& k0, const Value& e) const {
+    const Value& k = k0.Deref();
+    Tipo t = TipoDe(k);
+    if (t != TipoDe(e)) return false;
+    switch (t) {
+      case tTexto: return texto_ ? TxCmpTx(k.Sv(), e.Sv()) == 0 : k.Sv() == e.Sv();
+      case tObj: return k.o == e.o;
+      case tNum: return NumDe(k) == NumDe(e);
+      default: return true;
+    }
+  }
+
+  // The slot that holds the key, or -1.
+  int64_t Acha(const Value& k, uint32_t h) const {
+    if (tab_.empty()) return -1;
+    size_t m = tab_.size() - 1;
+    for (size_t s = h & m;; s = (s + 1) & m) {
+      const Slot& x = tab_[s];
+      if (x.i == kVazio) return -1;
+      if (x.i >= 0 && x.h == h && Igual(k, en_[size_t(x.i)].k)) return int64_t(s);
+    }
+  }
+
+  // Puts entry i in the index (the key is known to be absent). Removed marks count
+  // as used, so that a search always meets an empty slot.
+  void Indexa(uint32_t h, int32_t i) {
+    if ((usados_ + 1) * 2 > tab_.size()) Refaz((vivos_ + 1) * 4);
+    size_t m = tab_.size() - 1;
+    size_t s = h & m;
+    while (tab_[s].i >= 0) s = (s + 1) & m;
+    if (tab_[s].i == kVazio) usados_++;
+    tab_[s] = {h, i};
+  }
+
+  // Rebuilds the index at a size of at least n slots.
+  void Refaz(size_t n) {
+    size_t cap = 16;
+    while (cap < n) cap *= 2;
+    tab_.assign(cap, Slot{0, kVazio});
+    usados_ = 0;
+    for (size_t i = 0; i < en_.size(); i++) {
+      if (!en_[i].vivo) continue;
+      size_t s = en_[i].h & (cap - 1);
+      while (tab_[s].i >= 0) s = (s + 1) & (cap - 1);
+      tab_[s] = {en_[i].h, int32_t(i)};
+      usados_++;
+    }
+  }
+
+  void Novo(const Value& k, const Value& v, uint32_t h) {
+    Indexa(h, int32_t(en_.size()));
+    En e;
+    e.k = k.Deref();
+    e.v = v.Deref();
+    e.h = h;
+    e.vivo = true;
+    en_.push_back(std::move(e));
+    vivos_++;
+  }
 
   void Adiciona(const Value& k, const Value& v) {
-    Tx c = Chave(k);
-    if (idx_.count(c)) Raise(457);
-    idx_.emplace(std::move(c), en_.size());
-    en_.push_back({Guarda(k), Guarda(v)});
-    vivos_++;
+    uint32_t h = Hash(k);
+    if (Acha(k, h) >= 0) Raise(457);
+    Novo(k, v, h);
   }
 
   void Poe(const Value& k, const Value& v) {
-    auto it = idx_.find(Chave(k));
-    if (it == idx_.end()) Adiciona(k, v);
-    else en_[it->second].v = Guarda(v);
+    uint32_t h = Hash(k);
+    int64_t s = Acha(k, h);
+    if (s < 0) Novo(k, v, h);
+    else en_[size_t(tab_[size_t(s)].i)].v = v.Deref();
   }
 
   Value Le(const Value& k) {
-    Tx c = Chave(k);
-    auto it = idx_.find(c);
-    if (it != idx_.end()) return en_[it->second].v;
-    idx_.emplace(std::move(c), en_.size());
-    en_.push_back({Guarda(k), Value()});
-    vivos_++;
+    uint32_t h = Hash(k);
+    int64_t s = Acha(k, h);
+    if (s >= 0) return en_[size_t(tab_[size_t(s)].i)].v;
+    Novo(k, Value(), h);
     return Value();
   }
 
   void Renomeia(const Value& de, const Value& para) {
-    auto it = idx_.find(Chave(de));
-    if (it == idx_.end()) Raise(32811);
-    Tx c2 = Chave(para);
-    if (idx_.count(c2)) Raise(457);
-    size_t i = it->second;
-    idx_.erase(it);
-    idx_.emplace(std::move(c2), i);
-    en_[i].k = Guarda(para);
+    int64_t s = Acha(de, Hash(de));
+    if (s < 0) Raise(32811);
+    uint32_t h2 = Hash(para);
+    if (Acha(para, h2) >= 0) Raise(457);
+    int32_t i = tab_[size_t(s)].i;
+    tab_[size_t(s)].i = kApagado;
+    en_[size_t(i)].k = para.Deref();
+    en_[size_t(i)].h = h2;
+    // A rebuilt index already holds the entry under its new key.
+    if ((usados_ + 1) * 2 > tab_.size()) {
+      Refaz((vivos_ + 1) * 4);
+      return;
+    }
+    size_t m = tab_.size() - 1;
+    size_t q = h2 & m;
+    while (tab_[q].i >= 0) q = (q + 1) & m;
+    if (tab_[q].i == kVazio) usados_++;
+    tab_[q] = {h2, i};
   }
 
   Value Lista(bool chaves) const {
@@ -202,7 +273,7 @@ class Dict : public Obj {
     return Value(l);
   }
 
-  // Drops removed entries once they are the greater part.
+  // Drops removed entries once they are the greater part, and rebuilds the index.
   void Compacta() {
     if (en_.size() < 32 || vivos_ * 2 > en_.size()) return;
     std::vector<En> n;
@@ -210,8 +281,7 @@ class Dict : public Obj {
     for (En& e : en_)
       if (e.vivo) n.push_back(std::move(e));
     en_.swap(n);
-    idx_.clear();
-    for (size_t i = 0; i < en_.size(); i++) idx_.emplace(Chave(en_[i].k), i);
+    Refaz(en_.size() * 4);
   }
 };
 

@@ -39,3 +39,23 @@ d.Add Null, "n"
 WScript.Echo d(Empty), d(Null), d.Count
 d.Add Array(1), 1: Chk "Array key"
 x = d.Keys(9): Chk "Keys index out of range"
+' Many renames and removals reuse the index without losing keys.
+Set r = CreateObject("Scripting.Dictionary")
+For i = 1 To 200
+  r.Add "k" & i, i
+Next
+For i = 1 To 200
+  r.Key("k" & i) = "n" & i
+Next
+For i = 1 To 150
+  r.Remove "n" & i
+Next
+For i = 1 To 1000
+  r.Key("n" & (151 + (i Mod 50))) = "t"
+  r.Key("t") = "n" & (151 + (i Mod 50))
+Next
+n = 0
+For i = 151 To 200
+  n = n + r("n" & i)
+Next
+WScript.Echo r.Count, n, r.Exists("k1"), r.Exists("t"), r.Keys()(0)
