@@ -236,6 +236,8 @@ void Opera(Op op, bool pastas, TxV origem, TxV destino, bool sobre) {
   TxV nome = UltNome(origem, ini);
   std::vector<std::string> srcs;
   bool curinga = TemCuringa(nome);
+  // Wildcards stand only in the last name; in a folder they name no folder.
+  if (TemCuringa(origem.substr(0, ini))) Raise(76);
   if (curinga) {
     std::string dir = FsoNat(Pai(origem));
     if (!dir.empty() && !EhDir(dir)) Raise(76);

@@ -134,6 +134,7 @@ class Texto : public Obj {
   Tx t_;
   size_t pos_ = 0;
   int32_t lin_ = 1, col_ = 1;
+  bool cr_ = false;  // the last character counted was a CR
 
   void Decodifica(const std::string& b) {
     if (uni_) {
@@ -163,14 +164,16 @@ class Texto : public Obj {
     return r;
   }
 
+  // Lines end at CR LF, LF or a lone CR, as ReadLine reads them.
   void Conta(TxV s) {
     for (char16_t c : s) {
-      if (c == u'\n') {
+      if (c == u'\r' || (c == u'\n' && !cr_)) {
         lin_++;
         col_ = 1;
-      } else {
+      } else if (c != u'\n') {
         col_++;
       }
+      cr_ = c == u'\r';
     }
   }
 

@@ -1,0 +1,118 @@
+// FileSystemObject and WScript.Shell reached from C++: path functions, reading line
+// ends of every kind, encodings on disk, and environment expansion.
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "LibTest.h"
+
+using namespace libtest;
+using vbs::Value;
+
+namespace {
+
+// Calls a member of an object by name with the given arguments.
+Value M(const Value& o, const char* nome, std::vector<Value> args = {}, int* err = nullptr) {
+  Value r;
+  if (err) *err = 0;
+  try {
+    int id = o.o->Id(zw::TxAsc(nome));
+    o.o->Invoke(id, vbs::Inv::Call, vbs::Args{args.data(), int(args.size())}, r);
+  } catch (const vbs::Fault& f) {
+    if (err) *err = f.num;
+    else ADD_FAILURE() << nome << " raised " << f.num;
+  }
+  return r;
+}
+
+Value Cria(const char16_t* id) {
+  vbs::LibReg();
+  return Value(vbs::NewObj(id));
+}
+
+struct Pasta {
+  std::string p;
+  Pasta() {
+    char t[] = "/tmp/zwlibXXXXXX";
+    p = mkdtemp(t);
+  }
+  ~Pasta() { std::system(("rm -rf " + p).c_str()); }
+  void Escreve(const char* nome, const std::string& bytes) const {
+    std::ofstream(p + "/" + nome, std::ios::binary) << bytes;
+  }
+  std::string Le(const char* nome) const {
+    std::ifstream f(p + "/" + nome, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(f), {});
+  }
+  Value Caminho(const char* nome) const { return Value(zw::TxAsc(p + "\\" + nome)); }
+};
+
+}  // namespace
+
+TEST(LibFso, PathFunctionsTakeBothSeparators) {
+  Value f = Cria(u"Scripting.FileSystemObject");
+  EXPECT_EQ(Tx(M(f, "GetFileName", {S(u"C:\\a/b\\c.txt")})), u"c.txt");
+  EXPECT_EQ(Tx(M(f, "GetFileName", {S(u"C:\\")})), u"");
+  EXPECT_EQ(Tx(M(f, "GetParentFolderName", {S(u"C:\\a")})), u"C:\\");
+  EXPECT_EQ(Tx(M(f, "GetParentFolderName", {S(u"\\\\srv\\share\\x")})), u"\\\\srv\\share\\");
+  EXPECT_EQ(Tx(M(f, "GetBaseName", {S(u".profile")})), u"");
+  EXPECT_EQ(Tx(M(f, "GetExtensionName", {S(u"a.b/c")})), u"");
+  EXPECT_EQ(Tx(M(f, "BuildPath", {S(u"C:"), S(u"x")})), u"C:x");
+  EXPECT_EQ(Tx(M(f, "BuildPath", {S(u"/a/"), S(u"/b")})), u"/a/b");
+  EXPECT_EQ(Tx(M(f, "GetAbsolutePathName", {S(u"C:\\x\\..\\y")})), u"/y");
+}
+
+TEST(LibFso, ReadingLineEndsAndEncodings) {
+  Pasta d;
+  d.Escreve("mix.txt", "a\r\nb\nc\rd\n\n");
+  d.Escreve("utf8.txt", "a\xc3\xa7\xc3\xa3o");
+  d.Escreve("w1252.txt", "a\xe7\xe3o\x80");
+  Value f = Cria(u"Scripting.FileSystemObject");
+  Value t = M(f, "OpenTextFile", {d.Caminho("mix.txt")});
+  std::u16string linhas;
+  while (!M(t, "AtEndOfStream").i) linhas += Tx(M(t, "ReadLine")) + u"|";
+  EXPECT_EQ(linhas, u"a|b|c|d||");
+  EXPECT_EQ(M(t, "Line").l, 6);
+  EXPECT_EQ(Tx(M(M(f, "OpenTextFile", {d.Caminho("utf8.txt")}), "ReadAll")), u"ação");
+  EXPECT_EQ(Tx(M(M(f, "OpenTextFile", {d.Caminho("w1252.txt")}), "ReadAll")), u"ação€");
+  Value w = M(f, "CreateTextFile", {d.Caminho("out.txt")});
+  M(w, "WriteLine", {S(u"ação€ł")});
+  M(w, "Close");
+  EXPECT_EQ(d.Le("out.txt"), "a\xe7\xe3o\x80?\r\n");
+  w = M(f, "CreateTextFile", {d.Caminho("u.txt"), Value(true), Value(true)});
+  M(w, "Write", {S(u"\u20ac")});
+  M(w, "Close");
+  EXPECT_EQ(d.Le("u.txt"), std::string("\xff\xfe\xac\x20", 4));
+  int e;
+  M(f, "OpenTextFile", {d.Caminho("nope/x.txt"), I(2), Value(true)}, &e);
+  EXPECT_EQ(e, 76);
+}
+
+TEST(LibFso, WildcardsAreCaseBlindAndStayInTheLastName) {
+  Pasta d;
+  d.Escreve("A1.TXT", "1");
+  d.Escreve("a2.txt", "2");
+  d.Escreve("b.txt", "3");
+  Value f = Cria(u"Scripting.FileSystemObject");
+  M(f, "CreateFolder", {d.Caminho("dst")});
+  M(f, "CopyFile", {d.Caminho("a?.txt"), d.Caminho("dst")});
+  EXPECT_EQ(M(M(M(f, "GetFolder", {d.Caminho("dst")}), "Files"), "Count").l, 2);
+  int e;
+  M(f, "CopyFile", {d.Caminho("*/x.txt"), d.Caminho("dst\\")}, &e);
+  EXPECT_EQ(e, 76);
+  M(f, "DeleteFile", {d.Caminho("*.TXT")});
+  EXPECT_EQ(M(M(M(f, "GetFolder", {Value(zw::TxAsc(d.p))}), "Files"), "Count").l, 0);
+}
+
+TEST(LibShell, ExpandEnvironmentStrings) {
+  setenv("ZW_LIB_A", "x", 1);
+  Value s = Cria(u"WScript.Shell");
+  EXPECT_EQ(Tx(M(s, "ExpandEnvironmentStrings", {S(u"%ZW_LIB_A%%zw_lib_a%")})), u"xx");
+  EXPECT_EQ(Tx(M(s, "ExpandEnvironmentStrings", {S(u"%%ZW_LIB_A%")})), u"%x");
+  EXPECT_EQ(Tx(M(s, "ExpandEnvironmentStrings", {S(u"50% of %ZW_LIB_NONE%")})), u"50% of %ZW_LIB_NONE%");
+  EXPECT_EQ(Tx(M(s, "ExpandEnvironmentStrings", {S(u"%ZW_LIB_A")})), u"%ZW_LIB_A");
+  unsetenv("ZW_LIB_A");
+}
