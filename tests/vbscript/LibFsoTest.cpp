@@ -7,6 +7,7 @@
 #include <fstream>
 #include <string>
 
+#include "GlbReg.h"
 #include "LibTest.h"
 
 using namespace libtest;
@@ -115,4 +116,23 @@ TEST(LibShell, ExpandEnvironmentStrings) {
   EXPECT_EQ(Tx(M(s, "ExpandEnvironmentStrings", {S(u"50% of %ZW_LIB_NONE%")})), u"50% of %ZW_LIB_NONE%");
   EXPECT_EQ(Tx(M(s, "ExpandEnvironmentStrings", {S(u"%ZW_LIB_A")})), u"%ZW_LIB_A");
   unsetenv("ZW_LIB_A");
+}
+
+TEST(LibShell, RegReadAndRegWriteOverTheStandIn) {
+  Pasta d;
+  d.Escreve("r.reg",
+            "REGEDIT4\r\n\r\n[HKEY_LOCAL_MACHINE\\Software\\ZunWiz]\r\n\"Dir\"=\"C:\\\\Prog\"\r\n"
+            "@=\"omissao\"\r\n\"Num\"=dword:00000001\r\n");
+  zw::RegFicDef(zw::TxAsc(d.p + "/r.reg"));
+  Value s = Cria(u"WScript.Shell");
+  EXPECT_EQ(Tx(M(s, "RegRead", {S(u"HKLM\\Software\\ZunWiz\\Dir")})), u"C:\\Prog");
+  EXPECT_EQ(Tx(M(s, "RegRead", {S(u"HKEY_LOCAL_MACHINE\\Software\\ZunWiz\\")})), u"omissao");
+  int e;
+  M(s, "RegRead", {S(u"HKLM\\Software\\ZunWiz\\Num")}, &e);
+  EXPECT_EQ(e, int32_t(0x80070002));
+  M(s, "RegWrite", {S(u"HKLM\\Software\\ZunWiz\\Novo"), S(u"valor")});
+  EXPECT_EQ(Tx(M(s, "RegRead", {S(u"HKLM\\Software\\ZunWiz\\Novo")})), u"valor");
+  M(s, "RegWrite", {S(u"HKLM\\Software\\ZunWiz\\N"), I(1), S(u"REG_DWORD")}, &e);
+  EXPECT_EQ(e, 5);
+  zw::RegFicDef(u"");
 }
