@@ -1,5 +1,6 @@
 // String, conversion and arithmetic built-ins, called by name.
 #include "LibTest.h"
+#include "MsgDlg.h"
 
 using namespace libtest;
 using vbs::Value;
@@ -162,4 +163,45 @@ TEST(LibMath, RndSequenceAndSeeds) {
   EXPECT_EQ(Fn("Rnd", {}).f, c);
   EXPECT_GE(c, 0);
   EXPECT_LT(c, 1);
+}
+
+namespace {
+// Records what a box would show and answers as told.
+struct DlgTeste : zw::MsgDlg {
+  int estilo = -1;
+  std::u16string titulo, texto, omissao;
+  bool aceita = true;
+  int Caixa(int e, const zw::Tx& t, const zw::Tx& x) override {
+    estilo = e;
+    titulo = t;
+    texto = x;
+    return zw::kAnsNo;
+  }
+  void Bip() override {}
+  bool Entrada(const zw::Tx& t, const zw::Tx& p, const zw::Tx& o, zw::Tx& r) override {
+    titulo = t;
+    texto = p;
+    omissao = o;
+    r = u"typed";
+    return aceita;
+  }
+};
+}  // namespace
+
+TEST(LibMisc, BoxesGoThroughTheDialogService) {
+  DlgTeste d;
+  zw::MsgDlgDef(&d);
+  Value r = Fn("MsgBox", {S(u"Continuar?"), I(4 + 32), S(u"Instalar")});
+  EXPECT_EQ(r.i, zw::kAnsNo);
+  EXPECT_EQ(d.estilo, 36);
+  EXPECT_EQ(d.titulo, u"Instalar");
+  EXPECT_EQ(d.texto, u"Continuar?");
+  Fn("MsgBox", {Value(1.5)});
+  EXPECT_EQ(d.titulo, u"VBScript");
+  EXPECT_EQ(d.texto, u"1.5");
+  EXPECT_EQ(Tx(Fn("InputBox", {S(u"Nome"), S(u"T"), S(u"x")})), u"typed");
+  EXPECT_EQ(d.omissao, u"x");
+  d.aceita = false;
+  EXPECT_TRUE(Fn("InputBox", {S(u"Nome")}).IsEmpty());
+  zw::MsgDlgDef(nullptr);
 }
