@@ -125,3 +125,10 @@ TEST(TableFrm, TheWindowGivesTheControlAndIsTheCallbackObject) {
   semJanela.RegObNum(n);
   EXPECT_EQ(n, 0);
 }
+
+TEST(TableEnd, AnEngineThatOutlivesItsHostGetsAnErrorFromFxp) {
+  auto sc = std::make_shared<vbs::ScriptControl>();
+  { VbsSup h; h.VbsSupPrp(Var(), sc); }
+  EXPECT_FALSE(sc->ExecuteStatement(u"Fxp.FxIni"));
+  EXPECT_EQ(sc->Error().Number, 5);
+}
