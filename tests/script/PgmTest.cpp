@@ -29,10 +29,6 @@ TEST_F(Program, OneSyntaxErrorLosesTheWholeProgram) {
   h.ConFxRegTx(names, n);
   EXPECT_EQ(n, 0);
   EXPECT_EQ(names, u"");
-  std::vector<Tx> none{Tx()};
-  int16_t ok = -1;
-  h.PgmRegArr(1, none, ok);  // an empty program is accepted
-  EXPECT_EQ(ok, 1);
 }
 
 TEST_F(Program, ProceduresInTheirOrderAndTheirKinds) {

@@ -17,12 +17,6 @@ Var NovoSete() { return VbsObVar(new Sete); }
 
 using Table = Host;
 
-TEST_F(Table, TheHostIsThereAsFxPreAndFxp) {
-  EXPECT_EQ(Num(), 2);
-  EXPECT_EQ(TxVar(Ev(u"TypeName(Fxp) & TypeName(FxPre)")), u"VbsSupVbsSup");
-  EXPECT_EQ(TxVar(Ev(u"Fxp Is FxPre")), u"True");
-}
-
 TEST_F(Table, ANameRegisteredTwiceKeepsTwoRecordsAndTheFirstObject) {
   int16_t ok = -1;
   h.RegObPrp(u"N", u"S", NovoSete(), ok);
@@ -120,10 +114,6 @@ TEST(TableFrm, TheWindowGivesTheControlAndIsTheCallbackObject) {
   Var r = Var(u"old");
   h.FxPgm(a, r);  // the window has no cbkVbsFx: the result is empty
   EXPECT_TRUE(r.EhVazio());
-  VbsSup semJanela;  // a value that is no window binds nothing
-  semJanela.VbsRegFS(Var(u"janela"));
-  semJanela.RegObNum(n);
-  EXPECT_EQ(n, 0);
 }
 
 TEST(TableEnd, AnEngineThatOutlivesItsHostGetsAnErrorFromFxp) {
