@@ -272,9 +272,10 @@ Inst::Inst(Engine* e, Class* c) : eng(e), alive(e->alive), cls(c) {
   }
 }
 
+// From outside the class only its public members are reachable.
 int Inst::Id(TxV name) {
   int m = cls->Find(name);
-  return m < 0 ? -1 : m + 1;
+  return m < 0 || !cls->mems[size_t(m)].pub ? -1 : m + 1;
 }
 
 void Inst::Invoke(int id, Inv k, Args a, Value& r) {
@@ -779,7 +780,14 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             if (!ov.o) Raise(91);
             Ref<Obj> o(ov.o);
             const Value& nm = K[I->a];
-            int id = nm.s->len == 0 ? 0 : o->Id(nm.Sv());
+            int id;
+            if (nm.s->len == 0) id = 0;
+            else if (o.get() == me) {
+              int m = me->cls->Find(nm.Sv());  // Me reaches private members too
+              id = m < 0 ? -1 : m + 1;
+            } else {
+              id = o->Id(nm.Sv());
+            }
             if (id < 0) Raise(438);
             Inv k = I->op == oMGet ? Inv::Get : I->op == oMCall ? Inv::Call : I->op == oMLet ? Inv::Let : Inv::Set;
             if (k == Inv::Set) {

@@ -64,6 +64,11 @@ On Error Resume Next
 Dim p : Set p = New Plain
 p.Missing = 1
 WScript.Echo "missing member", Err.Number : Err.Clear
+Dim pc : Set pc = New Counter
+x = pc.count_
+WScript.Echo "private field from outside", Err.Number : Err.Clear
+pc.Name = "private test"
+Set pc = Nothing
 Set p.X = 5
 WScript.Echo "set without object", Err.Number : Err.Clear
 Dim q : q = p
