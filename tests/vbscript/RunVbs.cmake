@@ -1,7 +1,12 @@
 # Runs one script through vbs and compares its output with the expected files.
-execute_process(COMMAND ${VBS} ${SCRIPT} WORKING_DIRECTORY ${DIR}
-  OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
+# NAME.args, when it exists, holds the script's arguments (one per line).
 get_filename_component(name ${SCRIPT} NAME_WE)
+set(args "")
+if(EXISTS ${DIR}/${name}.args)
+  file(STRINGS ${DIR}/${name}.args args)
+endif()
+execute_process(COMMAND ${VBS} ${SCRIPT} ${args} WORKING_DIRECTORY ${DIR}
+  OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
 file(READ ${DIR}/${name}.out want)
 if(NOT out STREQUAL want)
   file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}.got "${out}")
