@@ -3,7 +3,7 @@
 get_filename_component(name ${SCRIPT} NAME_WE)
 set(args "")
 if(EXISTS ${DIR}/${name}.args)
-  file(STRINGS ${DIR}/${name}.args args)
+  file(STRINGS ${DIR}/${name}.args args ENCODING UTF-8)
 endif()
 execute_process(COMMAND ${VBS} ${SCRIPT} ${args} WORKING_DIRECTORY ${DIR}
   OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
