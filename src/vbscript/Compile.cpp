@@ -1368,6 +1368,18 @@ class Parser {
       r.idx = E.CellOf(name);
       return r;
     }
+    // a member of an object added with addMembers
+    for (auto& [objName, members] : E.objNames) {
+      if (!members) continue;
+      int oc = E.FindCell(objName);
+      if (oc < 0 || E.cells[size_t(oc)].v.t != vtObject || !E.cells[size_t(oc)].v.o) continue;
+      if (E.cells[size_t(oc)].v.o->Id(name) < 0) continue;
+      r.k = Res::Global;
+      r.idx = E.CellOf(name);
+      E.cells[size_t(r.idx)].kind = Cell::Member;
+      E.cells[size_t(r.idx)].obj = oc;
+      return r;
+    }
     if (!isStore) {
       if (const Value* c = FindConst(name)) { r.k = Res::Const; r.v = *c; return r; }
       if (const FnDef* f = FindFn(name)) {

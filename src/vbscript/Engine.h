@@ -13,11 +13,12 @@ class Engine;
 
 // A cell of the global table.
 struct Cell {
-  enum Kind : uint8_t { Undecl, Var, Const, Proc, Object };
+  enum Kind : uint8_t { Undecl, Var, Const, Proc, Object, Member };
   Value v;
   Tx name;
   Kind kind = Undecl;
   vbs::Proc* proc = nullptr;
+  int obj = -1;  // Member: the cell of the object added with addMembers
 };
 
 // An instance of a script class.

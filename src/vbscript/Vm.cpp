@@ -536,7 +536,25 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
       }
     }
   };
-  auto isProp = [&](const Ins& I) { return I.b == mMember && me->cls->mems[size_t(I.a)].field < 0; };
+  // names that are members rather than variables: a class's properties and
+  // methods, and the members of objects added with addMembers
+  auto isProp = [&](const Ins& I) {
+    return (I.b == mMember && me->cls->mems[size_t(I.a)].field < 0) ||
+           (I.b == mGlobal && cp[size_t(I.a)]->kind == Cell::Member);
+  };
+  auto prop = [&](const Ins& I, Inv k, Args a, Value& r) {
+    if (I.b == mMember) {
+      me->Member(I.a, k, a, r);
+      return;
+    }
+    Cell& c = *cp[size_t(I.a)];
+    Value& ov = cp[size_t(c.obj)]->v;
+    if (ov.t != vtObject || !ov.o) Raise(424);
+    Ref<Obj> o(ov.o);
+    int id = o->Id(c.name);
+    if (id < 0) Raise(438);
+    o->Invoke(id, k, a, r);
+  };
   auto isProcCell = [&](const Ins& I) {
     return I.b == mGlobal && cp[size_t(I.a)]->kind == Cell::Proc;
   };
@@ -650,6 +668,12 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               NEXT;
             }
             if (c.kind == Cell::Proc) { CallStk(*c.proc, nullptr, 0); NEXT; }
+            if (c.kind == Cell::Member) {
+              Value r;
+              prop(*I, Inv::Get, Args{}, r);
+              PushV(E, std::move(r));
+              NEXT;
+            }
             *sp++ = var(*I, false);
             NEXT;
           }
@@ -659,6 +683,12 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             if (c.kind == Cell::Var && s.t < vtString && c.v.t < vtString) {
               c.v.t = s.t; c.v.c = s.c; s.t = vtEmpty; --sp;
               FAST;
+            }
+            if (c.kind == Cell::Member) {
+              Value r;
+              prop(*I, Inv::Let, Args{sp - 1, 1}, r);
+              PopTo(E, sp - 1);
+              NEXT;
             }
             Value v = std::move(s);
             --sp;
@@ -675,7 +705,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, 0); NEXT; }
             if (isProp(*I)) {
               Value r;
-              me->Member(I->a, Inv::Get, Args{}, r);
+              prop(*I, Inv::Get, Args{}, r);
               PushV(E, std::move(r));
               NEXT;
             }
@@ -684,7 +714,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oSt: L_oSet: {
             if (isProp(*I)) {
               Value r;
-              me->Member(I->a, I->op == oSet ? Inv::Set : Inv::Let, Args{sp - 1, 1}, r);
+              prop(*I, I->op == oSet ? Inv::Set : Inv::Let, Args{sp - 1, 1}, r);
               PopTo(E, sp - 1);
               NEXT;
             }
@@ -699,7 +729,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, 0); NEXT; }
             if (isProp(*I)) {
               Value r;
-              me->Member(I->a, Inv::Get, Args{}, r);
+              prop(*I, Inv::Get, Args{}, r);
               PushV(E, std::move(r));
               NEXT;
             }
@@ -727,7 +757,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, n); NEXT; }
             Value r;
             if (isProp(*I)) {
-              me->Member(I->a, Inv::Call, Args{sp - n, n}, r);
+              prop(*I, Inv::Call, Args{sp - n, n}, r);
             } else {
               Value& v = var(*I, false);
               if (n == 0 && v.t != vtObject) r = v;
@@ -760,7 +790,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             bool set = I->op == oSetIx;
             if (isProp(*I)) {
               Value r;
-              me->Member(I->a, set ? Inv::Set : Inv::Let, Args{sp - n, n}, r);
+              prop(*I, set ? Inv::Set : Inv::Let, Args{sp - n, n}, r);
             } else {
               StoreIx(var(*I, false), Args{sp - n, n}, set);
             }
@@ -940,10 +970,10 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oAppend: {
             if (isProp(*I)) {
               Value cur;
-              me->Member(I->a, Inv::Get, Args{}, cur);
+              prop(*I, Inv::Get, Args{}, cur);
               Value r = Concat(cur, sp[-1]);
               sp[-1] = std::move(r);
-              me->Member(I->a, Inv::Let, Args{sp - 1, 1}, cur);
+              prop(*I, Inv::Let, Args{sp - 1, 1}, cur);
               PopTo(E, sp - 1);
               NEXT;
             }

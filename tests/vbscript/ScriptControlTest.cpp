@@ -215,3 +215,15 @@ TEST(ScriptControl, ClassTerminateRunsWhenTheLastReferenceGoes) {
   held = Value();
   EXPECT_EQ(EvalTx(sc, u"log"), u"-1||-2|-");
 }
+
+TEST(ScriptControl, AddObjectWithMembersMakesThemGlobal) {
+  ScriptControl sc;
+  Ref<Probe> p(new Probe);
+  ASSERT_TRUE(sc.AddObject(u"Probe", p, true));
+  ASSERT_TRUE(sc.AddCode(u"Dim x : x = 5 : Twice x\r\nName = \"bare\"\r\nDim n : n = Name & Calls"))
+      << zw::TxUtf8(sc.Error().Description);
+  EXPECT_EQ(EvalTx(sc, u"x"), u"10");
+  EXPECT_EQ(p->name, u"bare");
+  EXPECT_EQ(EvalTx(sc, u"Left(n, 4)"), u"bare");
+  EXPECT_EQ(EvalTx(sc, u"Probe.Name"), u"bare");  // still reachable by its name
+}
