@@ -1072,9 +1072,29 @@ class Parser {
                          t.kw == kNext || t.kw == kWend || t.kw == kCase))
         return;
       Statement();
+      if (nextPending_) return;  // "Next i, j" closed this block's loop too
       EndStmt();
     }
   }
+
+  // The end of a For body: "Next", "Next i", or the "j" of an inner "Next i, j".
+  void ForNextWord() {
+    if (nextPending_) {
+      --nextPending_;
+      return;
+    }
+    if (!IsKw(kNext)) Fail(1020);
+    Next();
+    if (Cur().k == tId) {
+      Next();
+      while (IsOp(',')) {
+        Next();
+        Ident();
+        ++nextPending_;
+      }
+    }
+  }
+  int nextPending_ = 0;
 
   void SelectStmt() {
     int from = Here(), line = Cur().line, col = Cur().col;
@@ -1174,9 +1194,7 @@ class Parser {
       EndStmt();
       Block();
       int f2 = Here(), l2 = Cur().line, c2 = Cur().col;
-      if (!IsKw(kNext)) Fail(1020);
-      Next();
-      if (Cur().k == tId) Next();
+      ForNextWord();
       EmitName(oFeNext, var, h);
       Emit(oWord, body);
       Mark(f2, l2, c2);
@@ -1207,12 +1225,7 @@ class Parser {
     EndStmt();
     Block();
     int f2 = Here(), l2 = Cur().line, c2 = Cur().col;
-    if (!IsKw(kNext)) Fail(1020);
-    Next();
-    if (Cur().k == tId) {
-      Next();
-      // "Next i, j" closes two loops at once: not supported beyond the first name
-    }
+    ForNextWord();
     EmitName(oForNext, var, h);
     Emit(oWord, body);
     Mark(f2, l2, c2);

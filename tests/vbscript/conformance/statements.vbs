@@ -54,6 +54,13 @@ For i = 1 To 3
     WScript.Echo i, j
   Next
 Next
+' one Next closing two loops
+s = ""
+For i = 1 To 2
+  For j = 1 To 2
+    s = s & i & j & " "
+Next j, i
+WScript.Echo "next j, i:", s
 ' the limit is read once
 j = 3
 For i = 1 To j : j = 10 : Next
