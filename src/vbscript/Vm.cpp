@@ -1058,7 +1058,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oForNext: {
             const Ins& W = *ip++;
             Tick();
-            Value& v = var(*I, true);
+            Value& v = I->b == mLocal ? bp[I->a].Deref() : var(*I, true);
             const Value& lim = bp[I->c];
             const Value& step = bp[I->c + 1];
             if (IsIntK(v) && IsIntK(step) && IsIntK(lim)) {
