@@ -50,6 +50,7 @@ enum Md : uint16_t {
   mGlobal,  // cell of the global table
   mMember,  // member of the instance (Me) the procedure runs on
   mUp,      // slot of the frame that ran Execute or Eval
+  mDyn,     // undeclared in a procedure: entry a of its dyn table (a global if one exists, else a slot)
   mName,    // not yet resolved: index in the unit's name table (compile time only)
 };
 
@@ -85,6 +86,7 @@ struct Proc {
   std::vector<Ins> code;
   std::vector<Value> k;         // constants
   std::vector<const struct FnDef*> fns;  // built-ins it calls
+  std::vector<std::pair<int32_t, int32_t>> dyn;  // undeclared names: global cell and own slot
   std::vector<StmtPos> stmts;
   Class* cls = nullptr;
   std::shared_ptr<const Tx> src;  // the text it came from, for error lines

@@ -1341,7 +1341,7 @@ class Parser {
 
   // ---------------------------------------------------------------- names
   struct Res {
-    enum { Slot, Up, Member, Global, Const, Builtin } k;
+    enum { Slot, Up, Member, Global, Const, Builtin, Dyn } k;
     int idx = 0;
     Value v;
   };
@@ -1407,9 +1407,15 @@ class Parser {
       r.idx = E.CellOf(name);
       return r;
     }
-    r.k = Res::Slot;
-    r.idx = int(pr->nslots++);
-    pr->slotNames.push_back(name);
+    // undeclared in a procedure: decided when it runs, by whether a global of that name exists
+    int slot = SlotIn(pr, name, false);
+    if (slot < 0) {
+      slot = int(pr->nslots++);
+      pr->slotNames.push_back(name);
+    }
+    r.k = Res::Dyn;
+    pr->dyn.emplace_back(E.CellOf(name), slot);
+    r.idx = int(pr->dyn.size() - 1);
     return r;
   }
 
@@ -1430,6 +1436,7 @@ class Parser {
           else if (in.op == oSt) in.op = oStL;
           break;
         case Res::Up: in.b = mUp; in.a = r.idx; break;
+        case Res::Dyn: in.b = mDyn; in.a = r.idx; break;
         case Res::Member: in.b = mMember; in.a = r.idx; break;
         case Res::Global:
           in.b = mGlobal;

@@ -517,6 +517,18 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
     switch (I.b) {
       case mLocal: return bp[I.a].Deref();
       case mUp: return up[I.a].Deref();
+      case mDyn: {
+        // a name no declaration reaches: the global of that name once one exists,
+        // else a variable of this procedure
+        const auto& d = p.dyn[size_t(I.a)];
+        Cell& c = *cp[size_t(d.first)];
+        if (c.kind == Cell::Var || c.kind == Cell::Object) return c.v;
+        if (c.kind == Cell::Const) {
+          if (store) Raise(501);
+          return c.v;
+        }
+        return bp[d.second].Deref();
+      }
       case mMember: {
         const vbs::Member& m = me->cls->mems[size_t(I.a)];
         if (m.field < 0) Raise(store ? 501 : 13);
@@ -555,8 +567,18 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
     if (id < 0) Raise(438);
     o->Invoke(id, k, a, r);
   };
+  // the global cell a name reaches: mGlobal always, mDyn once the global exists
+  auto cellOf = [&](const Ins& I) -> Cell* {
+    if (I.b == mGlobal) return cp[size_t(I.a)];
+    if (I.b == mDyn) {
+      Cell* c = cp[size_t(p.dyn[size_t(I.a)].first)];
+      return c->kind == Cell::Undecl ? nullptr : c;
+    }
+    return nullptr;
+  };
   auto isProcCell = [&](const Ins& I) {
-    return I.b == mGlobal && cp[size_t(I.a)]->kind == Cell::Proc;
+    Cell* c = cellOf(I);
+    return c && c->kind == Cell::Proc;
   };
 
   for (;;) {
@@ -702,7 +724,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             NEXT;
           }
           L_oLd:
-            if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, 0); NEXT; }
+            if (isProcCell(*I)) { CallStk(*cellOf(*I)->proc, nullptr, 0); NEXT; }
             if (isProp(*I)) {
               Value r;
               prop(*I, Inv::Get, Args{}, r);
@@ -726,7 +748,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             NEXT;
           }
           L_oRef:
-            if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, 0); NEXT; }
+            if (isProcCell(*I)) { CallStk(*cellOf(*I)->proc, nullptr, 0); NEXT; }
             if (isProp(*I)) {
               Value r;
               prop(*I, Inv::Get, Args{}, r);
@@ -754,7 +776,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             // on to L_oCall
           L_oCall: {
             int n = I->c;
-            if (isProcCell(*I)) { CallStk(*cp[size_t(I->a)]->proc, nullptr, n); NEXT; }
+            if (isProcCell(*I)) { CallStk(*cellOf(*I)->proc, nullptr, n); NEXT; }
             Value r;
             if (isProp(*I)) {
               prop(*I, Inv::Call, Args{sp - n, n}, r);

@@ -227,3 +227,17 @@ TEST(ScriptControl, AddObjectWithMembersMakesThemGlobal) {
   EXPECT_EQ(EvalTx(sc, u"Left(n, 4)"), u"bare");
   EXPECT_EQ(EvalTx(sc, u"Probe.Name"), u"bare");  // still reachable by its name
 }
+
+TEST(ScriptControl, UndeclaredNamesInProceduresFindGlobalsMadeLater) {
+  ScriptControl sc;
+  ASSERT_TRUE(sc.AddCode(u"Function Show()\r\n Show = Arg1 & \"/\" & Arg2\r\nEnd Function\r\n"
+                         u"Sub Keep()\r\n temp = 5\r\nEnd Sub"));
+  EXPECT_EQ(EvalTx(sc, u"Show()"), u"/");
+  ASSERT_TRUE(sc.ExecuteStatement(u"Arg1=\"a\""));
+  ASSERT_TRUE(sc.ExecuteStatement(u"Arg2=2"));
+  EXPECT_EQ(EvalTx(sc, u"Show()"), u"a/2");
+  // with no global of that name, the name stays the procedure's own
+  Value r;
+  ASSERT_TRUE(sc.Run(u"Keep", {}, r));
+  EXPECT_EQ(EvalTx(sc, u"IsEmpty(temp)"), u"True");
+}
