@@ -339,7 +339,11 @@ void Inst::Last() {
 
 Value Engine::NewInst(TxV name) {
   auto it = classes.find(TxMai(name));
-  if (it == classes.end()) Raise(506);
+  if (it == classes.end()) {
+    // RegExp is the one class the language itself provides to New.
+    if (EqNoCase(name, u"RegExp")) return Value(NewObj(u"VBScript.RegExp"));
+    Raise(506);
+  }
   Ref<Inst> o(new Inst(this, it->second));
   if (it->second->init) {
     Value r;

@@ -83,3 +83,8 @@ re.Pattern = "a)"
 x = re.Test("a"): Chk "stray )"
 re.Pattern = "a"
 x = re.Execute("aaa")(5): Chk "Item out of range"
+
+' New RegExp is the language's own class, beside script classes of other names
+Set nr = New RegExp
+nr.Pattern = "b+": nr.Global = True
+WScript.Echo TypeName(nr), nr.Replace("abbcbd", "-")
