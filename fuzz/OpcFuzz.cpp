@@ -73,6 +73,7 @@ void Edit(const Tx& fic, const Tx& out) {
     o.RegZonPsq(ides[1], pri, cnt);
     o.RegZonCtx(ides[1], lin, cnt);
   }
+  o.RegCabAct(u"VER", Var(Tx(u"+")));
   o.RegCabAct(u"INF", Var(Tx(u"x")));
   o.RegVarEli(u"B");
   o.RegVarAlt(u"A", Var(Tx(u"novo")), 2);
