@@ -1187,20 +1187,7 @@ class Parser {
       Gen(Expr());
       int h = Hidden(2);
       EmitName(oFePrep, var, h);
-      size_t jEnd = Emit(oWord, -1);
-      Mark(from, line, col);
-      int body = Here();
-      loops.push_back(Loop{kFor, {}});
-      EndStmt();
-      Block();
-      int f2 = Here(), l2 = Cur().line, c2 = Cur().col;
-      ForNextWord();
-      EmitName(oFeNext, var, h);
-      Emit(oWord, body);
-      Mark(f2, l2, c2);
-      Patch(jEnd);
-      for (size_t e : loops.back().exits) Patch(e);
-      loops.pop_back();
+      ForBody(oFeNext, var, h, from, line, col);
       Emit(oPushE);
       Emit(oStL, h);
       return;
@@ -1218,6 +1205,13 @@ class Parser {
     }
     int h = Hidden(2);
     EmitName(oForPrep, var, h);
+    ForBody(oForNext, var, h, from, line, col);
+  }
+
+  // The body of a For or For Each after its preparing instruction: the jump past the
+  // loop that the preparation takes when there is nothing to do, the statements, the
+  // Next word and the stepping instruction, and the Exit For jumps patched to the end.
+  void ForBody(uint16_t next, const Tx& var, int h, int from, int line, int col) {
     size_t jEnd = Emit(oWord, -1);
     Mark(from, line, col);
     int body = Here();
@@ -1226,7 +1220,7 @@ class Parser {
     Block();
     int f2 = Here(), l2 = Cur().line, c2 = Cur().col;
     ForNextWord();
-    EmitName(oForNext, var, h);
+    EmitName(next, var, h);
     Emit(oWord, body);
     Mark(f2, l2, c2);
     Patch(jEnd);
