@@ -2,7 +2,9 @@
 #include "ZunWizAsp.h"
 #include <QKeyEvent>
 #include <QPushButton>
+#include <cstdlib>
 #include "SupWiz.h"
+#include "TxQt.h"
 #include "ZunWizArt.h"
 #include "ZunWizGlb.h"
 
@@ -48,6 +50,11 @@ void ZunWizAsp::WizExe(SupWiz& eng) {
   exec();
   mSup = nullptr;
 }
+
+void ZunWizAsp::Caption(const Tx& tx) { setWindowTitle(QsTx(tx)); }
+void ZunWizAsp::Width(double twp) { resize(TwpPx(int(twp)), height()); }
+void ZunWizAsp::Height(double twp) { resize(width(), TwpPx(int(twp))); }
+void ZunWizAsp::End() { std::_Exit(0); }
 
 void ZunWizAsp::FrmPrep(const Tx& pal, int16_t& st) {
   (void)st;

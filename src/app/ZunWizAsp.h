@@ -18,6 +18,21 @@ class ZunWizAsp : public QDialog, public WizFrm {
   void WizZunOpcIni() {}
   void FrmPrep(const Tx& pal, int16_t& st);
 
+  // The window as the engine sees it. The control arrays are not built yet: no
+  // control is loaded and none can be.
+  void Caption(const Tx& tx) override;
+  void Picture(const Tx&) override {}
+  void Icon(const Tx&) override {}
+  void Width(double twp) override;
+  void Height(double twp) override;
+  double TwpPix(char) const override { return 15; }
+  CtlObj* Btn(TxV) override { return nullptr; }
+  CtlObj* Ctl(CtlArr, int) override { return nullptr; }
+  int UBound(CtlArr) const override { return 0; }
+  CtlObj* Load(CtlArr, int) override { throw CtlErr(360); }
+  void Unload() override { close(); }
+  [[noreturn]] void End() override;
+
   QPushButton* cmAnt = nullptr;
   QPushButton* cmSeg = nullptr;
   QPushButton* cmCnf = nullptr;
