@@ -1,31 +1,20 @@
 // Message boxes: the type-text language, the confirmation and error boxes, and the
 // hand-over of messages to the log object when no box may be shown.
 #include "GlbMsg.h"
-#include <unistd.h>
 #include "DbgFx.h"
 #include "MsgDlg.h"
-#include "SupLogReg.h"
 #include "TxtGlb.h"
 #include "Var.h"
 
 namespace zw {
 
 namespace {
-SupLogReg* gLog = nullptr;
+std::function<void(const Tx&, const Tx&)> gLog;
 Tx gLogGrp;
 int gSemDlg = 0;
 
 bool Tem(const Tx& t, const char16_t* m) { return t.find(m) != Tx::npos; }
 
-// The name of the program's file, as the log object files messages under it.
-Tx PgmNom() {
-  char b[4096];
-  ssize_t n = readlink("/proc/self/exe", b, sizeof b - 1);
-  if (n <= 0) return u"ZunWiz";
-  std::string s(b, size_t(n));
-  size_t i = s.rfind('/');
-  return TxDeUtf8(i == std::string::npos ? s : s.substr(i + 1));
-}
 }  // namespace
 
 // Marks are searched in the table's order, case-sensitive, wherever they stand; a
@@ -113,11 +102,11 @@ void MsgLogReg(const Tx& item) {
   static bool dentro = false;
   if (!gLog || dentro) return;
   dentro = true;
-  gLog->MsgGrpReg(PgmNom(), item, gLogGrp);
+  gLog(item, gLogGrp);
   dentro = false;
 }
 
-void MsgLogDef(SupLogReg* log) { gLog = log; }
+void MsgLogFxDef(std::function<void(const Tx& item, const Tx& grp)> f) { gLog = std::move(f); }
 void MsgLogGrpDef(const Tx& grp) { gLogGrp = grp; }
 void MsgSemDlgDef(int flag) { gSemDlg = flag; }
 int MsgSemDlg() { return gSemDlg; }

@@ -4,11 +4,10 @@
 // "|" breaks a line and "»" is a tab. Every box goes through the dialog service of
 // MsgDlg.h. Result words: 1 OK or Yes, 0 No, -1 Cancel.
 #pragma once
+#include <functional>
 #include "Tx.h"
 
 namespace zw {
-
-class SupLogReg;
 
 // The style code of a type text (icon + buttons + default) and whether it beeps.
 int MsgEstilo(const Tx& tipo, bool* bip = nullptr);
@@ -23,8 +22,10 @@ void MsgTxTab(const Tx& v, Tx& res);
 // Hands an item text to the log object's group register; nothing without one.
 void MsgLogReg(const Tx& item);
 
-// The log object and its group (empty slot and "" unless a program fills them).
-void MsgLogDef(SupLogReg* log);
+// The log object, as a hook that files an item under a group, and the group (no
+// hook and "" unless a program fills them). The log registers live above this
+// layer; SupLogReg.h installs one of them here with MsgLogDef.
+void MsgLogFxDef(std::function<void(const Tx& item, const Tx& grp)> f);
 void MsgLogGrpDef(const Tx& grp);
 // The no-dialog flag: with 1, MsgExe shows nothing, answers 0 and logs the message.
 void MsgSemDlgDef(int flag);

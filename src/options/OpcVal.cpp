@@ -1,11 +1,10 @@
 // Option values: the general and fixed option tables, the reserved keys, the
 // command-line words, substitution of "[NAME]" in values, yes/no reading, tabular
 // options, the table of option files and the special options of a zone head.
-#include <unistd.h>
-#include <climits>
 #include "FicGlb.h"
 #include "GlbReg.h"
 #include "OpcAux.h"
+#include "PrcExe.h"
 #include "TdaOpc.h"
 #include "TxtGlb.h"
 
@@ -16,10 +15,7 @@ using namespace opc;
 
 // The folder of the running executable.
 static Tx DirExe() {
-  char b[PATH_MAX];
-  ssize_t n = readlink("/proc/self/exe", b, sizeof b - 1);
-  if (n <= 0) return Tx();
-  Tx p = TxDeUtf8(std::string_view(b, size_t(n))), dir, nom;
+  Tx p = PrcExeCam();
   size_t s = p.rfind(u'/');
   return s == Tx::npos ? Tx() : p.substr(0, s);
 }

@@ -1,15 +1,18 @@
 // Programs: start with posix_spawn, wait with waitpid, collect the forgotten ones.
 #include "PrcExe.h"
+#include <fcntl.h>
+#include <signal.h>
 #include <spawn.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <cerrno>
 #include <chrono>
+#include <climits>
 #include <map>
 #include <string>
 #include <thread>
 #include "FicGlb.h"
+#include "FicInf.h"
 #include "TxtGlb.h"
 
 extern char** environ;
@@ -38,9 +41,74 @@ void Colhe() {
   }
 }
 
-bool Existe(const std::string& p) {
-  struct stat st;
-  return stat(p.c_str(), &st) == 0;
+bool Existe(const std::string& p) { return FicInfTip(p) != kFicNada; }
+
+// Closes the descriptors of a pipe pair that are open.
+void Fecha(int (&p)[2]) {
+  for (int& f : p)
+    if (f >= 0) close(f), f = -1;
+}
+
+// The start itself: with tub, the child's streams go to three new pipes whose
+// other ends come back in tub. The pipes are made close-on-exec, so a later child
+// does not inherit this one's ends and keep its input open.
+int Lanca(const Tx& prog, const std::vector<Tx>& args, int& pid, PrcTub* tub) {
+  pid = 0;
+  Colhe();
+  if (prog.empty()) return kErrFicNao;
+  bool caminho = prog.find_first_of(u"\\/") != Tx::npos || (prog.size() >= 2 && prog[1] == u':');
+  std::string p;
+  if (caminho) {
+    int e = 0;
+    p = FicNat(prog, &e);
+    if (e) return e;
+    if (!Existe(p) && p.size() > 4 && TxMai(TxDeUtf8(p.substr(p.size() - 4))) == u".EXE" &&
+        Existe(p.substr(0, p.size() - 4)))
+      p.resize(p.size() - 4);
+  } else {
+    p = TxUtf8(prog);
+  }
+  std::vector<std::string> a{p};
+  for (const Tx& x : args) a.push_back(TxUtf8(x));
+  std::vector<char*> argv;
+  for (auto& s : a) argv.push_back(s.data());
+  argv.push_back(nullptr);
+  int pi[2] = {-1, -1}, po[2] = {-1, -1}, pe[2] = {-1, -1};
+  posix_spawn_file_actions_t fa;
+  posix_spawn_file_actions_init(&fa);
+  if (tub) {
+    if (pipe2(pi, O_CLOEXEC) || pipe2(po, O_CLOEXEC) || pipe2(pe, O_CLOEXEC)) {
+      Fecha(pi), Fecha(po), Fecha(pe);
+      posix_spawn_file_actions_destroy(&fa);
+      return kErrFicMui;
+    }
+    posix_spawn_file_actions_adddup2(&fa, pi[0], 0);
+    posix_spawn_file_actions_adddup2(&fa, po[1], 1);
+    posix_spawn_file_actions_adddup2(&fa, pe[1], 2);
+  }
+  pid_t id = 0;
+  int r = caminho ? posix_spawn(&id, p.c_str(), &fa, nullptr, argv.data(), environ)
+                  : posix_spawnp(&id, p.c_str(), &fa, nullptr, argv.data(), environ);
+  posix_spawn_file_actions_destroy(&fa);
+  if (tub) {
+    // The child's ends are the child's now.
+    close(pi[0]), close(po[1]), close(pe[1]);
+    if (r != 0) {
+      close(pi[1]), close(po[0]), close(pe[0]);
+    } else {
+      tub->in = pi[1];
+      tub->out = po[0];
+      tub->err = pe[0];
+    }
+  }
+  if (r != 0) {
+    if (r == ENOENT) return caminho ? FicErrNat(r, p) : kErrFicNao;
+    if (r == EACCES || r == EPERM || r == ENOEXEC) return kErrPerm;
+    return kErrAces;
+  }
+  pid = int(id);
+  gVivos[pid] = -1;
+  return 0;
 }
 }  // namespace
 
@@ -65,38 +133,10 @@ std::vector<Tx> PrcPal(const Tx& linha) {
   return v;
 }
 
-int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid) {
-  pid = 0;
-  Colhe();
-  if (prog.empty()) return kErrFicNao;
-  bool caminho = prog.find_first_of(u"\\/") != Tx::npos || (prog.size() >= 2 && prog[1] == u':');
-  std::string p;
-  if (caminho) {
-    int e = 0;
-    p = FicNat(prog, &e);
-    if (e) return e;
-    if (!Existe(p) && p.size() > 4 && TxMai(TxDeUtf8(p.substr(p.size() - 4))) == u".EXE" &&
-        Existe(p.substr(0, p.size() - 4)))
-      p.resize(p.size() - 4);
-  } else {
-    p = TxUtf8(prog);
-  }
-  std::vector<std::string> a{p};
-  for (const Tx& x : args) a.push_back(TxUtf8(x));
-  std::vector<char*> argv;
-  for (auto& s : a) argv.push_back(s.data());
-  argv.push_back(nullptr);
-  pid_t id = 0;
-  int r = caminho ? posix_spawn(&id, p.c_str(), nullptr, nullptr, argv.data(), environ)
-                  : posix_spawnp(&id, p.c_str(), nullptr, nullptr, argv.data(), environ);
-  if (r != 0) {
-    if (r == ENOENT) return caminho ? FicErrNat(r, p) : kErrFicNao;
-    if (r == EACCES || r == EPERM || r == ENOEXEC) return kErrPerm;
-    return kErrAces;
-  }
-  pid = int(id);
-  gVivos[pid] = -1;
-  return 0;
+int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid) { return Lanca(prog, args, pid, nullptr); }
+
+int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid, PrcTub& tub) {
+  return Lanca(prog, args, pid, &tub);
 }
 
 int PrcLan(const Tx& linha, int& pid) {
@@ -148,6 +188,11 @@ Tx PrcLanEsp(const Tx& linha, int ms, int& cod) {
   return PrcEsp(pid, ms, cod);
 }
 
+bool PrcTer(int pid) {
+  Colhe();
+  return gVivos.count(pid) && kill(pid_t(pid), SIGTERM) == 0;
+}
+
 // xdg-open runs through a shell that puts it in the background and ends at once:
 // the desktop program outlives this call and is no child of this process.
 int PrcAbr(const Tx& doc) {
@@ -157,6 +202,13 @@ int PrcAbr(const Tx& doc) {
   if (PrcLan(u"/bin/sh", {u"-c", u"xdg-open \"$1\" >/dev/null 2>&1 &", u"sh", TxDeUtf8(n)}, pid)) return kErrAces;
   PrcEsp(pid, -1, cod);
   return 0;
+}
+
+// Linux names the executable of a process by the link /proc/self/exe.
+Tx PrcExeCam() {
+  char b[PATH_MAX];
+  ssize_t n = readlink("/proc/self/exe", b, sizeof b - 1);
+  return n > 0 ? TxDeUtf8(std::string_view(b, size_t(n))) : Tx();
 }
 
 }  // namespace zw

@@ -6,17 +6,29 @@
 // id is not one of this program's children. A program that cannot start is a
 // failure result with a file-layer error number (53 not found, 70 not runnable),
 // never a crash. Programs started and never waited for are collected at later
-// starts, so none lingers as a zombie.
+// starts, so none lingers as a zombie. This is the one place of the system that
+// starts processes: the script engine's WScript.Shell, the file layer's document
+// opener and the wizard's program operations all come here.
 #pragma once
 #include <vector>
 #include "Tx.h"
 
 namespace zw {
 
+// The pipes of a program started with its standard streams redirected: in is the
+// writing end of its input, out and err the reading ends of its output and error.
+// They belong to the caller, who closes them; -1 where there is none.
+struct PrcTub {
+  int in = -1, out = -1, err = -1;
+};
+
 // Starts prog (a path, or a name looked up in PATH) with its arguments. A path
 // ending in ".exe" that does not exist runs the same path without it, so that
 // "InsCmp.exe" finds "InsCmp". 0 and the id, or the error number.
 int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid);
+// The same with the program's input, output and error on three new pipes, whose
+// ends this process keeps go to tub (untouched when the start fails).
+int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid, PrcTub& tub);
 // The same from a command line: words at blanks, "..." keeps blanks in a word.
 int PrcLan(const Tx& linha, int& pid);
 // The words of a command line, as PrcLan cuts them.
@@ -26,8 +38,14 @@ Tx PrcEsp(int pid, int ms, int& cod);
 // Starts and waits: the status word, and in cod the exit code, or for "ERR" the
 // error number of a start that failed.
 Tx PrcLanEsp(const Tx& linha, int ms, int& cod);
+// Asks a started program to end (SIGTERM); a later wait collects it. False when
+// pid is none of this program's children still running.
+bool PrcTer(int pid);
 // Opens a document or a folder with the desktop's program for it and goes on
 // (xdg-open). 0, or 53 when there is no such file.
 int PrcAbr(const Tx& doc);
+// The Linux path of the running program's executable file, "" when the system does
+// not say.
+Tx PrcExeCam();
 
 }  // namespace zw

@@ -11,6 +11,7 @@
 #include <random>
 
 #include "FicGlb.h"
+#include "FicInf.h"
 #include "GlbReg.h"
 
 namespace vbs {
@@ -40,8 +41,8 @@ void FsoErr(int e, bool pasta) {
 }
 
 bool FsoSoLeitura(const std::string& p) {
-  struct stat st;
-  return stat(p.c_str(), &st) == 0 && !(st.st_mode & S_IWUSR);
+  zw::FicInf f;
+  return zw::FicInfLer(p, f) && !(f.modo & 0200);
 }
 
 double FsoData(long seg) {
@@ -131,8 +132,7 @@ std::vector<std::string> Expande(const std::string& dir, TxV pad, bool pastas) {
   std::vector<std::string> r;
   std::error_code ec;
   for (auto& e : fs::directory_iterator(dir.empty() ? "." : dir, ec)) {
-    std::error_code e2;
-    bool d = e.is_directory(e2);
+    bool d = zw::FicInfTip(e.path().string()) == zw::kFicDir;
     if (d != pastas) continue;
     std::string nome = e.path().filename().string();
     if (Casa(pad, zw::TxDeUtf8(nome))) r.push_back(e.path().string());
@@ -141,13 +141,12 @@ std::vector<std::string> Expande(const std::string& dir, TxV pad, bool pastas) {
 }
 
 bool EhDir(const std::string& p) {
-  struct stat st;
-  return stat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+  return zw::FicInfTip(p) == zw::kFicDir;
 }
 
 bool EhFic(const std::string& p) {
-  struct stat st;
-  return stat(p.c_str(), &st) == 0 && !S_ISDIR(st.st_mode);
+  int t = zw::FicInfTip(p);
+  return t != zw::kFicNada && t != zw::kFicDir;
 }
 
 std::string Junta(const std::string& d, const std::string& n) {
@@ -169,9 +168,8 @@ std::string PaiNat(const std::string& p) {
 }  // namespace
 
 void FsoCopiaFic(const std::string& de, const std::string& para, bool sobre) {
-  struct stat st;
-  if (stat(para.c_str(), &st) == 0) {
-    if (S_ISDIR(st.st_mode)) Raise(70);
+  if (int t = zw::FicInfTip(para); t != zw::kFicNada) {
+    if (t == zw::kFicDir) Raise(70);
     if (!sobre) Raise(58);
     if (FsoSoLeitura(para)) Raise(70);
   }
@@ -194,8 +192,7 @@ void FsoCopiaDir(const std::string& de, const std::string& para, bool sobre) {
   }
   for (auto& e : fs::directory_iterator(de, ec)) {
     std::string n = e.path().filename().string();
-    std::error_code e2;
-    if (e.is_directory(e2)) FsoCopiaDir(e.path().string(), Junta(para, n), sobre);
+    if (zw::FicInfTip(e.path().string()) == zw::kFicDir) FsoCopiaDir(e.path().string(), Junta(para, n), sobre);
     else FsoCopiaFic(e.path().string(), Junta(para, n), sobre);
   }
   if (ec) FsoErr(ec.value(), true);
@@ -213,8 +210,7 @@ void FsoApaga(const std::string& p, bool forca, bool pasta) {
 }
 
 void FsoMove(const std::string& de, const std::string& para) {
-  struct stat st;
-  if (lstat(para.c_str(), &st) == 0) Raise(58);
+  if (zw::FicInfHa(para)) Raise(58);
   if (rename(de.c_str(), para.c_str()) == 0) return;
   int e = errno;
   if (e != EXDEV) FsoErr(e, EhDir(de));
@@ -344,8 +340,7 @@ class FsoObj : public Obj {
       }
       case 12: {
         std::string n = FsoNat(p);
-        struct stat st;
-        if (stat(n.c_str(), &st) == 0) Raise(58);
+        if (zw::FicInfTip(n) != zw::kFicNada) Raise(58);
         if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);
         r = Value(FsoPasta(n));
         break;
@@ -374,9 +369,8 @@ class FsoObj : public Obj {
         bool sobre = a.Has(1) ? ToBool(a[1]) : true;
         bool uni = a.Has(2) && ToBool(a[2]);
         std::string n = FsoNat(p);
-        struct stat st;
-        if (stat(n.c_str(), &st) == 0) {
-          if (S_ISDIR(st.st_mode)) Raise(70);
+        if (int t = zw::FicInfTip(n); t != zw::kFicNada) {
+          if (t == zw::kFicDir) Raise(70);
           if (!sobre) Raise(58);
         }
         r = Value(FsoTexto(n, 2, uni, true));

@@ -1,8 +1,6 @@
 // FsoObj: the File, Folder and Drive objects and the Files, Folders and Drives
 // collections of the FileSystemObject.
 #include <sys/stat.h>
-#include <sys/statvfs.h>
-#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,6 +8,7 @@
 #include <filesystem>
 
 #include "FicGlb.h"
+#include "FicInf.h"
 #include "Fso.h"
 #include "GlbReg.h"
 
@@ -34,21 +33,21 @@ std::string Pai(const std::string& p) {
 // Attributes as the FileSystemObject numbers them: 1 read-only, 2 hidden (a name
 // starting with "."), 16 folder, 32 archive (every file), 1024 link.
 int32_t Atributos(const std::string& p) {
-  struct stat st, lst;
-  if (stat(p.c_str(), &st) != 0) return 0;
-  int32_t a = S_ISDIR(st.st_mode) ? 16 : 32;
-  if (FsoSoLeitura(p)) a |= 1;
+  zw::FicInf f;
+  if (!zw::FicInfLer(p, f)) return 0;
+  int32_t a = f.tipo == zw::kFicDir ? 16 : 32;
+  if (!(f.modo & 0200)) a |= 1;
   std::string n = Nome(p);
   if (!n.empty() && n[0] == '.') a |= 2;
-  if (lstat(p.c_str(), &lst) == 0 && S_ISLNK(lst.st_mode)) a |= 1024;
+  if (f.lig) a |= 1024;
   return a;
 }
 
 // Setting the attributes changes what Linux can hold of them: the read-only bit.
 void PoeAtributos(const std::string& p, int32_t a) {
-  struct stat st;
-  if (stat(p.c_str(), &st) != 0) FsoErr(errno, false);
-  mode_t m = st.st_mode & 07777;
+  zw::FicInf f;
+  if (!zw::FicInfLer(p, f)) FsoErr(f.err, false);
+  mode_t m = mode_t(f.modo);
   m = (a & 1) ? (m & ~mode_t(0222)) : (m | S_IWUSR);
   if (chmod(p.c_str(), m) != 0) FsoErr(errno, false);
 }
@@ -59,8 +58,8 @@ double TamanhoDir(const std::string& p) {
   for (auto it = fs::recursive_directory_iterator(p, fs::directory_options::skip_permission_denied, ec);
        it != fs::recursive_directory_iterator(); it.increment(ec)) {
     if (ec) break;
-    std::error_code e2;
-    if (it->is_regular_file(e2)) t += double(it->file_size(e2));
+    zw::FicInf f;
+    if (zw::FicInfLer(it->path().string(), f) && f.tipo == zw::kFicReg) t += double(f.tam);
   }
   return t;
 }
@@ -106,8 +105,7 @@ class FsoCol : public Obj {
       std::string n = dir_;
       if (n != "/") n += '/';
       n += zw::TxUtf8(ToTx(a[0]));
-      struct stat st;
-      if (stat(n.c_str(), &st) == 0) Raise(58);
+      if (zw::FicInfTip(n) != zw::kFicNada) Raise(58);
       if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);
       r = Value(FsoPasta(n));
       return;
@@ -143,8 +141,7 @@ Ref<FsoCol> Lista(const std::string& dir, bool pastas) {
   std::error_code ec;
   std::vector<std::string> ns;
   for (auto& e : fs::directory_iterator(dir, ec)) {
-    std::error_code e2;
-    if (e.is_directory(e2) == pastas) ns.push_back(e.path().string());
+    if ((zw::FicInfTip(e.path().string()) == zw::kFicDir) == pastas) ns.push_back(e.path().string());
   }
   std::sort(ns.begin(), ns.end());
   for (auto& n : ns) {
@@ -177,16 +174,16 @@ class Entrada : public Obj {
       else Raise(438);
       return;
     }
-    struct stat st;
+    zw::FicInf st;
     auto Stat = [&]() {
-      if (stat(p_.c_str(), &st) != 0) FsoErr(errno, pasta_);
+      if (!zw::FicInfLer(p_, st)) FsoErr(st.err, pasta_);
     };
     switch (id) {
       case 0: case 10: r = Value(FsoTx(p_)); break;
       case 2: r = Value(Atributos(p_)); break;
-      case 3: Stat(); r = Value::Date(FsoData(st.st_ctime)); break;
-      case 4: Stat(); r = Value::Date(FsoData(st.st_atime)); break;
-      case 5: Stat(); r = Value::Date(FsoData(st.st_mtime)); break;
+      case 3: Stat(); r = Value::Date(FsoData(long(st.tCri))); break;
+      case 4: Stat(); r = Value::Date(FsoData(long(st.tAce))); break;
+      case 5: Stat(); r = Value::Date(FsoData(long(st.tMod))); break;
       case 6: {
         char16_t l = LetraDe(p_);
         if (!l) Raise(68);
@@ -203,8 +200,8 @@ class Entrada : public Obj {
       case 11:
         Stat();
         if (pasta_) r = Value(TamanhoDir(p_));
-        else if (st.st_size <= INT32_MAX) r = Value(int32_t(st.st_size));
-        else r = Value(double(st.st_size));
+        else if (st.tam <= INT32_MAX) r = Value(int32_t(st.tam));
+        else r = Value(double(st.tam));
         break;
       case 12: {
         if (pasta_) {
@@ -251,8 +248,7 @@ class Entrada : public Obj {
         if (a.size() < 1 || a.size() > 3) Raise(450);
         std::string n = p_ + (p_ == "/" ? "" : "/") + zw::TxUtf8(ToTx(a[0]));
         bool sobre = a.Has(1) ? ToBool(a[1]) : true;
-        struct stat s2;
-        if (stat(n.c_str(), &s2) == 0 && !sobre) Raise(58);
+        if (zw::FicInfTip(n) != zw::kFicNada && !sobre) Raise(58);
         r = Value(FsoTexto(n, 2, a.Has(2) && ToBool(a[2]), true));
         break;
       }
@@ -288,20 +284,20 @@ class Drive : public Obj {
       Raise(438);
     }
     (void)a;
-    struct statvfs sv;
-    bool ok = statvfs(raiz_.c_str(), &sv) == 0;
+    zw::VolInf v;
+    bool ok = zw::VolInfLer(raiz_, v);
     switch (id) {
       case 0: r = Value(Tx(1, l_) + u":"); break;
-      case 2: r = Value(ok ? double(sv.f_bavail) * double(sv.f_frsize) : 0.0); break;
+      case 2: r = Value(v.disp); break;
       case 3: r = Value(Tx(1, l_)); break;
       case 4: r = Value(int32_t(zw::DrvTipCod(l_))); break;
       case 5: r = Value(TipoFs()); break;
-      case 6: r = Value(ok ? double(sv.f_bfree) * double(sv.f_frsize) : 0.0); break;
+      case 6: r = Value(v.livre); break;
       case 7: r = Value(ok); break;
       case 8: r = Value(FsoPasta(raiz_)); break;
-      case 9: r = Value(ok ? int32_t(uint32_t(sv.f_fsid)) : int32_t(0)); break;
+      case 9: r = Value(int32_t(v.serie)); break;
       case 10: r = Value(TxV()); break;
-      case 11: r = Value(ok ? double(sv.f_blocks) * double(sv.f_frsize) : 0.0); break;
+      case 11: r = Value(v.total); break;
       case 12: r = Value(TxV()); break;
       default: Raise(438);
     }
@@ -312,9 +308,9 @@ class Drive : public Obj {
   std::string raiz_;
 
   Tx TipoFs() {
-    struct statfs s;
-    if (statfs(raiz_.c_str(), &s) != 0) return Tx();
-    switch (uint32_t(s.f_type)) {
+    zw::VolInf v;
+    if (!zw::VolInfLer(raiz_, v)) return Tx();
+    switch (v.tipoFs) {
       case 0xEF53: return u"ext4";
       case 0x9123683E: return u"btrfs";
       case 0x58465342: return u"xfs";
@@ -332,14 +328,13 @@ class Drive : public Obj {
 }  // namespace
 
 Ref<Obj> FsoFicheiro(const std::string& nat) {
-  struct stat st;
-  if (stat(nat.c_str(), &st) != 0 || S_ISDIR(st.st_mode)) Raise(53);
+  int t = zw::FicInfTip(nat);
+  if (t == zw::kFicNada || t == zw::kFicDir) Raise(53);
   return Ref<Obj>(new Entrada(FsoAbs(nat), false));
 }
 
 Ref<Obj> FsoPasta(const std::string& nat) {
-  struct stat st;
-  if (stat(nat.empty() ? "." : nat.c_str(), &st) != 0 || !S_ISDIR(st.st_mode)) Raise(76);
+  if (zw::FicInfTip(nat.empty() ? "." : nat) != zw::kFicDir) Raise(76);
   return Ref<Obj>(new Entrada(FsoAbs(nat), true));
 }
 

@@ -1,7 +1,7 @@
 // LibMisc: the locale functions, RGB, the boxes, GetObject, LoadPicture and the vb
 // constants.
-#include <sys/stat.h>
 
+#include "FicInf.h"
 #include "Lib.h"
 #include "MsgDlg.h"
 
@@ -79,8 +79,7 @@ void FnLoadPicture(Args a, Value&) {
   std::string f = zw::TxUtf8(ToTx(a[0]));
   for (char& c : f)
     if (c == '\\') c = '/';
-  struct stat st;
-  if (stat(f.c_str(), &st) != 0) Raise(53);
+  if (zw::FicInfTip(f) == zw::kFicNada) Raise(53);
   Raise(481);
 }
 

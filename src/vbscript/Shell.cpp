@@ -1,10 +1,6 @@
 // Shell: WScript.Shell: Run, Exec, the environment, the current folder, RegRead and
 // RegWrite over the system's registry stand-in, and Popup through the dialog service.
-#include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -144,7 +140,7 @@ class Fluxo;
 
 class Execucao : public Obj {
  public:
-  pid_t pid = 0;
+  int pid = 0;
   int estado = 0, codigo = 0;
   std::shared_ptr<Tubos> t = std::make_shared<Tubos>();
   Ref<Obj> sIn, sOut, sErr;
@@ -164,22 +160,23 @@ class Execucao : public Obj {
       case 5: r = Value(sOut); break;
       case 6: r = Value(sErr); break;
       case 7:
-        if (!estado) kill(pid, SIGTERM);
+        if (!estado) zw::PrcTer(pid);
         break;
       default: Raise(438);
     }
   }
   ~Execucao() override {
-    // Collects the child if it has ended, so it does not linger.
+    // Collects the child if it has ended; one still running is collected by a
+    // later start, so it does not linger either.
     Verifica();
   }
   void Verifica() {
     if (estado || pid <= 0) return;
-    int st;
-    if (waitpid(pid, &st, WNOHANG) == pid) {
-      estado = 1;
-      codigo = WIFEXITED(st) ? WEXITSTATUS(st) : 128 + WTERMSIG(st);
-    }
+    int cod = 0;
+    Tx st = zw::PrcEsp(pid, 0, cod);
+    if (st == u"TO") return;
+    estado = 1;
+    codigo = st == u"NOR" ? cod : 0;
   }
 };
 
@@ -251,32 +248,15 @@ class Fluxo : public Obj {
 Ref<Obj> Executa(const Tx& linha) {
   std::vector<Tx> w = zw::PrcPal(Expande(linha));
   if (w.empty()) Raise(kErrNaoAchou, u"The system cannot find the file specified.");
-  std::vector<std::string> s;
-  for (size_t i = 0; i < w.size(); i++) {
-    bool caminho = i == 0 && w[i].find_first_of(u"\\/") != Tx::npos;
-    s.push_back(caminho ? zw::FicNat(w[i]) : zw::TxUtf8(w[i]));
-  }
-  std::vector<char*> argv;
-  for (auto& x : s) argv.push_back(x.data());
-  argv.push_back(nullptr);
-  int pi[2], po[2], pe[2];
-  if (pipe2(pi, O_CLOEXEC) || pipe2(po, O_CLOEXEC) || pipe2(pe, O_CLOEXEC)) Raise(7);
-  posix_spawn_file_actions_t fa;
-  posix_spawn_file_actions_init(&fa);
-  posix_spawn_file_actions_adddup2(&fa, pi[0], 0);
-  posix_spawn_file_actions_adddup2(&fa, po[1], 1);
-  posix_spawn_file_actions_adddup2(&fa, pe[1], 2);
-  pid_t pid;
-  int e = posix_spawnp(&pid, argv[0], &fa, nullptr, argv.data(), environ);
-  posix_spawn_file_actions_destroy(&fa);
-  close(pi[0]);
-  close(po[1]);
-  close(pe[1]);
+  Tx prog = w[0];
+  w.erase(w.begin());
+  int pid = 0;
+  zw::PrcTub tub;
+  if (zw::PrcLan(prog, w, pid, tub)) Raise(kErrNaoAchou, u"The system cannot find the file specified.");
   Ref<Execucao> x(new Execucao);
-  x->t->in = pi[1];
-  x->t->out = po[0];
-  x->t->err = pe[0];
-  if (e != 0) Raise(kErrNaoAchou, u"The system cannot find the file specified.");
+  x->t->in = tub.in;
+  x->t->out = tub.out;
+  x->t->err = tub.err;
   x->pid = pid;
   x->sIn = Ref<Obj>(new Fluxo(x->t, 0));
   x->sOut = Ref<Obj>(new Fluxo(x->t, 1));

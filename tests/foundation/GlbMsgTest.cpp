@@ -4,7 +4,6 @@
 #include <vector>
 #include "GlbMsg.h"
 #include "MsgDlg.h"
-#include "SupLogReg.h"
 
 using namespace zw;
 

@@ -64,3 +64,38 @@ TEST(Prc, ExeSuffixFallsBackAndForgottenChildrenAreCollected) {
   EXPECT_EQ(PrcEsp(p2, -1, cod), u"NOR");
   (void)!std::system(("rm -rf '" + d + "'").c_str());
 }
+
+TEST(Prc, PipesCarryTheStreamsAndTerminateEnds) {
+  PrcTub t;
+  int pid = 0, cod = 0;
+  ASSERT_EQ(PrcLan(u"/bin/sh", {u"-c", u"read a; echo \"o:$a\"; echo e >&2"}, pid, t), 0);
+  ASSERT_GE(t.in, 0);
+  ASSERT_EQ(write(t.in, "xy\n", 3), 3);
+  close(t.in);
+  auto Tudo = [](int fd) {
+    std::string s;
+    char b[64];
+    for (ssize_t n; (n = read(fd, b, sizeof b)) > 0;) s.append(b, size_t(n));
+    close(fd);
+    return s;
+  };
+  EXPECT_EQ(Tudo(t.out), "o:xy\n");
+  EXPECT_EQ(Tudo(t.err), "e\n");
+  EXPECT_EQ(PrcEsp(pid, -1, cod), u"NOR");
+
+  PrcTub nada;
+  EXPECT_EQ(PrcLan(u"zw-no-such-program-in-path", {}, pid, nada), 53);
+  EXPECT_EQ(nada.in, -1);  // a failed start leaves no pipe behind
+
+  ASSERT_EQ(PrcLan(u"sleep", {u"5"}, pid), 0);
+  EXPECT_TRUE(PrcTer(pid));
+  EXPECT_EQ(PrcEsp(pid, -1, cod), u"NOR");
+  EXPECT_EQ(cod, 128 + SIGTERM);
+  EXPECT_FALSE(PrcTer(pid));  // no longer a child
+}
+
+TEST(Prc, ExecutablePath) {
+  Tx p = PrcExeCam();
+  ASSERT_FALSE(p.empty());
+  EXPECT_EQ(p.substr(p.rfind(u'/') + 1), u"test_platform");
+}

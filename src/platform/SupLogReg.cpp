@@ -10,6 +10,7 @@
 #include "DbgFx.h"
 #include "FicGlb.h"
 #include "GlbMsg.h"
+#include "PrcExe.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -367,6 +368,16 @@ void SupLogReg::LogVer(const Tx& tipo) {
 void SupLogReg::GrpVer() {
   Tx f = RegFic(u"MSG");
   if (!f.empty()) FicVerShl(f, 1);
+}
+
+// The program's file name comes from its executable; "ZunWiz" when the system does
+// not say.
+void MsgLogDef(SupLogReg* log) {
+  if (!log) return MsgLogFxDef(nullptr);
+  Tx pgm = PrcExeCam();
+  pgm = pgm.substr(pgm.rfind(u'/') + 1);
+  if (pgm.empty()) pgm = u"ZunWiz";
+  MsgLogFxDef([log, pgm](const Tx& item, const Tx& grp) { log->MsgGrpReg(pgm, item, grp); });
 }
 
 }  // namespace zw

@@ -3,19 +3,16 @@
 // Every failure comes back as a file-layer error number, never as an exception.
 #include <dirent.h>
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #include <algorithm>
 #include <cerrno>
 #include <map>
 #include "DbgFx.h"
 #include "FicGlb.h"
+#include "PrcExe.h"
 #include "TxtGlb.h"
-
-extern char** environ;
 
 namespace zw {
 
@@ -465,21 +462,11 @@ void FicCriVaz(const Tx& path, int& res) {
   if (FicExi(path) != 1) res = 0;
 }
 
-// Opens a text file in the desktop's editor for text and goes on without waiting.
-// A shell starts xdg-open in the background and ends at once, so no child is left
-// for this process to collect. Errors are ignored; the window style has no meaning
-// for xdg-open.
+// Opens a text file in the desktop's editor for text and goes on without waiting
+// (see PrcAbr). Errors are ignored; the window style has no meaning there.
 void FicVerShl(const Tx& path, int estilo) {
   (void)estilo;
-  std::string n = FicNat(path);
-  if (n.empty()) return;
-  const char* argv[] = {"sh", "-c", "xdg-open \"$1\" >/dev/null 2>&1 &", "sh", n.c_str(), nullptr};
-  pid_t pid;
-  if (posix_spawn(&pid, "/bin/sh", nullptr, nullptr, const_cast<char**>(argv), environ) == 0) {
-    int st;
-    while (waitpid(pid, &st, 0) < 0 && errno == EINTR) {
-    }
-  }
+  PrcAbr(path);
 }
 
 void FicVerNot(const Tx& path, int estilo) { FicVerShl(path, estilo); }

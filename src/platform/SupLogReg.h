@@ -84,5 +84,9 @@ class SupLogReg {
 
 // The register folder this user gets without DirDef.
 Tx LogDirPad();
+// Makes log the object to which message boxes hand their messages (MsgLogReg):
+// its group register files them under the name of the program's file. nullptr
+// takes the hook away.
+void MsgLogDef(SupLogReg* log);
 
 }  // namespace zw
