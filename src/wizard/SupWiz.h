@@ -2,38 +2,209 @@
 // The start-up creates one engine and, for each attempt, hands it the wizard
 // window (RegFrm), builds the wizard from the option file (WizIni) and runs it
 // (WizExe). A failure in reading or building throws; the start-up's attempt
-// catches it and tries again.
+// catches it and tries again. The tables are not emptied between attempts: a
+// second attempt appends its records behind those of the first.
+//
+// The option file decides the order of everything: its groups are read in file
+// order, and after each group every variable, point and zone is assigned again in
+// the script engine, which is the wizard's only calculator. Pages, transitions and
+// components are kept as the file's texts; the window holds the controls, and a
+// component's index is the index of its control in the window's arrays.
+//
+// Navigation (the four buttons and what they run) passes over a failing step and
+// goes on with the next, so that a click never brings the window down.
 #pragma once
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
 #include "Var.h"
+#include "WizEng.h"
 #include "WizFrm.h"
 
 namespace zw {
 
-class SupWiz {
+class VbsSup;
+class SupWizVbs;
+class TdaOpc;
+
+// One line of a "VAR", "PON" or "ZON" group.
+struct tZpo {
+  Tx Ide;   // the word in brackets, as typed
+  Tx Des;   // the label in front of the brackets
+  Tx Tip;   // "V", "P" or "Z"
+  Tx Val;   // the value behind "=": one or more expressions separated by ","
+  Tx Tx5;   // always ""
+};
+
+// One "TRA" group: what one of the four buttons does on a page.
+struct tTra {
+  Tx Ide;     // "ANT", "SEG", "CNF" or "CAN"
+  Tx Des;     // caption of the button
+  Tx Pos;     // "x, y" in pixels
+  Tx Sit;     // situation list
+  Tx TraTip;  // "PAG", "FX", "FIM" or anything else
+  Tx TraPag;  // identifier of the target page
+  Tx TraFx;   // script function
+  int32_t PosX = 0, PosY = 0;  // twips
+};
+
+// One "PAG" group.
+struct tPag {
+  Tx Ide, Des, Img;
+  tTra Tra[5];  // 1 "ANT", 2 "SEG", 3 "CNF", 4 "CAN"; 0 unused
+  Tx FxPagEnt, FxPagSai;
+  int16_t CmpIni = 0, CmpFim = 0, CmpNum = 0;
+};
+
+// One "CMP" group, with the fields derived from its texts.
+struct tCmp {
+  Tx Ide, Tx2, Tip, Pos, Dim, Fun, Cor, Fon, Aln, Txt, Adi, Sit;
+  int32_t PosX = 0, PosY = 0;
+  int32_t DimX = -1, DimY = -1;
+  int32_t CorFg = -1, CorBg = -1;
+  Tx FonNom;
+  int16_t FonTam = -1;
+  Tx FonEst;
+  int16_t AlnVal = 0;
+  Tx TxtAct;
+};
+
+class SupWiz : public WizEng {
  public:
+  using Lst = std::vector<Var>;
+
   SupWiz();
-  ~SupWiz();
+  ~SupWiz() override;
   SupWiz(const SupWiz&) = delete;
   SupWiz& operator=(const SupWiz&) = delete;
 
   void FxIni();
   void FxFim();
-  void RegFrm(const Var& frm);  // the wizard window of this attempt
+  void RegFrm(const Var& frm);  // the wizard window of this attempt; starts the script host
+  void RegSup(const Tx& nome, const Var& ob);  // one more object for scripts
   void WizIni(const Tx& fpa);   // reads the option file and builds the wizard
   void WizExe();                // runs the wizard on the window; returns when it has closed
 
-  // The four buttons of the window.
-  void TraAnt();
-  void TraSeg();
-  void TraCnf();
+  // Zones and points.
+  void ZpoOpcPrp(const Tx& tip, int16_t i);
+  void ZpoCalc();
+
+  // Pages.
+  void PagOpcPrp();
+  void PagPrp(int16_t& pag);
+  void PagVer(int16_t& pag);
+  void PagEsc(int16_t& pag);
+
+  // Transitions: the four buttons of the window.
+  void TraOpcPrp();
   void TraCan();
-  // Runs the script functions of a list (as "FxIni"); errors are passed over.
-  void VbsExe(const Tx& lista);
+  void TraCnf();
+  void TraSeg();
+  void TraAnt();
+
+  // Components.
+  void CmpOpcPrp();
+
+  // Script calls: a list of the function's name and its arguments (by reference).
+  void VbsExe(Lst& lst, Var& res);
+  void VbsFx(Lst& lst, Var& res);
+  void VbsVar(const Tx& expr, Var& res);
+  // Runs a function by name without arguments, its result dropped ("FxIni", "FxFim").
+  void VbsExe(const Tx& nome);
+
+  void PagCmpPrp();
+  void CmpVer(int16_t i);
+  void MnuIco(const Tx& fic);
+  void ImgFun(const Tx& fic);
+  void PagLstSeg(int16_t pag);
+  void PagLstAnt(int16_t& pag);
+
+  // The script bridge ("Wiz.CmpVarCon", "Wiz.CmpVarAlt").
+  void CmpVarCon(const Var& nome, Var& res) override;
+  void CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res) override;
 
   WizFrm* Frm() const { return WizFrmDe(mFrm); }
 
+  // Read-only views for the program's tools and tests.
+  int16_t ZpoNum() const { return mZpoNum; }
+  int16_t PagNum() const { return mPagNum; }
+  int16_t CmpNum() const { return mCmpNum; }
+  int16_t PagAct() const { return mPagAct; }
+  const tZpo& Zpo(int i) const { return mZpo[size_t(i)]; }
+  const tPag& Pag(int i) const { return mPag[size_t(i)]; }
+  const tCmp& Cmp(int i) const { return mCmp[size_t(i)]; }
+  const std::vector<int16_t>& PagLst() const { return mPagLst; }
+  VbsSup* Vbs() const { return mVbs.get(); }
+  SupWizVbs* WizVbs() const { return mWizVbs.get(); }
+
  private:
+  // Reading (SupWiz.cpp).
+  void WizOpcLer(const Tx& fpa);
+  void WizDefLer();
+  void WizOpcTx(const Tx& chv, Tx& val);
+  void WizOpcDir(const Tx& chv, Tx& val);
+  void WizOpcTwp(char eixo, const Tx& chv, Var& val);
+  static void WizDirCon(const Tx& pal, Tx& val);
+  static Tx WizDirExp(const Tx& tx);
+  double TwpPix(char eixo) const;
+
+  // Script host (WizVbs.cpp).
+  VbsSup& Vbs();
+  void VbsPrp();
+  void VbsFim();
+  void VbsObReg(const Tx& nome, const Var& ob);
+  void VbsPgmReg(const std::vector<Tx>& lin);
+  void VbsVarAtr(const Tx& nome, const Var& val, int flag);
+  void VbsVarTx(const Tx& nome, const Var& val);
+
+  // Tables.
+  void ZpoAdd(int16_t& idx);
+  void ZpoIdx(const Tx& ide, int16_t& idx) const;
+  void PagAdd(int16_t& idx);
+  void PagIdx(const Tx& ide, int16_t& idx) const;
+  void CmpAdd(int16_t& idx);
+  void CmpIdx(const Tx& ide, int16_t& idx) const;
+  void CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach);
+  void CmpObCon(const Var& nome, CtlObj*& ctl);
+  void TxOpcSbr(const Tx& tx, Tx& res);
+  void OpcConSup(const Tx& chv, Tx& val);
+  void RtfFicLer(CtlObj& ctl, const Tx& fic);
+
+  // Conversions of the file's texts.
+  void WizPosCnv(const Tx& tx, int32_t& x, int32_t& y) const;
+  void WizDimCnv(const Tx& tx, int32_t& w, int32_t& h) const;
+  static void WizCorCnv(const Tx& tx, int32_t& cor);
+  static void WizFonCnv(const Tx& tx, Tx& nom, int16_t& tam, Tx& est);
+  static void WizAlnCnv(const Tx& tx, int16_t& val);
+
+  // Acting on controls.
+  static void CmpPos(CtlObj& ctl, int32_t x, int32_t y);
+  static void CmpDim(CtlObj& ctl, int32_t w, int32_t h);
+  static void CmpFon(CtlObj& ctl, const Tx& nom, int16_t tam, const Tx& est);
+  static void CmpCor(CtlObj& ctl, const Var& cor, const Var& cor2 = Var::Falta());
+  void CmpSit(const Var& ctlNome, const Tx& lst);
+  void CmpSit(CtlObj* ctl, const Tx& lst);
+  CtlObj* Btn(int slot);
+
+  Tx mTrcNom = u"SupWiz";
+  Tx mTrcSit;
+  std::unique_ptr<VbsSup> mVbs;
+  std::unique_ptr<SupWizVbs> mWizVbs;
+  TdaOpc* mTda = nullptr;  // the option reader, only while the file is read
   Var mFrm;
+  int16_t mZpoNum = 0;
+  std::vector<tZpo> mZpo;
+  tZpo mZpoW;
+  int16_t mPagNum = 0;
+  std::vector<tPag> mPag;
+  tPag mPagW;
+  int16_t mCmpNum = 0;
+  std::vector<tCmp> mCmp;
+  tCmp mCmpW;
+  CtlObj* mOpcAct = nullptr;
+  std::vector<int16_t> mPagLst;
+  int16_t mPagAct = 0;
 };
 
 }  // namespace zw

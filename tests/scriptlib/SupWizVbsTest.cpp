@@ -1,0 +1,96 @@
+// "Wiz" as the scripts reach it: the table finds operations case-blind, arguments
+// cross by reference without losing their kind, and the two component operations
+// reach the engine behind the library.
+#include <gtest/gtest.h>
+#include <memory>
+#include "SupWizVbs.h"
+#include "TxtGlb.h"
+#include "VbsSup.h"
+
+namespace zw {
+namespace {
+
+// An engine that records what reaches it and answers what it is told.
+struct EngTst : WizEng {
+  std::vector<Tx> log;
+  Var ans = Var(int16_t(1));
+  void CmpVarCon(const Var& nome, Var& res) override {
+    log.push_back(u"Con " + TxVar(nome));
+    res = ans;
+  }
+  void CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res) override {
+    log.push_back(u"Alt " + TxVar(nome) + u"|" + TxVar(prp) + u"|" + (val.EhFalta() ? Tx(u"<falta>") : TxVar(val)));
+    res = ans;
+  }
+};
+
+struct WizVbsTest : ::testing::Test {
+  std::shared_ptr<vbs::ScriptControl> sc = std::make_shared<vbs::ScriptControl>();
+  VbsSup h;
+  EngTst eng;
+  std::unique_ptr<SupWizVbs> lib = std::make_unique<SupWizVbs>(&eng);
+
+  void SetUp() override {
+    h.VbsSupPrp(Var(), sc);
+    int16_t ok = 0;
+    h.RegObPrp(u"N", u"Wiz", lib->Ob(), ok);
+    ASSERT_EQ(ok, 1);
+  }
+  Tx Ev(const Tx& e) {
+    Var r;
+    h.ExeCalcRes(e, r);
+    return TxVar(r);
+  }
+  int16_t Cmd(const Tx& c) {
+    int16_t ok = 0;
+    h.ExeCmd(c, ok);
+    return ok;
+  }
+};
+
+TEST_F(WizVbsTest, ComponentOperationsReachTheEngineByAnyCase) {
+  EXPECT_EQ(Ev(u"Wiz.CmpVarAlt(\"LaTit\", \"TXT\", \"Novo\")"), u"1");
+  EXPECT_EQ(Cmd(u"wiz.cmpvaralt \"X\", \"SIT\""), 1);
+  eng.ans = Var(int16_t(0));
+  EXPECT_EQ(Ev(u"WIZ.CMPVARCON(\"ckA\")"), u"0");
+  ASSERT_EQ(eng.log.size(), 3u);
+  EXPECT_EQ(eng.log[0], u"Alt LaTit|TXT|Novo");
+  EXPECT_EQ(eng.log[1], u"Alt X|SIT|<falta>");  // a value left out arrives missing
+  EXPECT_EQ(eng.log[2], u"Con ckA");
+}
+
+TEST_F(WizVbsTest, InArgumentsKeepTheirKindInTheScript) {
+  // A date crosses as its text; it must not come back into the variable as one.
+  ASSERT_EQ(Cmd(u"d = DateSerial(2020, 1, 2) : n = 5"), 1);
+  ASSERT_EQ(Cmd(u"r = Wiz.CmpVarCon(d) : r = Wiz.CmpVarAlt(n, n, n)"), 1);
+  EXPECT_EQ(Ev(u"TypeName(d) & TypeName(n)"), u"DateInteger");
+}
+
+TEST_F(WizVbsTest, UnknownMembersAndAnEndedLibraryAreScriptErrors) {
+  EXPECT_EQ(Cmd(u"Wiz.Nada 1"), 0);
+  int32_t num = 0;
+  Tx des, loc;
+  h.VbsErr(num, des, loc);
+  EXPECT_EQ(num, 438);
+  lib.reset();  // the engine may still hold the object
+  EXPECT_EQ(Cmd(u"x = Wiz.CmpVarCon(\"a\")"), 0);
+  EXPECT_TRUE(eng.log.empty());
+}
+
+TEST(WizVbsTab, EveryNameFindsItsOwnOperation) {
+  auto nomes = SupWizVbs::OpNomes();
+  ASSERT_FALSE(nomes.empty());
+  for (size_t i = 0; i < nomes.size(); i++)
+    for (size_t j = i + 1; j < nomes.size(); j++) EXPECT_FALSE(TxIgual(nomes[i], nomes[j])) << i << " " << j;
+  for (auto& n : nomes) EXPECT_NE(SupWizVbs::OpDe(TxMin(n)), nullptr);
+  EXPECT_EQ(SupWizVbs::OpDe(u"Nada"), nullptr);
+  // Without an engine the component operations answer 0.
+  SupWizVbs sozinho;
+  SupWizVbs::Lst a{Var(Tx(u"LaTit"))};
+  Var r;
+  ASSERT_TRUE(sozinho.Exe(u"CmpVarCon", a, r));
+  EXPECT_EQ(NuDbl(r), 0);
+}
+
+}  // namespace
+}  // namespace zw
