@@ -1,0 +1,40 @@
+// ZunRtf: the rich-text box of the wizard window (the rtfWiz array).
+// Read-only, as the original window had it. LoadFile reads a rich-text file and
+// shows it with its formatting; Text gives the plain text and, set, replaces the
+// whole content with plain text in the control's font. BackStyle 0 leaves the
+// back transparent, so the window's picture shows through.
+#pragma once
+#include <QTextEdit>
+#include "CtlQt.h"
+
+namespace zw {
+
+struct RtfDoc;
+
+class ZunRtf : public QTextEdit, public CtlQt {
+ public:
+  explicit ZunRtf(QWidget* pai = nullptr);
+
+  Tx Text() const;
+  void Text(const Tx& tx);
+  // Reads the file (both "\" and "/" separate folders). A file that is missing or
+  // cannot be read raises error 75 or 53; one that is no rich text error 321, and
+  // the content is left as it was.
+  void LoadFile(const Tx& caminho);
+  // Shows a document read elsewhere.
+  void DocPoe(const RtfDoc& doc);
+  int BackStyle() const { return backStyle_; }
+  void BackStyle(int b);
+
+ protected:
+  bool PrpKndCon(TxV nome, Var& v) const override;
+  bool PrpKndAtr(TxV nome, const Var& v) override;
+  bool ExeKnd(TxV nome, std::vector<Var>& args, Var& res) override;
+  void FonAct() override;
+  void CorAct() override;
+
+ private:
+  int backStyle_ = 1;
+};
+
+}  // namespace zw

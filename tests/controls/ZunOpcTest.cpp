@@ -1,0 +1,190 @@
+// The option group: selection rules, layout by measured text, title, colour modes.
+#include <gtest/gtest.h>
+#include <QRadioButton>
+#include <memory>
+#include "CtlFab.h"
+#include "CtlTst.h"
+
+using namespace zw;
+using namespace zw::tst;
+
+namespace {
+
+// A group on a window, with the events it raises recorded.
+struct Grupo {
+  std::unique_ptr<QWidget> jan{Janela(QColor(200, 0, 0))};
+  ZunOpc* opc = OpcCri(jan.get());
+  std::vector<int> ev;
+  Grupo() {
+    QtApp();
+    QObject::connect(opc, &ZunOpc::OpcSel, [this](int i) { ev.push_back(i); });
+  }
+  void Opcoes(int n) {
+    for (int i = 1; i <= n; ++i) opc->RegOpc(u"Opção " + Tx(1, char16_t(u'0' + i)), u"adi" + Tx(1, char16_t(u'0' + i)));
+  }
+  double Top(int i) const { return CtlTwp(opc->Opc(i)->y()); }
+  double Left(int i) const { return CtlTwp(opc->Opc(i)->x()); }
+  double AltTx() const {
+    double w, h;
+    opc->TxDim(false, Tx(), w, h);
+    return h;
+  }
+};
+
+}  // namespace
+
+TEST(ZunOpc, SelectionRulesAndEvents) {
+  QtApp();
+  Grupo g;
+  EXPECT_EQ(g.opc->OpcNum(), 0);
+  EXPECT_EQ(g.opc->opcUsa(), 0);
+  EXPECT_TRUE(g.opc->Opc(0)->isHidden());
+  g.Opcoes(3);
+  EXPECT_EQ(g.opc->OpcNum(), 3);
+  EXPECT_EQ(g.opc->opcUsa(), 0) << "a new list has no selection";
+  g.opc->opcUsa(2);
+  EXPECT_EQ(g.opc->opcUsa(), 2);
+  g.opc->opcUsa(9);  // no such option: nothing
+  g.opc->opcUsa(-1);
+  EXPECT_EQ(g.opc->opcUsa(), 2);
+  EXPECT_EQ(g.ev, std::vector<int>({2}));
+  // A new option clears the selection, and creating raises nothing.
+  g.opc->RegOpc(u"Quarta", u"");
+  EXPECT_EQ(g.opc->opcUsa(), 0);
+  EXPECT_EQ(g.ev.size(), 1u);
+  // A click on a shown option raises its event.
+  g.opc->RegAsp(300, 0, 0, u"+30");
+  g.opc->Opc(3)->click();
+  EXPECT_EQ(g.opc->opcUsa(), 3);
+  EXPECT_EQ(g.ev, std::vector<int>({2, 3}));
+  // Clearing removes all and raises nothing; element 0 stays, hidden.
+  g.opc->RegIni();
+  EXPECT_EQ(g.opc->OpcNum(), 0);
+  EXPECT_EQ(g.opc->opcUsa(), 0);
+  EXPECT_TRUE(g.opc->Opc(0)->isHidden());
+  EXPECT_EQ(g.ev.size(), 2u);
+}
+
+TEST(ZunOpc, ReadsOptionsByNameAndPassesMissingOnesOver) {
+  QtApp();
+  Grupo g;
+  g.Opcoes(2);
+  std::vector<Var> a{Var(int16_t(2)), Var(Tx(u"x")), Var(Tx(u"y"))};
+  g.opc->Exe(u"ConOpc", a);
+  EXPECT_EQ(a[1].Txt(), u"Opção 2");
+  EXPECT_EQ(a[2].Txt(), u"adi2");
+  std::vector<Var> b{Var(int16_t(7)), Var(Tx(u"x")), Var(Tx(u"y"))};
+  g.opc->Exe(u"ConOpc", b);
+  EXPECT_EQ(b[1].Txt(), u"x") << "outputs stay as they were";
+  std::vector<Var> n{Var()};
+  g.opc->Exe(u"OpcNum", n);
+  EXPECT_EQ(n[0].Num(), 2);
+  g.opc->PrpAtr(u"opcUsa", Var(int16_t(1)));
+  EXPECT_EQ(g.opc->PrpCon(u"opcUsa").Num(), 1);
+  // The font by name is only stored; the options keep the font they measure with.
+  QFont antes = g.opc->Opc(1)->font();
+  g.opc->PrpAtr(u"FontName", Var(Tx(u"Courier New")));
+  g.opc->PrpAtr(u"FontSize", Var(int16_t(20)));
+  EXPECT_EQ(g.opc->PrpCon(u"FontName").Txt(), u"Courier New");
+  EXPECT_EQ(g.opc->Opc(1)->font(), antes);
+  EXPECT_EQ(ErrNum([&] { g.opc->PrpAtr(u"FontItalic", Var(true)); }), 438);
+  std::vector<Var> nada;
+  EXPECT_EQ(ErrNum([&] { g.opc->Exe(u"Nada", nada); }), 438);
+  EXPECT_EQ(ErrNum([&] { g.opc->Exe(u"RegOpc", nada); }), 450);
+}
+
+TEST(ZunOpc, RegAspStepsInTwipsAndTextSteps) {
+  QtApp();
+  Grupo g;
+  g.opc->resize(CtlPx(3000), CtlPx(2000));
+  g.Opcoes(3);
+  g.opc->RegAsp(150, 60, 450, 300);
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(g.Left(i), CtlTwp(CtlPx(150 + 450 * (i - 1))));
+    EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(60 + 300 * (i - 1))));
+    EXPECT_FALSE(g.opc->Opc(i)->isHidden());
+    // Each reaches to 60 twips short of the control's right side.
+    EXPECT_NEAR(CtlTwp(g.opc->Opc(i)->width()), 3000 - g.Left(i) - 60, 15);
+  }
+  // "+30": one line of text and 30 twips; a number as text is still a text step.
+  double h = g.AltTx();
+  ASSERT_GT(h, 100);
+  g.opc->RegAsp(300, 0, 0, Var(Tx(u"+30")));
+  EXPECT_EQ(g.Top(2), CtlTwp(CtlPx(h + 30)));
+  EXPECT_EQ(g.Top(3), CtlTwp(CtlPx(2 * (h + 30))));
+  EXPECT_EQ(g.Left(3), CtlTwp(CtlPx(300)));
+  g.opc->RegAsp(300, 0, 0, Var(Tx(u"0")));
+  EXPECT_EQ(g.Top(2), CtlTwp(CtlPx(h)));
+}
+
+TEST(ZunOpc, AjtPosYSharesTheHeightUnderTheTitle) {
+  QtApp();
+  Grupo g;
+  g.opc->resize(CtlPx(3000), CtlPx(1530));
+  double h = g.AltTx(), util = 1530 - 30;
+  // One option, centred, no title: the middle of the free height.
+  g.Opcoes(1);
+  g.opc->AjtPosY(0, 0, 1);
+  double passo = util - h;
+  EXPECT_EQ(g.Top(1), CtlTwp(CtlPx(passo / 2 - h / 2)));
+  EXPECT_FALSE(g.opc->Opc(1)->isHidden());
+  // Three options from the top margin, not centred.
+  g.Opcoes(2);
+  g.opc->AjtPosY(90, 60, 0);
+  passo = (util - 60 - 90 - h) / 3;
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(90 + passo * (i - 1))));
+  // A title takes its height only with the border on.
+  g.opc->Caption(u"Escolha");
+  double tw, th;
+  g.opc->TxDim(true, u"Escolha", tw, th);
+  g.opc->AjtPosY(0, 0, 0);
+  EXPECT_EQ(g.Top(1), CtlTwp(CtlPx(th)));
+  g.opc->BorderVisible(false);
+  g.opc->AjtPosY(0, 0, 0);
+  EXPECT_EQ(g.Top(1), 0);
+  // No options: nothing to place, nothing fails.
+  g.opc->RegIni();
+  g.opc->AjtPosY(0, 0, 1);
+  EXPECT_EQ(g.opc->OpcNum(), 0);
+}
+
+TEST(ZunOpc, TitAliTakesSymbolsAndKeypadDigits) {
+  QtApp();
+  Grupo g;
+  EXPECT_EQ(g.opc->TitAli(), u"<");
+  const std::pair<const char16_t*, const char16_t*> casos[] = {
+      {u"9", u">"}, {u"  |centro", u"|"}, {u"7", u"<"}, {u"8", u"|"}, {u">", u">"}, {u"x", u">"}, {u"", u">"}};
+  for (auto [pal, esp] : casos) {
+    g.opc->PrpAtr(u"TitAli", Var(Tx(pal)));
+    EXPECT_EQ(g.opc->PrpCon(u"TitAli").Txt(), esp) << "after " << TxUtf8(pal);
+  }
+}
+
+TEST(ZunOpc, ColourModesShowOwnParentOrPictureBehind) {
+  QtApp();
+  Grupo g;  // the window is red
+  g.opc->setGeometry(10, 10, 200, 100);
+  g.opc->show();
+  g.Opcoes(1);
+  g.opc->RegAsp(300, 0, 0, u"+30");
+  g.opc->BorderVisible(false);
+  g.opc->BackColor(0x00FF00);  // green
+  g.opc->CorTip(u"N");
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(0, 255, 0));
+  // The parent's picture behind: the window shows through the control and its options.
+  g.opc->CorTip(u" ip ");
+  EXPECT_EQ(g.opc->ModoCor(), u"IP");
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(200, 0, 0));
+  int oy = g.opc->Opc(1)->y() + 10 + 1;
+  EXPECT_EQ(Pixel(g.jan.get(), 200, oy), QColor(200, 0, 0));
+  // The parent's colours go to the frame; the part after "-" is not read.
+  g.opc->BorderVisible(true);
+  g.opc->CorTip(u"P-qualquer");
+  EXPECT_EQ(g.opc->ModoCor(), u"P");
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 60), QColor(200, 0, 0));
+  g.opc->CorTip(u"N");
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 60), QColor(200, 0, 0)) << "N leaves the colours";
+  g.opc->BackColor(0xFF0000);  // blue
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 60), QColor(0, 0, 255));
+  EXPECT_EQ(g.opc->Opc(1)->palette().color(QPalette::Window), QColor(0, 0, 255));
+}
