@@ -9,22 +9,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include "CtlTst.h"
 #include "MsgDlgQt.h"
 
 using namespace zw;
+using zw::tst::QtApp;
 
 namespace {
-
-// One QApplication for the whole program, whichever test file makes it first;
-// off screen unless the environment names a platform.
-void QtApp() {
-  static int argc = 1;
-  static char nome[] = "test_controls";
-  static char* argv[] = {nome, nullptr};
-  if (QApplication::instance()) return;
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  new QApplication(argc, argv);
-}
 
 // The answer code of one of the box's buttons.
 int Resp(QMessageBox* b, QAbstractButton* x) {
