@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
 # Installs what ZunWiz needs to build, test and run on Debian 12 (run as root, or with sudo).
 set -euo pipefail
+# cups, cups-client, cups-filters: the printer tests run a private CUPS scheduler with
+# the generic PDF model and check it with lpstat.
 pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
-      qt6-base-dev libcups2-dev xvfb xauth)
+      qt6-base-dev libcups2-dev xvfb xauth
+      cups cups-client cups-filters)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
