@@ -106,6 +106,16 @@ std::string Modelo(const Tx& drv) {
   return achou;
 }
 
+// 1 when column 1 of a row holds the name, compared case-blind after trimming; the
+// search stops at the first match.
+template <class Tab>
+int Tem(const Tab& tab, const Tx& nome) {
+  Tx k = TxMai(TxTrim(nome));
+  for (size_t i = 1; i < tab.size(); ++i)
+    if (TxMai(TxTrim(tab[i][1])) == k) return 1;
+  return 0;
+}
+
 }  // namespace
 
 void PrtSrvDef(const Tx& srv) { cupsSetServer(srv.empty() ? nullptr : TxUtf8(srv).c_str()); }
@@ -152,10 +162,7 @@ void PrtPorExi(const Tx& nome, int& flag) {
   PrtPorTab tab;
   int n = 0;
   PrtPorLis(tab, n);
-  Tx k = TxMai(PorFrm(nome));
-  flag = 0;
-  for (int i = 1; i <= n && !flag; ++i)
-    if (TxMai(TxTrim(tab[size_t(i)][1])) == k) flag = 1;
+  flag = Tem(tab, PorFrm(nome));
 }
 
 void PrtPorAdi(const Tx& nome, int& ok) {
@@ -170,10 +177,7 @@ void PrtExi(const Tx& nome, int& flag) {
   PrtTab tab;
   int n = 0;
   PrtLis(tab, n);
-  Tx k = TxMai(PrtNomFila(nome));
-  flag = 0;
-  for (int i = 1; i <= n && !flag; ++i)
-    if (TxMai(TxTrim(tab[size_t(i)][1])) == k) flag = 1;
+  flag = Tem(tab, PrtNomFila(nome));
 }
 
 void PrtAdi(const Tx& nome, const Tx& drv, const Tx& por, long atr, int& ok) {
