@@ -1,0 +1,103 @@
+// SupShf: copy, move and delete of files and folder trees with a progress window,
+// in the manner of the shell's file operation. A caller fills the source and
+// destination lists (or calls FxCop, FxMov, FxEli... which fill them), sets the
+// properties, and the run does the work: results are 1 done, 0 not done.
+//
+// What a run does, on Linux:
+// - A source whose name holds "*" or "?" stands for every entry of its folder that
+//   matches (folders too unless IncludeDirectories is off). Several sources, or a
+//   wildcard, make the destination a folder, created when missing; one plain source
+//   goes into the destination when that is a folder, and becomes it otherwise.
+// - Copies are data-safe: each file is written under a temporary name in its
+//   destination folder and renamed into place, so a failed or cancelled copy leaves
+//   an earlier destination file whole and no half-written file behind. A source is
+//   only read. Symbolic links are copied as links, modes and times are kept (owners
+//   too when running as root). A folder is never copied into itself or into one of
+//   its own subfolders: such a run answers 0 and writes nothing.
+// - A clash with an existing file replaces it without asking when ConfirmOperation
+//   is off, asks otherwise (Sim, Não, Cancelar), or gives the copy a new name
+//   ("Cópia de x", "Cópia (2) de x") with RenameOnCollision.
+// - A delete with AllowUndo moves the entries to the desktop's trash (the
+//   freedesktop.org trash) instead of removing them.
+// A run stops at its first failure. The file layer's error number of that failure
+// is kept (ErrNum) for callers that report one.
+#pragma once
+#include <cstdint>
+#include <stdexcept>
+#include <vector>
+#include "Tx.h"
+
+namespace zw {
+
+// The error that a run with an empty source list raises.
+struct ShfErr : std::runtime_error {
+  int32_t num;
+  Tx des;
+  ShfErr(int32_t n, const Tx& d) : std::runtime_error("SupShf"), num(n), des(d) {}
+};
+constexpr int32_t kShfErrSemOrg = int32_t(0x800403E8u);
+
+class SupShf {
+ public:
+  SupShf();
+  ~SupShf();
+  const Tx cls = u"SupShf";
+  Tx stamp;
+
+  // --- properties ---
+  bool AllowUndo = false;          // deletes go to the trash
+  bool ConfirmMakeDir = true;      // ask before making a folder
+  bool ConfirmOperation = true;    // ask before replacing
+  Tx CustomText;                   // title of the progress window
+  bool IncludeDirectories = true;  // wildcards also take folders
+  int32_t ParentWnd = 0;           // owner window
+  bool RenameOnCollision = false;  // give a new name on a clash
+  bool SilentMode = false;         // no progress window
+
+  void RegHwnd(int32_t hwnd) { ParentWnd = hwnd; }
+  void AspIde(const Tx& tx) { CustomText = tx; }
+  // show 1 shows progress; ask 1 asks before replacing and before making folders.
+  void AspExe(int show, int ask);
+  void UsaRcBin(int flag) { AllowUndo = flag == 1; }
+
+  // --- lists ---
+  void OrgIni() { org_.clear(); }
+  void DesIni() { des_.clear(); }
+  void OrgJun(const Tx& path) { org_.push_back(path); }
+  void DesJun(const Tx& path) { des_.push_back(path); }
+
+  // --- operations; res 1 done, 0 not done ---
+  void FxCop(const Tx& orig, const Tx& dest, int& res);
+  // Copies what it is given: a file (or a wildcard of files) to a file or folder,
+  // making the destination's folders first; a folder's contents into the
+  // destination, made with all its levels.
+  void FxCopDfi(const Tx& orig, const Tx& dest, int& res);
+  // A folder's contents (or a wildcard's matches) into the destination; flag 1
+  // shows progress and asks nothing.
+  void FxCopArv(const Tx& orig, const Tx& dest, int flag, int& res);
+  void FxLpzDir(const Tx& dir, int& res);  // deletes all in the folder, not the folder
+  void FxEli(const Tx& path, int& res);
+  void FxMov(const Tx& orig, const Tx& dest, int& res);
+  void FxRen(int& res) { res = 0; }  // renaming is not offered: always 0
+
+  // The run with the lists as they stand: 1 or 0. Throws ShfErr for an empty source
+  // list.
+  int Exe(int op);
+  // The file layer's error number of the last run's failure, 0 when none; -1 when
+  // the user cancelled.
+  int ErrNum() const { return err_; }
+  // True when the last run was cancelled in the progress window.
+  bool Abortado() const { return abortado_; }
+
+ private:
+  std::vector<Tx> org_, des_;
+  int err_ = 0;
+  bool abortado_ = false;
+};
+
+// Copies one file to another name with the data-safe copy of the run: 0, or the
+// file layer's error number (-1 when both names are the same file). A symbolic
+// link given as the source is followed; the destination's folder must exist.
+int ShfFicCop(const Tx& orig, const Tx& dest);
+
+}  // namespace zw

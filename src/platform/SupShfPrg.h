@@ -1,0 +1,34 @@
+// SupShfPrg: the progress service behind the file operations of SupShf.
+// The platform never draws a progress window itself: a run hands its title and
+// steps to the service in force. The Qt program installs a dialog with a Cancel
+// button; the wizard runner installs one that writes progress lines to its trace;
+// without either nothing is shown and nothing can be cancelled. A run in silent
+// mode does not call the service at all.
+#pragma once
+#include <cstdint>
+#include "Tx.h"
+
+namespace zw {
+
+// The operations of a run, numbered as the shell's file operation numbers them.
+enum : int { kShfMov = 1, kShfCop = 2, kShfEli = 3, kShfRen = 4 };
+
+class ShfPrg {
+ public:
+  virtual ~ShfPrg() = default;
+  // A run begins: the title (empty when the caller gave none), the operation, and
+  // the number of entries and bytes it will go through (as far as known).
+  virtual void Ini(const Tx& titulo, int op, int64_t itens, int64_t bytes) = 0;
+  // An entry, or a further part of a large file: the source, the destination
+  // ("" for a delete), and the entries and bytes done so far. False when the user
+  // has cancelled; the run then stops and answers 0.
+  virtual bool Passo(const Tx& orig, const Tx& dest, int64_t itens, int64_t bytes) = 0;
+  // The run has ended, done or not.
+  virtual void Fim(bool ok) = 0;
+};
+
+// The service in force, or null when there is none. ShfPrgDef(nullptr) removes it.
+ShfPrg* ShfPrgAct();
+void ShfPrgDef(ShfPrg* p);
+
+}  // namespace zw

@@ -1,0 +1,308 @@
+// Copy, move and delete runs of SupShf: what lands where, what is refused before
+// anything is written, clashes, the trash, and the data safety of a copy that
+// fails or is cancelled.
+#include <gtest/gtest.h>
+#include <dirent.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include "FicGlb.h"
+#include "MsgDlg.h"
+#include "SupShf.h"
+#include "SupShfPrg.h"
+
+using namespace zw;
+
+namespace {
+
+std::string Le(const std::string& p) {
+  std::ifstream f(p, std::ios::binary);
+  std::stringstream s;
+  s << f.rdbuf();
+  return s.str();
+}
+void Escreve(const std::string& p, const std::string& b) { std::ofstream(p, std::ios::binary) << b; }
+bool Existe(const std::string& p) {
+  struct stat st;
+  return lstat(p.c_str(), &st) == 0;
+}
+// Names in a folder that a copy uses while it writes.
+int Temporarios(const std::string& dir) {
+  int n = 0;
+  if (DIR* h = opendir(dir.c_str())) {
+    while (dirent* de = readdir(h)) n += std::string(de->d_name).rfind(".zw~", 0) == 0;
+    closedir(h);
+  }
+  return n;
+}
+
+// Answers every box with a fixed answer and counts the boxes.
+struct Caixas : MsgDlg {
+  int resp = kAnsYes, n = 0;
+  int Caixa(int, const Tx&, const Tx&) override { return n++, resp; }
+  void Bip() override {}
+  bool Entrada(const Tx&, const Tx&, const Tx&, Tx&) override { return false; }
+};
+
+// Records the run's steps and cancels at a given step (0: never).
+struct Prg : ShfPrg {
+  int passos = 0, cancela = 0, ini = 0, fim = 0;
+  Tx titulo;
+  int64_t itens = 0;
+  void Ini(const Tx& t, int, int64_t i, int64_t) override { ini++, titulo = t, itens = i; }
+  bool Passo(const Tx&, const Tx&, int64_t, int64_t) override { return ++passos != cancela; }
+  void Fim(bool) override { fim++; }
+};
+
+class Shf : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char t[] = "/tmp/zwshfXXXXXX";
+    d_ = mkdtemp(t);
+    MsgDlgDef(&caixas_);
+  }
+  void TearDown() override {
+    MsgDlgDef(nullptr);
+    ShfPrgDef(nullptr);
+    (void)!std::system(("chmod -R u+w '" + d_ + "'; rm -rf '" + d_ + "'").c_str());
+  }
+  Tx P(const std::string& rel) { return TxDeUtf8(d_ + "/" + rel); }
+  std::string N(const std::string& rel) { return d_ + "/" + rel; }
+  // A small tree: a.txt, b.dat, sub/c.txt, sub/lnk -> c.txt, .oculto
+  void Arvore(const std::string& rel) {
+    mkdir(N(rel).c_str(), 0755);
+    mkdir(N(rel + "/sub").c_str(), 0750);
+    Escreve(N(rel + "/a.txt"), "alfa");
+    Escreve(N(rel + "/b.dat"), "beta");
+    Escreve(N(rel + "/sub/c.txt"), "gama");
+    Escreve(N(rel + "/.oculto"), "x");
+    (void)!symlink("c.txt", N(rel + "/sub/lnk").c_str());
+    chmod(N(rel + "/a.txt").c_str(), 0741);
+    struct timespec t[2] = {{1000000000, 0}, {1000000000, 0}};
+    utimensat(AT_FDCWD, N(rel + "/sub/c.txt").c_str(), t, 0);
+  }
+  std::string d_;
+  Caixas caixas_;
+};
+
+TEST_F(Shf, FolderCopyMakesEveryLevelAndKeepsLinksModesTimes) {
+  Arvore("org");
+  SupShf s;
+  int r = 0;
+  s.FxCopDfi(P("org"), P("x\\y\\z"), r);  // "\" separates too
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("x/y/z/a.txt")), "alfa");  // contents land in z, not in z/org
+  EXPECT_EQ(Le(N("x/y/z/sub/c.txt")), "gama");
+  EXPECT_EQ(Le(N("x/y/z/.oculto")), "x");
+  struct stat st;
+  ASSERT_EQ(lstat(N("x/y/z/sub/lnk").c_str(), &st), 0);
+  EXPECT_TRUE(S_ISLNK(st.st_mode));
+  char buf[64] = {};
+  EXPECT_EQ(readlink(N("x/y/z/sub/lnk").c_str(), buf, sizeof buf - 1), 5);
+  EXPECT_STREQ(buf, "c.txt");
+  stat(N("x/y/z/a.txt").c_str(), &st);
+  EXPECT_EQ(st.st_mode & 07777, 0741u);
+  stat(N("x/y/z/sub").c_str(), &st);
+  EXPECT_EQ(st.st_mode & 07777, 0750u);
+  stat(N("x/y/z/sub/c.txt").c_str(), &st);
+  EXPECT_EQ(st.st_mtim.tv_sec, 1000000000);
+  EXPECT_EQ(Temporarios(N("x/y/z")) + Temporarios(N("x/y/z/sub")), 0);
+  EXPECT_EQ(caixas_.n, 0);  // FxCopDfi asks nothing
+}
+
+TEST_F(Shf, FolderIntoItselfIsRefusedBeforeAnythingIsWritten) {
+  Arvore("org");
+  SupShf s;
+  int r = 1;
+  s.FxCopDfi(P("org"), P("org/sub/novo/fundo"), r);
+  EXPECT_EQ(r, 0);
+  EXPECT_FALSE(Existe(N("org/sub/novo")));
+  r = 1;
+  s.FxCopDfi(P("org"), P("org"), r);
+  EXPECT_EQ(r, 0);
+  s.AspExe(0, 0);
+  r = 1;
+  s.FxCop(P("org"), P("org/sub"), r);  // the run itself refuses it too
+  EXPECT_EQ(r, 0);
+  EXPECT_FALSE(Existe(N("org/sub/org")));
+  // A name that only starts like the source is another folder.
+  mkdir(N("org2").c_str(), 0755);
+  s.FxCopDfi(P("org"), P("org2"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("org2/a.txt")), "alfa");
+}
+
+TEST_F(Shf, FilesAndWildcards) {
+  Arvore("org");
+  SupShf s;
+  s.AspExe(0, 0);
+  int r = 0;
+  s.FxCopDfi(P("org/a.txt"), P("n1/n2/copia.txt"), r);  // a file to a new name, folders made
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("n1/n2/copia.txt")), "alfa");
+  s.FxCopDfi(P("org/*.txt"), P("w/dest"), r);  // a wildcard makes the destination a folder
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("w/dest/a.txt")), "alfa");
+  EXPECT_FALSE(Existe(N("w/dest/b.dat")));
+  s.FxCopDfi(P("org/b.dat"), P("v/*.*"), r);  // a wildcard destination names its folder
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("v/b.dat")), "beta");
+  s.FxCop(P("org/falta.txt"), P("w"), r);
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(s.ErrNum(), kErrFicNao);
+  // A file onto itself, through another name of its folder, touches nothing.
+  s.FxCop(P("org/a.txt"), P("org/sub/../a.txt"), r);
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(Le(N("org/a.txt")), "alfa");
+  s.FxCopDfi(P("org/nada"), P("w"), r);  // neither file nor folder
+  EXPECT_EQ(r, 0);
+  s.FxRen(r);
+  EXPECT_EQ(r, 0);
+  s.OrgIni();
+  try {
+    s.Exe(kShfCop);
+    FAIL() << "an empty source list must raise";
+  } catch (const ShfErr& e) {
+    EXPECT_EQ(e.num, int32_t(0x800403E8u));
+    EXPECT_EQ(e.des, u"No source files specified file operation");
+  }
+}
+
+TEST_F(Shf, ClashesReplaceAskOrRename) {
+  Arvore("org");
+  mkdir(N("d").c_str(), 0755);
+  Escreve(N("d/a.txt"), "velho");
+  SupShf s;
+  int r = 0;
+  caixas_.resp = kAnsNo;  // asked, and told no: kept, and the run goes on
+  s.FxCop(P("org/a.txt"), P("d"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(caixas_.n, 1);
+  EXPECT_EQ(Le(N("d/a.txt")), "velho");
+  caixas_.resp = kAnsCancel;
+  s.FxCop(P("org/a.txt"), P("d"), r);
+  EXPECT_EQ(r, 0);
+  EXPECT_TRUE(s.Abortado());
+  s.RenameOnCollision = true;
+  s.FxCop(P("org/a.txt"), P("d"), r);
+  s.FxCop(P("org/a.txt"), P("d"), r);
+  EXPECT_EQ(Le(N("d/Cópia de a.txt")), "alfa");
+  EXPECT_EQ(Le(N("d/Cópia (2) de a.txt")), "alfa");
+  EXPECT_EQ(Le(N("d/a.txt")), "velho");
+  s.RenameOnCollision = false;
+  s.AspExe(1, 0);  // nothing asked: replaced
+  int n = caixas_.n;
+  s.FxCop(P("org/a.txt"), P("d"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(caixas_.n, n);
+  EXPECT_EQ(Le(N("d/a.txt")), "alfa");
+}
+
+TEST_F(Shf, MoveAndDelete) {
+  Arvore("org");
+  SupShf s;
+  s.AspExe(0, 0);
+  int r = 0;
+  s.FxMov(P("org/sub"), P("movida"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("movida/c.txt")), "gama");
+  EXPECT_FALSE(Existe(N("org/sub")));
+  s.FxLpzDir(P("org"), r);  // the folder stays, empty, with its hidden file gone too
+  EXPECT_EQ(r, 1);
+  EXPECT_TRUE(Existe(N("org")));
+  EXPECT_FALSE(Existe(N("org/a.txt")));
+  EXPECT_FALSE(Existe(N("org/.oculto")));
+  s.FxLpzDir(P("org"), r);  // nothing to match: nothing to do
+  EXPECT_EQ(r, 1);
+  s.FxEli(P("movida"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_FALSE(Existe(N("movida")));
+  s.FxEli(P("movida"), r);
+  EXPECT_EQ(r, 0);
+}
+
+TEST_F(Shf, AllowUndoMovesToTheTrash) {
+  const char* velho = std::getenv("XDG_DATA_HOME");
+  std::string guardado = velho ? velho : "";
+  setenv("XDG_DATA_HOME", N("dados").c_str(), 1);
+  mkdir(N("dados").c_str(), 0700);
+  Escreve(N("lixo.txt"), "um");
+  SupShf s;
+  s.AspExe(0, 0);
+  s.UsaRcBin(1);
+  int r = 0;
+  s.FxEli(P("lixo.txt"), r);
+  Escreve(N("lixo.txt"), "dois");
+  s.FxEli(P("lixo.txt"), r);
+  if (velho) setenv("XDG_DATA_HOME", guardado.c_str(), 1); else unsetenv("XDG_DATA_HOME");
+  EXPECT_EQ(r, 1);
+  EXPECT_FALSE(Existe(N("lixo.txt")));
+  EXPECT_EQ(Le(N("dados/Trash/files/lixo.txt")), "um");
+  EXPECT_EQ(Le(N("dados/Trash/files/lixo.txt.2")), "dois");
+  std::string info = Le(N("dados/Trash/info/lixo.txt.trashinfo"));
+  EXPECT_EQ(info.rfind("[Trash Info]\nPath=" + d_ + "/lixo.txt\nDeletionDate=", 0), 0u) << info;
+}
+
+TEST_F(Shf, ProgressStepsCancelAndSilence) {
+  std::string grande(18 << 20, 'g');  // two parts of the kernel copy
+  Escreve(N("grande.bin"), grande);
+  Escreve(N("dest.bin"), "anterior");
+  Prg p;
+  ShfPrgDef(&p);
+  SupShf s;
+  s.AspExe(1, 0);
+  s.AspIde(u"A copiar");
+  p.cancela = 3;  // the entry, the first part, then cancel within the file
+  int r = 1;
+  s.FxCop(P("grande.bin"), P("dest.bin"), r);
+  EXPECT_EQ(r, 0);
+  EXPECT_TRUE(s.Abortado());
+  EXPECT_EQ(p.titulo, u"A copiar");
+  EXPECT_EQ(p.ini, 1);
+  EXPECT_EQ(p.fim, 1);
+  EXPECT_EQ(Le(N("dest.bin")), "anterior");
+  EXPECT_EQ(Temporarios(d_), 0);
+  EXPECT_EQ(Le(N("grande.bin")), grande);
+  p = Prg();
+  s.FxCop(P("grande.bin"), P("dest.bin"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_FALSE(s.Abortado());
+  EXPECT_GE(p.passos, 3);
+  EXPECT_EQ(Le(N("dest.bin")), grande);
+  p = Prg();
+  s.AspExe(0, 0);  // silent: the service is never called
+  s.FxCop(P("grande.bin"), P("dest2.bin"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(p.ini + p.passos + p.fim, 0);
+}
+
+// A copy onto a file system without room for it: the earlier destination file stays
+// byte-identical and no temporary file remains, by the run and by the one-file copy.
+TEST_F(Shf, FullDiskLeavesTheEarlierFileWhole) {
+  mkdir(N("cheio").c_str(), 0755);
+  if (mount("tmpfs", N("cheio").c_str(), "tmpfs", 0, "size=256k") != 0)
+    GTEST_SKIP() << "cannot mount a small tmpfs here (needs root with CAP_SYS_ADMIN): " << strerror(errno);
+  std::string antes(100 << 10, 'a'), fonte(1 << 20, 'f');
+  Escreve(N("cheio/alvo.bin"), antes);
+  Escreve(N("fonte.bin"), fonte);
+  SupShf s;
+  s.AspExe(0, 0);
+  int r = 1;
+  s.FxCop(P("fonte.bin"), P("cheio/alvo.bin"), r);
+  int err = s.ErrNum();
+  int r2 = ShfFicCop(P("fonte.bin"), P("cheio/alvo.bin"));
+  std::string depois = Le(N("cheio/alvo.bin"));
+  int tmp = Temporarios(N("cheio"));
+  umount(N("cheio").c_str());
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(err, kErrDisco);
+  EXPECT_EQ(r2, kErrDisco);
+  EXPECT_EQ(depois, antes);
+  EXPECT_EQ(tmp, 0);
+  EXPECT_EQ(Le(N("fonte.bin")), fonte);
+}
+
+}  // namespace
