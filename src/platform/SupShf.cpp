@@ -41,15 +41,8 @@ void SupShf::FxEli(const Tx& path, int& res) {
 
 void SupShf::FxLpzDir(const Tx& dir, int& res) { FxEli(FicJun(dir, u"*.*"), res); }
 
-namespace {
-// Folder and name of a path text at its last "\" or "/".
-void Divide(const Tx& p, Tx& dir, Tx& nom) {
-  size_t i = p.find_last_of(u"\\/");
-  dir = i == Tx::npos ? Tx() : p.substr(0, i == 0 ? 1 : i);
-  nom = i == Tx::npos ? p : p.substr(i + 1);
-}
-bool Curinga(const Tx& t) { return t.find_first_of(u"*?") != Tx::npos; }
-}  // namespace
+using shf::Curinga;
+using shf::Divide;
 
 void SupShf::FxCopDfi(const Tx& orig, const Tx& dest, int& res) {
   res = 0;

@@ -78,6 +78,14 @@ void Marca(int fd, const struct stat& st) {
 }
 }  // namespace
 
+void Divide(const Tx& p, Tx& dir, Tx& nom) {
+  size_t i = p.find_last_of(u"\\/");
+  dir = i == Tx::npos ? Tx() : p.substr(0, i == 0 ? 1 : i);
+  nom = i == Tx::npos ? p : p.substr(i + 1);
+}
+
+bool Curinga(const Tx& nom) { return nom.find_first_of(u"*?") != Tx::npos; }
+
 std::string Pasta(const std::string& p) {
   size_t i = p.rfind('/');
   if (i == std::string::npos) return ".";

@@ -19,17 +19,10 @@ namespace zw {
 namespace {
 
 using shf::Canon;
+using shf::Curinga;
+using shf::Divide;
 using shf::Nome;
 using shf::Pasta;
-
-bool Curinga(const Tx& nom) { return nom.find_first_of(u"*?") != Tx::npos; }
-
-// Folder and name part of a path text, at its last "\" or "/".
-void Divide(const Tx& p, Tx& dir, Tx& nom) {
-  size_t i = p.find_last_of(u"\\/");
-  dir = i == Tx::npos ? Tx() : p.substr(0, i == 0 ? 1 : i);
-  nom = i == Tx::npos ? p : p.substr(i + 1);
-}
 
 std::string Junta(const std::string& dir, const std::string& nom) {
   return dir.empty() || dir.back() == '/' ? dir + nom : dir + "/" + nom;

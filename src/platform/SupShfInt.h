@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <functional>
 #include <string>
+#include "Tx.h"
 
 namespace zw::shf {
 
@@ -22,6 +23,10 @@ int Lixo(const std::string& path);
 // The folder and the name of a Linux path ("." for a bare name).
 std::string Pasta(const std::string& p);
 std::string Nome(const std::string& p);
+// Folder and name part of a path text, at its last "\" or "/".
+void Divide(const Tx& p, Tx& dir, Tx& nom);
+// True when a name holds "*" or "?".
+bool Curinga(const Tx& nom);
 // The absolute path with every link and "." or ".." resolved, also for a path of
 // which only a first part exists.
 std::string Canon(const std::string& p);
