@@ -20,6 +20,7 @@
 // Nothing else: the declaration and the dispatch entry both come from the line.
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <vector>
 #include "Var.h"
 #include "WizEng.h"
@@ -31,39 +32,40 @@ namespace zw {
 #define ZW_WIZ_OPS(WIZ_OP)                                                            \
   WIZ_OP(FxIni)                                                                     \
   WIZ_OP(FxFim)                                                                     \
-  /* WIZ_OP(OpcRegAltAttr) */                                                       \
-  /* WIZ_OP(DbgMsgSit) */                                                           \
-  /* WIZ_OP(DbgMsgVer) */                                                           \
-  /* WIZ_OP(TxCnv) */                                                               \
-  /* WIZ_OP(TxNum) */                                                               \
-  /* WIZ_OP(TxSep) */                                                               \
-  /* WIZ_OP(TxOpc) */                                                               \
-  /* WIZ_OP(TxOpcNum) */                                                            \
-  /* WIZ_OP(NuCnv) */                                                               \
-  /* WIZ_OP(NuTxSep) */                                                             \
-  /* WIZ_OP(MsgVer) */                                                              \
-  /* WIZ_OP(MsgTip) */                                                              \
-  /* WIZ_OP(MsgSba) */                                                              \
+  WIZ_OP(OpcRegAltAttr)                                                             \
+  WIZ_OP(DbgMsgSit)                                                                 \
+  WIZ_OP(DbgMsgVer)                                                                 \
+  WIZ_OP(TxCnv)                                                                     \
+  WIZ_OP(TxNum)                                                                     \
+  WIZ_OP(TxSep)                                                                     \
+  WIZ_OP(TxOpc)                                                                     \
+  WIZ_OP(TxOpcNum)                                                                  \
+  WIZ_OP(NuCnv)                                                                     \
+  WIZ_OP(NuTxSep)                                                                   \
+  WIZ_OP(MsgVer)                                                                    \
+  WIZ_OP(MsgTip)                                                                    \
+  WIZ_OP(MsgSba)                                                                    \
   /* WIZ_OP(FxPgmExe) */                                                            \
   /* WIZ_OP(FxShell) */                                                             \
-  /* WIZ_OP(FxDrvUsa) */                                                            \
+  WIZ_OP(FxDrvUsa)                                                                  \
   /* WIZ_OP(FxPgm) */                                                               \
-  /* WIZ_OP(FxFicLoc) */                                                            \
-  /* WIZ_OP(FxDirCop) */                                                            \
-  /* WIZ_OP(FxFicCop) */                                                            \
-  /* WIZ_OP(FxFicRen) */                                                            \
-  /* WIZ_OP(FxFicEli) */                                                            \
-  /* WIZ_OP(FxFicTip) */                                                            \
+  WIZ_OP(FxFicLoc)                                                                  \
+  WIZ_OP(FxDirCop)                                                                  \
+  WIZ_OP(FxFicCop)                                                                  \
+  WIZ_OP(FxFicRen)                                                                  \
+  WIZ_OP(FxFicEli)                                                                  \
+  WIZ_OP(FxFicTip)                                                                  \
   /* WIZ_OP(FxCmpRegFic) */                                                         \
   /* WIZ_OP(FxCmpRegDir) */                                                         \
-  /* WIZ_OP(FxRegGrpPrp) */                                                         \
-  /* WIZ_OP(FxRegVarCon) */                                                         \
+  WIZ_OP(FxRegGrpPrp)                                                               \
+  WIZ_OP(FxRegVarCon)                                                               \
   WIZ_OP(CmpVarCon)                                                                 \
   WIZ_OP(CmpVarAlt)                                                                 \
   /* WIZ_OP(FxPrtPdfIns) */                                                         \
-  /* WIZ_OP(SopIdeCon) */
+  WIZ_OP(SopIdeCon)
 
 class SupWizVbsOb;
+class SupFsys;
 
 class SupWizVbs {
  public:
@@ -104,6 +106,13 @@ class SupWizVbs {
   Tx mTrcNom = u"TorAaVbs";
   Tx mTrcSit;
   WizEng* mEng = nullptr;
+  int16_t mDbg = 0;              // debug mode (DbgMsgSit): 1 shows a box per file operation
+  int16_t mAtrRst = 0;           // attribute reset (OpcRegAltAttr): 1 makes copies lose attributes
+  std::shared_ptr<SupFsys> mFsys;  // the walk that resets attributes, made at its first use
+  // The debug box of an operation and the place of its log (SupWizVbsTx.cpp).
+  void DbgVer(const Tx& tx, const Var& res);
+  static void FxLogReg(const Tx& tx, const Var& res);
+  SupFsys& Fsys();
   Var mOb;                       // the script engine's object, made at the first Ob()
   SupWizVbsOb* mObRaw = nullptr; // the same, to cut it off at the end
 };
