@@ -69,7 +69,9 @@ void SupWizVbs::FxFicCop(Lst& a, Var& res) {
     if (TxMai(o) == TxMai(d)) return -1;
     return int16_t(ShfFicCop(o, d));
   });
-  if (mAtrRst == 1) FsysAtrPoe(d, 0);
+  // Names equal in capitals are one file to the library, though Linux may hold
+  // only the source's spelling of it.
+  if (mAtrRst == 1) FsysAtrPoe(TxMai(o) == TxMai(d) ? o : d, 0);
   res = Var(r);
   DbgVer(u"FxFicCop " + o + u" para " + d, res);
   FxLogReg(u"COP FIC: " + o + u" para " + d, res);
