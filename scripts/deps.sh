@@ -5,7 +5,10 @@ set -euo pipefail
 # the generic PDF model and check it with lpstat.
 pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
       qt6-base-dev libcups2-dev xvfb xauth
-      cups cups-client cups-filters)
+      cups cups-client cups-filters
+      # fonts drawn in place of the Windows fonts option files name (docs/controls.md)
+      fonts-liberation2 fonts-crosextra-carlito fonts-crosextra-caladea fonts-dejavu-core
+      fonts-urw-base35 fonts-wine)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

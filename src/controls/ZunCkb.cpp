@@ -37,6 +37,7 @@ void ZunCkb::CorAct() {
   p.setColor(QPalette::ButtonText, CorQt(corTx_));
   p.setColor(QPalette::Window, CorQt(corFun_));
   setPalette(p);
+  setBackgroundRole(QPalette::Window);
   setAutoFillBackground(backStyle_ == 0);
   update();
 }

@@ -267,6 +267,7 @@ void ZunOpc::OpcCorAct(int i) {
   p.setColor(QPalette::WindowText, CorQt(dimTx_));
   p.setColor(QPalette::ButtonText, CorQt(dimTx_));
   b->setPalette(p);
+  b->setBackgroundRole(QPalette::Window);
   b->setAutoFillBackground(!img_);
 }
 

@@ -186,5 +186,5 @@ TEST(ZunOpc, ColourModesShowOwnParentOrPictureBehind) {
   EXPECT_EQ(Pixel(g.jan.get(), 100, 60), QColor(200, 0, 0)) << "N leaves the colours";
   g.opc->BackColor(0xFF0000);  // blue
   EXPECT_EQ(Pixel(g.jan.get(), 100, 60), QColor(0, 0, 255));
-  EXPECT_EQ(g.opc->Opc(1)->palette().color(QPalette::Window), QColor(0, 0, 255));
+  EXPECT_EQ(Pixel(g.jan.get(), 160, oy), QColor(0, 0, 255)) << "the options follow the back colour";
 }

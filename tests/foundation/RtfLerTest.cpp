@@ -1,0 +1,217 @@
+// The rich-text reader on files as word processors write them, and on broken input.
+#include <gtest/gtest.h>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include "RtfLer.h"
+
+using namespace zw;
+
+namespace {
+
+std::string Fic(const char* nome) {
+  std::ifstream f(std::string(ZW_TEST_DATA) + "/rtf/" + nome, std::ios::binary);
+  std::ostringstream s;
+  s << f.rdbuf();
+  EXPECT_FALSE(s.str().empty()) << nome;
+  return s.str();
+}
+
+RtfDoc Le(std::string_view b) {
+  RtfDoc d;
+  EXPECT_TRUE(RtfLer(b, d));
+  return d;
+}
+
+// The text of paragraph p.
+Tx ParTx(const RtfDoc& d, size_t p) {
+  Tx r;
+  if (p < d.pars.size())
+    for (const RtfRun& run : d.pars[p].runs) r += run.tx;
+  return r;
+}
+
+// The run of paragraph p that is the text s, else the first that holds it.
+const RtfRun* RunDe(const RtfDoc& d, size_t p, TxV s) {
+  if (p >= d.pars.size()) return nullptr;
+  for (const RtfRun& r : d.pars[p].runs)
+    if (r.tx == s) return &r;
+  for (const RtfRun& r : d.pars[p].runs)
+    if (r.tx.find(s) != Tx::npos) return &r;
+  return nullptr;
+}
+
+long Rgb(int r, int g, int b) { return r + 256L * g + 65536L * b; }
+
+}  // namespace
+
+TEST(RtfLer, WordPadFile) {
+  RtfDoc d = Le(Fic("wordpad.rtf"));
+  ASSERT_EQ(d.pars.size(), 5u);
+  EXPECT_EQ(ParTx(d, 0), u"Contrato de Licença");
+  EXPECT_EQ(d.pars[0].aln, 2);
+  const RtfRun* t = RunDe(d, 0, u"Contrato");
+  ASSERT_TRUE(t);
+  EXPECT_TRUE(t->car.neg);
+  EXPECT_EQ(t->car.tam, 14);
+  EXPECT_EQ(t->car.fon, u"Calibri");
+  EXPECT_EQ(ParTx(d, 1), u"Leia com atenção as condições de utilização antes de continuar a instalação.");
+  EXPECT_EQ(d.pars[1].aln, 3);
+  EXPECT_EQ(d.pars[1].depois, 200);
+  // Bullets come as text, the list's own definition is skipped.
+  EXPECT_EQ(ParTx(d, 2), u"·\tO programa não pode ser copiado.");
+  EXPECT_EQ(d.pars[2].esq, 720);
+  EXPECT_EQ(d.pars[2].pri, -360);
+  EXPECT_TRUE(RunDe(d, 2, u"não")->car.ita);
+  EXPECT_FALSE(RunDe(d, 2, u"pode")->car.ita);
+  const RtfRun* a = RunDe(d, 3, u"Aviso");
+  ASSERT_TRUE(a);
+  EXPECT_TRUE(a->car.sub);
+  EXPECT_EQ(a->car.cor, Rgb(255, 0, 0));
+  EXPECT_TRUE(RunDe(d, 3, u"sem garantia")->car.tac);
+  EXPECT_EQ(RunDe(d, 3, u": ")->car.cor, -1) << "colour 0 of the table is the automatic one";
+  EXPECT_EQ(d.pars[3].esq, 720) << "the paragraph keeps the layout until \\pard";
+  EXPECT_EQ(d.pars[4].aln, 1);
+  EXPECT_EQ(RunDe(d, 4, u"Lisboa")->car.cor, Rgb(0, 77, 187));
+}
+
+TEST(RtfLer, LibreOfficeFile) {
+  RtfDoc d = Le(Fic("writer.rtf"));
+  ASSERT_EQ(d.pars.size(), 4u);
+  EXPECT_EQ(d.fonPad, u"Liberation Serif");
+  EXPECT_EQ(ParTx(d, 0), u"Instalação do Programa") << "\\uN with its byte fallback skipped";
+  EXPECT_EQ(d.pars[0].aln, 2);
+  EXPECT_EQ(RunDe(d, 0, u"Instala")->car.fon, u"Liberation Sans");
+  EXPECT_TRUE(RunDe(d, 0, u"Instala")->car.neg);
+  EXPECT_EQ(ParTx(d, 1), u"Este texto foi escrito no LibreOffice com acentos: á é í ó ú à õ Ê Ú.");
+  EXPECT_TRUE(RunDe(d, 1, u"LibreOffice")->car.ita);
+  EXPECT_EQ(ParTx(d, 2), u"Recuado e azul, com o euro € e aspas “assim”.");
+  EXPECT_EQ(d.pars[2].esq, 567);
+  EXPECT_EQ(d.pars[2].dir, 567);
+  EXPECT_EQ(RunDe(d, 2, u"Recuado")->car.cor, Rgb(0, 0, 128));
+  EXPECT_EQ(RunDe(d, 3, u"sobre")->car.pos, 1);
+  EXPECT_EQ(RunDe(d, 3, u"sob")->car.pos, -1);
+  EXPECT_EQ(RunDe(d, 3, u"grande")->car.tam, 16);
+  EXPECT_EQ(RunDe(d, 3, u" e ")->car.pos, 0);
+}
+
+TEST(RtfLer, WordFileSkipsHeadersFieldCodesAndThemes) {
+  RtfDoc d = Le(Fic("word.rtf"));
+  Tx t = RtfTx(d);
+  EXPECT_EQ(t, u"Acordo de Licença\r\nConsulte a página do fabricante para mais informações.\r\n·\tPrimeiro ponto");
+  EXPECT_EQ(RunDe(d, 0, u"Acordo")->car.fon, u"Tahoma");
+  EXPECT_EQ(RunDe(d, 0, u"Acordo")->car.tam, 16);
+  const RtfRun* l = RunDe(d, 1, u"do fabricante");
+  ASSERT_TRUE(l);
+  EXPECT_TRUE(l->car.sub);
+  EXPECT_EQ(l->car.cor, Rgb(0, 0, 255));
+  EXPECT_EQ(d.pars[2].esq, 720);
+}
+
+TEST(RtfLer, TextEditFile) {
+  RtfDoc d = Le(Fic("textedit.rtf"));
+  ASSERT_EQ(d.pars.size(), 5u);
+  EXPECT_EQ(ParTx(d, 0), u"Leia-me");
+  EXPECT_EQ(RunDe(d, 0, u"Leia")->car.fon, u"Helvetica-Bold") << "a font table without inner groups";
+  EXPECT_EQ(d.pars[0].aln, 2);
+  EXPECT_EQ(ParTx(d, 1), u"Obrigado por escolher este programa. Versão 2.0 — notas:");
+  EXPECT_EQ(ParTx(d, 2), u"");
+  EXPECT_EQ(ParTx(d, 3), u"Atenção: o instalador precisa de ≈\u00a0100 MB livres.") << "\\uc0 skips nothing";
+  EXPECT_EQ(RunDe(d, 3, u"Atenção")->car.cor, Rgb(163, 21, 21));
+  EXPECT_EQ(ParTx(d, 4), u"Caminho: C:\\Programas\\Exemplo");
+  EXPECT_EQ(RunDe(d, 4, u"Programas")->car.fon, u"Menlo-Regular");
+}
+
+TEST(RtfLer, PandocFile) {
+  RtfDoc d = Le(Fic("pandoc.rtf"));
+  ASSERT_EQ(d.pars.size(), 5u);
+  EXPECT_EQ(ParTx(d, 0), u"Licença de Utilização");
+  EXPECT_EQ(RunDe(d, 0, u"Licen")->car.tam, 18);
+  EXPECT_EQ(ParTx(d, 1), u"Este documento foi gerado por um conversor de texto e não tem estilos próprios.");
+  EXPECT_TRUE(RunDe(d, 1, u"conversor")->car.neg);
+  EXPECT_FALSE(RunDe(d, 1, u" de texto")->car.neg) << "a group gives its formatting back";
+  EXPECT_EQ(ParTx(d, 2), u"•\tPrimeiro ponto");
+  EXPECT_EQ(d.pars[2].pri, -360);
+  EXPECT_EQ(RunDe(d, 3, u"código")->car.fon, u"Courier");
+  EXPECT_EQ(ParTx(d, 4), u"Carácter fora do plano básico: \U0001F600.") << "negative \\uN make a surrogate pair";
+}
+
+TEST(RtfLer, RichEditOneFileOfThePlatformBox) {
+  RtfDoc d = Le(Fic("richedit1.rtf"));
+  EXPECT_EQ(RtfTx(d),
+            u"CONTRATO DE LICENÇA DE USO\r\n\r\n"
+            u"Ao instalar este programa, o utilizador aceita as condições abaixo.\r\n"
+            u"1.\tO programa é fornecido \"tal como está\".\r\n"
+            u"2.\tNÃO há garantia de qualquer espécie.\r\n"
+            u"Fim do contrato.");
+  EXPECT_EQ(d.fonPad, u"MS Sans Serif");
+  EXPECT_EQ(d.pars[3].esq, 360);
+  EXPECT_EQ(d.pars[5].esq, 0);
+  const RtfRun* f = RunDe(d, 5, u"Fim");
+  EXPECT_TRUE(f->car.ita);
+  EXPECT_EQ(f->car.cor, Rgb(128, 0, 0));
+  EXPECT_EQ(f->car.fon, u"Times New Roman");
+}
+
+TEST(RtfLer, CodePagesOfTheDocumentAndOfFonts) {
+  // DOS page 850, Macintosh, and a Central European font inside a Windows file.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\pca a\\'87\\'c6o}")), u"ação");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\mac Ol\\'87 \\'8b}")), u"Olá ã");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg1250{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset238 Arial CE;}}\\f1 \\'e8\\f0 \\'e8}")), u"čč");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset238 Arial CE;}}\\f1 \\'e8\\f0 \\'e8}")), u"čè");
+  // Bytes written as they are, in the page of the file.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi Instala\xe7\xe3o}")), u"Instalação");
+  // \ucN: the number of stand-in characters; \'hh counts as one, groups end the skip.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\uc2\\u8364\\'80\\'80x\\uc1\\u8364?y{\\u8364}z}")), u"€x€y€z");
+}
+
+TEST(RtfLer, SymbolsBreaksAndBinaryData) {
+  RtfDoc d = Le("{\\rtf1 a\\~b\\_c\\-d\\{\\}\\\\e\\line f\\tab g\\\nh{\\*\\unknown skipped{\\b nested}}i\\bin2 {}j}");
+  EXPECT_EQ(RtfTx(d), u"a\u00a0b\u2011cd{}\\e\r\nf\tg\r\nhij");
+  EXPECT_EQ(d.pars.size(), 2u);
+  // Text after the document's closing brace is not read.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1 fim}lixo")), u"fim");
+}
+
+TEST(RtfLer, NotRichTextIsRefused) {
+  RtfDoc d;
+  d.pars.resize(3);
+  EXPECT_FALSE(RtfLer("Texto simples", d));
+  EXPECT_TRUE(d.pars.empty());
+  EXPECT_FALSE(RtfLer("", d));
+  EXPECT_TRUE(RtfLer("  \r\n{\\rtf1 x}", d));
+}
+
+TEST(RtfLer, TruncatedFilesGiveWhatWasRead) {
+  std::string b = Fic("word.rtf");
+  for (size_t n = 5; n < b.size(); n += 7) {
+    RtfDoc d;
+    ASSERT_TRUE(RtfLer(b.substr(0, n), d));
+    Tx t = RtfTx(d);
+    if (n > b.find("informa")) {
+      EXPECT_NE(t.find(u"Acordo de Licença"), Tx::npos) << n;
+    }
+  }
+  // Cut inside a control word, a \'hh and a \uN.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1 ab\\'e")), u"ab");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1 ab\\")), u"ab");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1 ab\\u82")), u"abR");
+}
+
+TEST(RtfLer, GarbageNeverHangsOrCrashes) {
+  std::mt19937 rnd(7);
+  const std::string pecas[] = {"{", "}", "\\", "\\'", "\\u", "-", "9", "\\*", "\\bin", "\\par", "a", "\xff", "\\fonttbl", ";", "\\f", " "};
+  for (int k = 0; k < 300; ++k) {
+    std::string b = "{\\rtf1";
+    int n = int(rnd() % 200);
+    for (int i = 0; i < n; ++i) b += pecas[rnd() % std::size(pecas)];
+    RtfDoc d;
+    ASSERT_TRUE(RtfLer(b, d));
+  }
+  // Very deep groups, huge numbers and a binary length past the end.
+  std::string fundo = "{\\rtf1 " + std::string(200000, '{') + "x" + std::string(200000, '}') + "y";
+  EXPECT_EQ(RtfTx(Le(fundo)), u"xy");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\fs99999999999999999999 a\\u99999999999999b\\bin99999999999 c}")).substr(0, 1), u"a");
+  RtfDoc d = Le("{\\rtf1\\fs99999999999 a}");
+  EXPECT_GT(d.pars.at(0).runs.at(0).car.tam, 0);
+}
