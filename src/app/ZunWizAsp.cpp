@@ -1,11 +1,14 @@
 // The wizard window.
 #include "ZunWizAsp.h"
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
+#include <cstdio>
 #include <cstdlib>
 #include "SupWiz.h"
 #include "TxQt.h"
 #include "ZunWizArt.h"
+#include "ZunWizCtl.h"
 #include "ZunWizGlb.h"
 
 namespace zw {
@@ -13,17 +16,41 @@ namespace zw {
 // Design client size, in twips.
 constexpr int kDesW = 8310, kDesH = 5970;
 
+AspGan& AspGanAct() {
+  static AspGan g;
+  return g;
+}
+
+namespace {
+// A picture or icon file as the file system names it: "\" separates too.
+QString FicQt(const Tx& fic) {
+  QString q = QsTx(fic);
+  q.replace(u'\\', u'/');
+  return q;
+}
+}  // namespace
+
 ZunWizAsp::ZunWizAsp() {
   setObjectName(QStringLiteral("ZunWizAsp"));
   setWindowTitle(QStringLiteral("Wizzard"));
   setWindowIcon(ArtIco());
-  resize(TwpPx(kDesW), TwpPx(kDesH));
+  resize(TwpPx(kDesW), TwpPx(kDesH, 'Y'));
+  mImg = new QLabel(this);
+  mImg->setObjectName(QStringLiteral("Picture"));
+  mImg->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  mImg->hide();
+  // The design element 0 of each array: loaded, invisible, never used.
+  for (CtlArr a : {CtlArr::Lab, CtlArr::Ckb, CtlArr::Rtf, CtlArr::Opc}) {
+    QWidget* w = CtlFabCon(a)(this);
+    w->setObjectName(QString::fromLatin1(ArrNome(a)) + QStringLiteral("(0)"));
+    mArr[int(a)][0] = w;
+  }
   // A button at its design place (twips) that hands its click to the engine.
   auto botao = [this](const char* nome, const char* cap, int left, void (SupWiz::*tra)()) {
-    auto* b = new QPushButton(QString::fromUtf8(cap), this);
+    QPushButton* b = CtlBtnCri(this, QString::fromUtf8(cap));
     b->setObjectName(QString::fromLatin1(nome));
     b->setAutoDefault(false);
-    b->setGeometry(TwpPx(left), TwpPx(5490), TwpPx(1275), TwpPx(360));
+    b->setGeometry(TwpPx(left), TwpPx(5490, 'Y'), TwpPx(1275), TwpPx(360, 'Y'));
     connect(b, &QPushButton::clicked, this, [this, tra] {
       if (SupWiz* sup = mSup) (sup->*tra)();
     });
@@ -52,9 +79,71 @@ void ZunWizAsp::WizExe(SupWiz& eng) {
 }
 
 void ZunWizAsp::Caption(const Tx& tx) { setWindowTitle(QsTx(tx)); }
-void ZunWizAsp::Width(double twp) { resize(TwpPx(int(twp)), height()); }
-void ZunWizAsp::Height(double twp) { resize(width(), TwpPx(int(twp))); }
-void ZunWizAsp::End() { std::_Exit(0); }
+
+// The picture is drawn from the window's upper left corner at its own size,
+// behind every control; a file that cannot be loaded leaves the window as it was.
+void ZunWizAsp::Picture(const Tx& fic) {
+  QPixmap px(FicQt(fic));
+  if (px.isNull()) return;
+  mImg->setPixmap(px);
+  mImg->setGeometry(0, 0, px.width(), px.height());
+  mImg->lower();
+  mImg->show();
+}
+
+void ZunWizAsp::Icon(const Tx& fic) {
+  QPixmap px(FicQt(fic));
+  if (!px.isNull()) setWindowIcon(QIcon(FicQt(fic)));
+}
+
+void ZunWizAsp::Width(double twp) { resize(TwpPx(twp), height()); }
+void ZunWizAsp::Height(double twp) { resize(width(), TwpPx(twp, 'Y')); }
+double ZunWizAsp::TwpPix(char eixo) const { return zw::TwpPix(eixo); }
+
+CtlObj* ZunWizAsp::Btn(TxV nome) {
+  QPushButton* b = nome == TxV(u"cmAnt")   ? cmAnt
+                   : nome == TxV(u"cmSeg") ? cmSeg
+                   : nome == TxV(u"cmCnf") ? cmCnf
+                   : nome == TxV(u"cmCan") ? cmCan
+                                           : nullptr;
+  return b ? CtlDe(b) : nullptr;
+}
+
+QWidget* ZunWizAsp::CtlWid(CtlArr arr, int i) const {
+  auto it = mArr[int(arr)].find(i);
+  return it == mArr[int(arr)].end() ? nullptr : it->second;
+}
+
+CtlObj* ZunWizAsp::Ctl(CtlArr arr, int i) { return CtlDe(CtlWid(arr, i)); }
+
+int ZunWizAsp::UBound(CtlArr arr) const { return mArr[int(arr)].rbegin()->first; }
+
+// A new element takes the factory's control, hidden; an index in use is error 360.
+CtlObj* ZunWizAsp::Load(CtlArr arr, int i) {
+  if (i < 0 || i > 32767) throw CtlErr(340, "control array element does not exist");
+  if (CtlWid(arr, i)) throw CtlErr(360, "object already loaded");
+  QWidget* w = CtlFabCon(arr)(this);
+  w->setObjectName(QStringLiteral("%1(%2)").arg(QString::fromLatin1(ArrNome(arr))).arg(i));
+  w->hide();
+  mArr[int(arr)][i] = w;
+  return CtlDe(w);
+}
+
+const char* ZunWizAsp::ArrNome(CtlArr arr) {
+  static const char* const nomes[] = {"laWiz", "ckWiz", "rtfWiz", "ZunOpc"};
+  return nomes[int(arr)];
+}
+
+void ZunWizAsp::PagEnt(int idx, const Tx& ide) {
+  if (AspGanAct().PagEnt) AspGanAct().PagEnt(*this, idx, ide);
+}
+
+// The process ends here and now: no unload, no "FxFim".
+void ZunWizAsp::End() {
+  if (AspGanAct().End) AspGanAct().End();
+  std::fflush(nullptr);
+  std::_Exit(0);
+}
 
 void ZunWizAsp::FrmPrep(const Tx& pal, int16_t& st) {
   (void)st;
@@ -66,8 +155,15 @@ void ZunWizAsp::FrmPrep(const Tx& pal, int16_t& st) {
 // The unload runs the script's "FxFim". It never refuses, so the close box ends
 // the wizard without a question.
 void ZunWizAsp::FormUnload() {
-  if (SupWiz* sup = mSup) sup->VbsExe(u"FxFim");
+  SupWiz* sup = mSup;
+  if (sup) sup->VbsExe(u"FxFim");
   mSup = nullptr;
+  if (sup && AspGanAct().Unload) AspGanAct().Unload(*this);
+}
+
+void ZunWizAsp::showEvent(QShowEvent* e) {
+  QDialog::showEvent(e);
+  if (mSup && AspGanAct().Mostra) AspGanAct().Mostra(*this);
 }
 
 void ZunWizAsp::done(int r) {

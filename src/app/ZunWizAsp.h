@@ -3,11 +3,26 @@
 // window is made for each attempt of the start-up, and shown modally by WizExe.
 #pragma once
 #include <QDialog>
+#include <functional>
+#include <map>
 #include "WizFrm.h"
 
+class QLabel;
 class QPushButton;
 
 namespace zw {
+
+class ZunWizAsp;
+
+// What a run without a person hooks into the wizard window; all empty in the
+// program. End must not return.
+struct AspGan {
+  std::function<void(ZunWizAsp&, int idx, const Tx& ide)> PagEnt;  // a page has been entered
+  std::function<void(ZunWizAsp&)> Mostra;  // the modal window has come up
+  std::function<void(ZunWizAsp&)> Unload;  // unloaded after running: "FxFim" has run
+  std::function<void()> End;               // the process ends at once
+};
+AspGan& AspGanAct();
 
 class ZunWizAsp : public QDialog, public WizFrm {
  public:
@@ -18,20 +33,27 @@ class ZunWizAsp : public QDialog, public WizFrm {
   void WizZunOpcIni() {}
   void FrmPrep(const Tx& pal, int16_t& st);
 
-  // The window as the engine sees it. The control arrays are not built yet: no
-  // control is loaded and none can be.
+  // The window as the engine sees it: the control arrays laWiz, ckWiz, rtfWiz and
+  // ZunOpc, each with its design element 0, loaded from the factory of its kind.
   void Caption(const Tx& tx) override;
-  void Picture(const Tx&) override {}
-  void Icon(const Tx&) override {}
+  void Picture(const Tx& fic) override;
+  void Icon(const Tx& fic) override;
   void Width(double twp) override;
   void Height(double twp) override;
-  double TwpPix(char) const override { return 15; }
-  CtlObj* Btn(TxV) override { return nullptr; }
-  CtlObj* Ctl(CtlArr, int) override { return nullptr; }
-  int UBound(CtlArr) const override { return 0; }
-  CtlObj* Load(CtlArr, int) override { throw CtlErr(360); }
+  double TwpPix(char eixo) const override;
+  CtlObj* Btn(TxV nome) override;
+  CtlObj* Ctl(CtlArr arr, int i) override;
+  int UBound(CtlArr arr) const override;
+  CtlObj* Load(CtlArr arr, int i) override;
   void Unload() override { close(); }
   [[noreturn]] void End() override;
+  void PagEnt(int idx, const Tx& ide) override;
+
+  // The widget of element i of an array (null when not loaded), and the loaded
+  // indexes of an array in rising order, element 0 included.
+  QWidget* CtlWid(CtlArr arr, int i) const;
+  const std::map<int, QWidget*>& Arr(CtlArr arr) const { return mArr[int(arr)]; }
+  static const char* ArrNome(CtlArr arr);  // "laWiz", "ckWiz", "rtfWiz", "ZunOpc"
 
   QPushButton* cmAnt = nullptr;
   QPushButton* cmSeg = nullptr;
@@ -43,10 +65,13 @@ class ZunWizAsp : public QDialog, public WizFrm {
   void done(int r) override;  // every way of closing ends here: the unload
   void changeEvent(QEvent* e) override;
   void keyPressEvent(QKeyEvent* e) override;
+  void showEvent(QShowEvent* e) override;
 
  private:
   void FormUnload();
   SupWiz* mSup = nullptr;
+  std::map<int, QWidget*> mArr[4];
+  QLabel* mImg = nullptr;  // the window's picture, behind every control
 };
 
 }  // namespace zw

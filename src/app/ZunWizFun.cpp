@@ -31,7 +31,7 @@ ZunWizFun::ZunWizFun()
   pal.setColor(QPalette::Window, Qt::white);
   setPalette(pal);
   setAutoFillBackground(true);
-  resize(TwpPx(kDesW), TwpPx(kDesH));
+  resize(TwpPx(kDesW), TwpPx(kDesH, 'Y'));
   for (Img& i : mImg) {
     i.lb = new QLabel(this);
     i.lb->setObjectName(QString::fromLatin1(i.nome));
@@ -53,7 +53,7 @@ const ZunWizFun::Img& ZunWizFun::ImgCon(const char* nome) const {
 void ZunWizFun::ImgPos(Img& i, int left, int top) {
   i.left = left;
   i.top = top;
-  i.lb->setGeometry(TwpPx(left), TwpPx(top), TwpPx(i.width), TwpPx(i.height));
+  i.lb->setGeometry(TwpPx(left), TwpPx(top, 'Y'), TwpPx(i.width), TwpPx(i.height, 'Y'));
 }
 
 // Maximised and raised before it is first shown. Where no window manager
@@ -77,7 +77,7 @@ void ZunWizFun::FormActivate() {
 // edges follow the lower right corner, the emblem stays centred, and the waiting
 // artwork keeps the logo's margins from the right and bottom.
 void ZunWizFun::FormResize() {
-  const int W = PxTwp(width()), H = PxTwp(height());
+  const int W = PxTwp(width()), H = PxTwp(height(), 'Y');
   Img& dirBx = ImgRef("DirBx");
   Img& dir = ImgRef("Dir");
   Img& bx = ImgRef("Bx");

@@ -1,6 +1,7 @@
 // The program's variables and the shared window procedures.
 #include "ZunWizGlb.h"
 #include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
 #include <cmath>
 
@@ -11,8 +12,13 @@ Tx LinCmd;
 std::unique_ptr<SupWiz> gSup;
 ZunWizFun* gFun = nullptr;
 
-int TwpPx(int twp) { return int(std::lround(double(twp) / kTwpPx)); }
-int PxTwp(int px) { return px * kTwpPx; }
+double TwpPix(char eixo) {
+  const QScreen* ecr = QGuiApplication::primaryScreen();
+  double dpi = ecr ? (eixo == 'Y' ? ecr->logicalDotsPerInchY() : ecr->logicalDotsPerInchX()) : 0;
+  return dpi > 0 ? 1440.0 / dpi : 15.0;
+}
+int TwpPx(double twp, char eixo) { return int(std::lround(twp / TwpPix(eixo))); }
+int PxTwp(int px, char eixo) { return int(std::lround(px * TwpPix(eixo))); }
 
 // True where a program may make its window topmost (X11, Windows).
 static bool TopoPode() {

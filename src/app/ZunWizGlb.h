@@ -17,10 +17,12 @@ extern Tx LinCmd;                 // the command line, words joined by blanks
 extern std::unique_ptr<SupWiz> gSup;  // the one engine, created on first use
 extern ZunWizFun* gFun;           // the background window
 
-// Screen twips per pixel; the design positions of the windows are in twips.
-constexpr int kTwpPx = 15;
-int TwpPx(int twp);  // twips to pixels, rounded
-int PxTwp(int px);   // pixels to twips
+// The screen's twips per pixel on the axis 'X' or 'Y': 1440 over its dots per inch,
+// 15 where no screen tells better. The design places of the windows and the
+// geometry of the controls are in twips.
+double TwpPix(char eixo = 'X');
+int TwpPx(double twp, char eixo = 'X');  // twips to pixels, rounded
+int PxTwp(int px, char eixo = 'X');      // pixels to twips, rounded
 
 // Brings a window to the top of the ordinary windows. A window not yet shown is
 // marked topmost, where the window system lets a program do so, and FrmElevaFim
