@@ -53,7 +53,10 @@ void MsgExe(const Tx& tipo, const Tx& tit, const Tx& msg, int& res) {
     return;
   }
   if (bip) MsgDlgAct().Bip();
+  const bool pal = MsgDlgPal();
+  MsgDlgPalDef(true);
   int r = MsgDlgAct().Caixa(est, tit, tx);
+  MsgDlgPalDef(pal);
   switch (r) {
     case kAnsOk: case kAnsYes: res = 1; break;
     case kAnsNo: res = 0; break;

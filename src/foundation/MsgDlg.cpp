@@ -10,14 +10,20 @@ static const int kBotoes[6][3] = {
     {kAnsOk, 0, 0},       {kAnsOk, kAnsCancel, 0},         {kAnsAbort, kAnsRetry, kAnsIgnore},
     {kAnsYes, kAnsNo, kAnsCancel}, {kAnsYes, kAnsNo, 0}, {kAnsRetry, kAnsCancel, 0}};
 
-int MsgRespOmissao(int estilo) {
+int MsgBotoes(int estilo, int bot[3]) {
   int set = estilo & 7;
   if (set > 5) set = 0;
-  int def = (estilo >> 8) & 3;
   int n = 0;
-  while (n < 3 && kBotoes[set][n]) n++;
+  for (; n < 3 && kBotoes[set][n]; n++) bot[n] = kBotoes[set][n];
+  return n;
+}
+
+int MsgRespOmissao(int estilo) {
+  int bot[3];
+  int n = MsgBotoes(estilo, bot);
+  int def = (estilo >> 8) & 3;
   if (def >= n) def = 0;
-  return kBotoes[set][def];
+  return bot[def];
 }
 
 namespace {
@@ -39,6 +45,12 @@ class MsgDlgTexto : public MsgDlg {
 MsgDlgTexto gTexto;
 MsgDlg* gAct = &gTexto;
 }  // namespace
+
+namespace {
+bool gPal = false;
+}
+bool MsgDlgPal() { return gPal; }
+void MsgDlgPalDef(bool pal) { gPal = pal; }
 
 MsgDlg& MsgDlgAct() { return *gAct; }
 void MsgDlgDef(MsgDlg* d) { gAct = d ? d : &gTexto; }

@@ -36,5 +36,14 @@ void MsgDlgDef(MsgDlg* d);
 
 // The answer that a box of this style gives when its default button is taken.
 int MsgRespOmissao(int estilo);
+// The answer codes of the buttons of a box of this style, in order; gives how many.
+int MsgBotoes(int estilo, int bot[3]);
+
+// True while the box in hand answers its caller with a result word (1 OK or yes,
+// 0 no, -1 cancel), as the type-text boxes of GlbMsg do, rather than with the
+// answer code itself, as the script language's MsgBox does. A service that reports
+// what was answered reads it.
+bool MsgDlgPal();
+void MsgDlgPalDef(bool pal);
 
 }  // namespace zw

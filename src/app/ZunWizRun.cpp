@@ -1,0 +1,395 @@
+// The run without a person: answers, trace and screenshots over the program's own
+// start-up and windows.
+#include "ZunWizRun.h"
+#include <QDir>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include "MsgDlg.h"
+#include "MsgDlgQt.h"
+#include "SupWiz.h"
+#include "TxQt.h"
+#include "TxtGlb.h"
+#include "ZunWizAsp.h"
+#include "ZunWizCtl.h"
+#include "ZunWizGlb.h"
+
+namespace zw {
+
+// ---- Answers ----------------------------------------------------------------------
+
+namespace {
+// The words of a line, split at blanks and tabs.
+std::vector<Tx> Palavras(TxV t) {
+  std::vector<Tx> r;
+  size_t i = 0;
+  while (i < t.size()) {
+    while (i < t.size() && (t[i] == u' ' || t[i] == u'\t')) i++;
+    size_t j = i;
+    while (j < t.size() && t[j] != u' ' && t[j] != u'\t') j++;
+    if (j > i) r.emplace_back(t.substr(i, j - i));
+    i = j;
+  }
+  return r;
+}
+
+// A whole word as a number; false when it is not one.
+bool Inteiro(const Tx& w, int& n) {
+  std::string s = TxUtf8(w);
+  char* fim = nullptr;
+  long v = std::strtol(s.c_str(), &fim, 10);
+  if (s.empty() || *fim) return false;
+  n = int(v);
+  return true;
+}
+}  // namespace
+
+bool RunRspLer(const Tx& linha, RunRsp& r, Tx& erro) {
+  Tx t = linha;
+  while (!t.empty() && (t.back() == u'\r' || t.back() == u'\n')) t.pop_back();
+  std::vector<Tx> p = Palavras(t);
+  if (p.empty() || p[0][0] == u'#') return false;
+  erro.clear();
+  r = RunRsp{};
+  const Tx w = TxMai(p[0]);
+  static const struct { const char16_t* pal; const char16_t* btn; } botoes[] = {
+      {u"ANT", u"cmAnt"}, {u"SEG", u"cmSeg"}, {u"CNF", u"cmCnf"}, {u"CAN", u"cmCan"}};
+  for (const auto& b : botoes)
+    if (w == b.pal) {
+      r.k = RunRsp::K::Btn;
+      r.nome = b.btn;
+      if (p.size() > 1) erro = u"a click takes no more words";
+      return true;
+    }
+  if (w == u"CLOSE") {
+    r.k = RunRsp::K::Close;
+    if (p.size() > 1) erro = u"CLOSE takes no more words";
+  } else if (w == u"BOX") {
+    r.k = RunRsp::K::Box;
+    if (p.size() != 2 || !Inteiro(p[1], r.num)) erro = u"BOX takes one result word: 1, 0 or -1";
+  } else if (w == u"INPUT") {
+    // The text is the rest of the line after the word and one blank, as typed.
+    r.k = RunRsp::K::Input;
+    size_t i = t.find(p[0]) + p[0].size();
+    r.can = i >= t.size();
+    if (!r.can) r.tx = t.substr(i + 1);
+  } else if (w == u"CHECK" || w == u"OPTION") {
+    r.k = w == u"CHECK" ? RunRsp::K::Check : RunRsp::K::Option;
+    if (p.size() != 3 || !Inteiro(p[2], r.num)) erro = w + u" takes a component's name and a number";
+    else if (r.k == RunRsp::K::Check && r.num != 0 && r.num != 1) erro = u"CHECK takes 0 or 1";
+    else r.nome = p[1];
+  } else {
+    erro = u"no such answer: " + p[0];
+  }
+  return true;
+}
+
+const RunRsp* RunFon::Prox() {
+  if (mProx) return &*mProx;
+  std::string s;
+  while (!mFim && std::getline(mIn, s)) {
+    mLin++;
+    RunRsp r;
+    if (RunRspLer(TxDeUtf8(s), r, mErro)) {
+      r.lin = mLin;
+      mProx = r;
+      return &*mProx;
+    }
+  }
+  mFim = true;
+  return nullptr;
+}
+
+// ---- Trace --------------------------------------------------------------------------
+
+Tx RunAsp(TxV t) {
+  Tx r = u"\"";
+  for (size_t i = 0; i < t.size(); i++) {
+    char16_t c = t[i];
+    if (c == u'"') r += u"\"\"";
+    else if (c == u'\r' && i + 1 < t.size() && t[i + 1] == u'\n') { r += u'|'; i++; }
+    else if (c == u'\r' || c == u'\n') r += u'|';
+    else if (c == u'\t') r += u'\u00BB';
+    else r += c;
+  }
+  return r + u"\"";
+}
+
+namespace {
+
+struct Run;
+Run* gRun = nullptr;
+
+// The run in force: the answers, the trace, where the wizard stands.
+struct Run final : MsgDlg {
+  RunOpc opc;
+  std::optional<RunFon> fon;
+  QPointer<ZunWizAsp> asp;  // the wizard window that runs
+  int pagIdx = 0;
+  Tx pagIde;
+  int foto = 0;
+  bool passo = false;  // a step of the answers is due
+
+  void Trc(const Tx& lin) {
+    if (!opc.trc) return;
+    std::string s = TxUtf8(lin);
+    s += '\n';
+    std::fwrite(s.data(), 1, s.size(), opc.trc);
+    std::fflush(opc.trc);
+  }
+
+  Tx Pag() const {
+    Tx r = u"page " + TxDeUtf8(std::to_string(pagIdx));
+    if (!pagIde.empty()) r += u" " + pagIde;
+    return r;
+  }
+
+  // The answers do not fit the wizard: said on stderr with the answer's line and
+  // the page, and the process ends at once, the window left as it is.
+  [[noreturn]] void Desajuste(const Tx& porque, int lin) {
+    Trc(u"end answers");
+    std::string m = "zunwiz-run: answers line " + std::to_string(lin) + ", " +
+                    (pagIdx ? TxUtf8(Pag()) : std::string("before the first page")) + ": " +
+                    TxUtf8(porque) + "\n";
+    std::fputs(m.c_str(), stderr);
+    std::fflush(nullptr);
+    std::_Exit(kSaiRsp);
+  }
+
+  // The next answer; one that is no answer at all does not fit.
+  const RunRsp* Prox() {
+    if (opc.rspTerm && !fon->Prox()) return nullptr;
+    const RunRsp* r = fon->Prox();
+    if (r && !fon->Erro().empty()) Desajuste(fon->Erro(), r->lin);
+    return r;
+  }
+
+  void Prompt(const char* o_que) {
+    if (!opc.rspTerm) return;
+    std::string m = "zunwiz-run " + (pagIdx ? TxUtf8(Pag()) : std::string()) + " " + o_que + "> ";
+    std::fputs(m.c_str(), stderr);
+    std::fflush(stderr);
+  }
+
+  void Foto(const QPixmap& px, const Tx& nome) {
+    if (opc.fotos.empty()) return;
+    foto++;
+    QString f = QStringLiteral("%1/%2-%3.png")
+                    .arg(QsTx(opc.fotos))
+                    .arg(foto, 2, 10, QLatin1Char('0'))
+                    .arg(QsTx(nome));
+    px.save(f, "PNG");
+  }
+
+  // ---- The dialog service ----
+
+  int Caixa(int estilo, const Tx& titulo, const Tx& texto) override {
+    int bot[3];
+    const int n = MsgBotoes(estilo, bot);
+    const bool pal = MsgDlgPal();
+    int cod = MsgRespOmissao(estilo);
+    if (n > 1) {
+      Prompt("box");
+      const RunRsp* r = Prox();
+      if (r && r->k == RunRsp::K::Box) {
+        // The result word names a button: 1 OK or Yes, 0 No, -1 Cancel; any
+        // other number is the answer code itself (Abort, Retry, Ignore).
+        int quer = r->num == 1 ? -100 : r->num == 0 ? kAnsNo : r->num == -1 ? kAnsCancel : r->num;
+        cod = 0;
+        for (int i = 0; i < n; i++)
+          if (bot[i] == quer || (quer == -100 && (bot[i] == kAnsOk || bot[i] == kAnsYes))) cod = bot[i];
+        if (!cod) Desajuste(u"the box has no button for BOX " + TxDeUtf8(std::to_string(r->num)), r->lin);
+        fon->Toma();
+      }
+    }
+    int res = cod;
+    if (pal) res = cod == kAnsOk || cod == kAnsYes ? 1 : cod == kAnsNo ? 0 : cod == kAnsCancel ? -1 : cod;
+    Trc(u"box " + TxDeUtf8(std::to_string(estilo)) + u" " + RunAsp(titulo) + u" " + RunAsp(texto) + u" -> " +
+        TxDeUtf8(std::to_string(res)));
+    if (!opc.fotos.empty()) {
+      QMessageBox* b = MsgCaixaCri(estilo, titulo, texto);
+      b->show();
+      Foto(b->grab(), u"box");
+      delete b;
+    }
+    return cod;
+  }
+
+  void Bip() override {}
+
+  bool Entrada(const Tx& titulo, const Tx& pergunta, const Tx& omissao, Tx& resposta) override {
+    Prompt("input");
+    const RunRsp* r = Prox();
+    bool ok = true;
+    resposta = omissao;
+    if (r && r->k == RunRsp::K::Input) {
+      ok = !r->can;
+      resposta = ok ? r->tx : Tx();
+      fon->Toma();
+    }
+    Trc(u"input " + RunAsp(titulo) + u" " + RunAsp(pergunta) + u" -> " + RunAsp(ok ? resposta : Tx()));
+    return ok;
+  }
+
+  // ---- The window ----
+
+  // The page line, then one line per control whose own Visible is set: buttons
+  // first, then components by index.
+  void PagEnt(ZunWizAsp& a, int idx, const Tx& ide) {
+    asp = &a;
+    pagIdx = idx;
+    pagIde = ide;
+    Trc(Pag());
+    for (QPushButton* b : {a.cmAnt, a.cmSeg, a.cmCnf, a.cmCan})
+      if (!b->isHidden()) CtlLin(a, b, TxQs(b->objectName()), b->text(), nullptr);
+    std::vector<std::pair<int, CtlArr>> cmp;
+    for (CtlArr arr : {CtlArr::Lab, CtlArr::Ckb, CtlArr::Rtf, CtlArr::Opc})
+      for (const auto& [i, w] : a.Arr(arr))
+        if (i > 0 && !w->isHidden()) cmp.emplace_back(i, arr);
+    std::sort(cmp.begin(), cmp.end());
+    for (auto [i, arr] : cmp) CmpLin(a, arr, i);
+    Foto(a.grab(), ide.empty() ? TxDeUtf8(std::to_string(idx)) : ide);
+  }
+
+  void CtlLin(ZunWizAsp& a, QWidget* w, const Tx& nome, const QString& tx, const Var* val) {
+    const QRect g = w->geometry();
+    char geo[64];
+    std::snprintf(geo, sizeof geo, " %d,%d %dx%d %s ", g.x(), g.y(), g.width(), g.height(),
+                  w->isEnabledTo(&a) ? "on" : "off");
+    Tx lin = u"ctl " + nome + TxDeUtf8(geo) + RunAsp(TxQs(tx));
+    if (val) lin += u" value=" + TxVar(*val);
+    Trc(lin);
+  }
+
+  void CmpLin(ZunWizAsp& a, CtlArr arr, int i) {
+    QWidget* w = a.CtlWid(arr, i);
+    CtlObj* c = CtlDe(w);
+    const Tx nome = TxDeUtf8(ZunWizAsp::ArrNome(arr)) + u"(" + TxDeUtf8(std::to_string(i)) + u")";
+    Tx tx;
+    Var val;
+    try {
+      switch (arr) {
+        case CtlArr::Lab: tx = TxVar(c->PrpCon(u"Caption")); break;
+        case CtlArr::Ckb:
+          tx = TxVar(c->PrpCon(u"Caption"));
+          val = Var(int32_t(CtlNum(c->PrpCon(u"Value"))));
+          break;
+        case CtlArr::Rtf: tx = TxVar(c->PrpCon(u"Text")).substr(0, 60); break;
+        case CtlArr::Opc: {
+          std::vector<Var> n{Var()};
+          c->Exe(u"OpcNum", n);
+          for (int k = 1; k <= int(CtlNum(n[0])); k++) {
+            std::vector<Var> o{Var(int16_t(k)), Var(Tx()), Var(Tx())};
+            c->Exe(u"ConOpc", o);
+            if (k > 1) tx += u"|";
+            tx += TxVar(o[1]);
+          }
+          val = Var(int32_t(CtlNum(c->PrpCon(u"opcUsa"))));
+          break;
+        }
+      }
+    } catch (const CtlErr&) {
+    }
+    CtlLin(a, w, nome, QsTx(tx), val.EhVazio() ? nullptr : &val);
+  }
+
+  // The component named ide, as the engine looks it up: the first whose name is
+  // equal after trimming and capitals; 0 when there is none.
+  static int CmpIdx(const Tx& ide) {
+    const Tx quer = TxMaiTrm(ide);
+    for (int i = 1; gSup && i <= gSup->CmpNum(); i++)
+      if (TxMaiTrm(gSup->Cmp(i).Ide) == quer) return i;
+    return 0;
+  }
+
+  // One answer, once the window is up and idle: a click, the close box, a check
+  // box or an option. The next is taken when this one has run its course.
+  void Passo() {
+    passo = false;
+    if (!asp || !asp->isVisible()) return;
+    Prompt("click");
+    const RunRsp* r = Prox();
+    if (!r) Desajuste(u"the answers ran out while the wizard is open", fon->Lin());
+    RunRsp rsp = *r;
+    fon->Toma();
+    ZunWizAsp& a = *asp;
+    switch (rsp.k) {
+      case RunRsp::K::Box:
+      case RunRsp::K::Input:
+        Desajuste(u"no box is open", rsp.lin);
+      case RunRsp::K::Btn: {
+        auto* b = dynamic_cast<QPushButton*>(dynamic_cast<QWidget*>(a.Btn(rsp.nome)));
+        if (b->isHidden()) Desajuste(rsp.nome + u" is hidden", rsp.lin);
+        if (!b->isEnabledTo(&a)) Desajuste(rsp.nome + u" is disabled", rsp.lin);
+        b->click();
+        break;
+      }
+      case RunRsp::K::Close:
+        a.close();
+        break;
+      case RunRsp::K::Check:
+      case RunRsp::K::Option: {
+        const CtlArr arr = rsp.k == RunRsp::K::Check ? CtlArr::Ckb : CtlArr::Opc;
+        const int i = CmpIdx(rsp.nome);
+        CtlObj* c = i > 0 ? a.Ctl(arr, i) : nullptr;
+        const char16_t* tipo = arr == CtlArr::Ckb ? u"check box" : u"option group";
+        if (!c) Desajuste(u"no " + Tx(tipo) + u" component named " + rsp.nome, rsp.lin);
+        try {
+          c->PrpAtr(arr == CtlArr::Ckb ? u"Value" : u"opcUsa", Var(int16_t(rsp.num)));
+        } catch (const CtlErr&) {
+          Desajuste(rsp.nome + u" has no option " + TxDeUtf8(std::to_string(rsp.num)), rsp.lin);
+        }
+        break;
+      }
+    }
+    Agenda();
+  }
+
+  void Agenda() {
+    if (passo || !asp || !asp->isVisible()) return;
+    passo = true;
+    QTimer::singleShot(0, asp.data(), [this] { Passo(); });
+  }
+
+  // The window has been unloaded after running: answers still waiting do not fit.
+  void Unload() {
+    if (!opc.rspTerm)
+      if (const RunRsp* r = Prox()) Desajuste(u"answers are left over when the wizard ends", r->lin);
+    Trc(u"end unload");
+  }
+};
+
+}  // namespace
+
+void ZunWizRunIni(const RunOpc& opc) {
+  static Run run;
+  run.opc = opc;
+  run.fon.emplace(*opc.rsp);
+  gRun = &run;
+  if (!opc.fotos.empty()) QDir().mkpath(QsTx(opc.fotos));
+  MsgDlgDef(&run);
+  AspGan& g = AspGanAct();
+  g.PagEnt = [](ZunWizAsp& a, int idx, const Tx& ide) { gRun->PagEnt(a, idx, ide); };
+  g.Mostra = [](ZunWizAsp& a) {
+    gRun->asp = &a;
+    gRun->Agenda();
+  };
+  g.Unload = [](ZunWizAsp&) { gRun->Unload(); };
+  g.End = [] {
+    gRun->Trc(u"end exit");
+    std::fflush(nullptr);
+    std::_Exit(kSaiEnd);
+  };
+}
+
+int ZunWizRunFim(int st) {
+  if (gRun && !gRun->opc.rspTerm)
+    if (const RunRsp* r = gRun->Prox()) gRun->Desajuste(u"answers are left over when the run ends", r->lin);
+  return st;
+}
+
+}  // namespace zw

@@ -1,0 +1,30 @@
+# Wizard cases: whole runs of a wizard through zunwiz-run, compared line by line
+# with the trace they must write.
+#
+# wiz_cases(DIR PREFIX) makes one CTest, PREFIX_NAME, for each DIR/NAME.trace. A
+# case is three files side by side:
+#   NAME.par    the option file, run as "-FP DIR/NAME.par";
+#   NAME.ans    the answers (none when the file is missing): ANT, SEG, CNF, CAN,
+#               CLOSE, BOX R, INPUT text, CHECK NAME 0|1, OPTION NAME N;
+#   NAME.trace  the trace expected, exactly (docs/zunwiz-run.md tells its lines).
+# NAME.args, when it exists, holds more command-line words, one per line
+# ("KEY=value"...). Where the case's folder appears in the trace (a box that names
+# the option file, say) it is written "<DIR>". The exit status must be the one the
+# trace's last line stands for: 3 after "end answers", 4 after "end exit", else 0;
+# a case without NAME.par is the missing option file, status 2.
+#
+# To add a case: write NAME.par and NAME.ans in the folder, run
+#   build/tools/zunwiz-run/zunwiz-run --answers NAME.ans --trace NAME.trace -FP $PWD/NAME.par
+# there, read NAME.trace through (it is the test's expectation: check every line
+# against what the wizard must do, and replace the folder by "<DIR>"), and re-run
+# cmake. A failing case leaves what it wrote as NAME.got in the build's folder.
+function(wiz_cases dir prefix)
+  file(GLOB traces CONFIGURE_DEPENDS ${dir}/*.trace)
+  foreach(t ${traces})
+    get_filename_component(name ${t} NAME_WE)
+    add_test(NAME ${prefix}_${name}
+      COMMAND ${CMAKE_COMMAND} -DRUN=$<TARGET_FILE:zunwiz-run> -DNAME=${name} -DDIR=${dir}
+              -DOUT=${CMAKE_CURRENT_BINARY_DIR}/${prefix}_${name}.got
+              -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/RunWiz.cmake)
+  endforeach()
+endfunction()
