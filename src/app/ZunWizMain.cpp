@@ -9,6 +9,7 @@
 #include "GlbMsg.h"
 #include "MsgDlgQt.h"
 #include "PrcExe.h"
+#include "ShfPrgQt.h"
 #include "TxtGlb.h"
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
@@ -18,6 +19,7 @@ namespace zw {
 
 namespace {
 MsgDlgQt gDlgQt;
+ShfPrgQt gPrgQt;
 
 // Closes every top-level window of the program; each pass closes what the one
 // before it left open or opened anew.
@@ -31,6 +33,7 @@ void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
   DirExe = dirExe;
   LinCmd = linCmd;
   MsgDlgDef(&gDlgQt);
+  ShfPrgDef(&gPrgQt);
   FrmFimDef(FrmFimQt);
   EvtPmpDef([] { QApplication::processEvents(); });
 }

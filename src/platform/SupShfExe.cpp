@@ -4,6 +4,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 #include <vector>
@@ -161,6 +162,7 @@ class Run {
       }
       closedir(h);
     }
+    std::sort(r.begin(), r.end());  // the same order on every file system, for traces
     return r;
   }
 
@@ -283,12 +285,7 @@ class Run {
   int64_t totItens_ = 0, totBytes_ = 0, itens_ = 0, bytesFeitos_ = 0;
 };
 
-ShfPrg* gPrg = nullptr;
-
 }  // namespace
-
-ShfPrg* ShfPrgAct() { return gPrg; }
-void ShfPrgDef(ShfPrg* p) { gPrg = p; }
 
 int SupShf::Exe(int op) {
   err_ = 0;

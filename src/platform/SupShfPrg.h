@@ -6,6 +6,7 @@
 // mode does not call the service at all.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include "Tx.h"
 
 namespace zw {
@@ -25,6 +26,23 @@ class ShfPrg {
   virtual bool Passo(const Tx& orig, const Tx& dest, int64_t itens, int64_t bytes) = 0;
   // The run has ended, done or not.
   virtual void Fim(bool ok) = 0;
+};
+
+// A service that writes lines instead of showing a window, for a run without a
+// display (the wizard runner's trace): "SHF INI <op> <title>" at the start, one line
+// per entry, "SHF COP <source> > <destination>" ("MOV", or "ELI <source>" for a
+// delete), and "SHF FIM 1" or "SHF FIM 0" at the end. It never cancels.
+class ShfPrgLin : public ShfPrg {
+ public:
+  explicit ShfPrgLin(std::function<void(const Tx&)> linha) : linha_(std::move(linha)) {}
+  void Ini(const Tx& titulo, int op, int64_t itens, int64_t bytes) override;
+  bool Passo(const Tx& orig, const Tx& dest, int64_t itens, int64_t bytes) override;
+  void Fim(bool ok) override;
+
+ private:
+  std::function<void(const Tx&)> linha_;
+  Tx op_;
+  int64_t ult_ = -1;  // the entry of the last line: parts of a large file add none
 };
 
 // The service in force, or null when there is none. ShfPrgDef(nullptr) removes it.

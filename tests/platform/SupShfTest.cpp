@@ -279,6 +279,25 @@ TEST_F(Shf, ProgressStepsCancelAndSilence) {
   EXPECT_EQ(p.ini + p.passos + p.fim, 0);
 }
 
+TEST_F(Shf, ProgressLinesForATrace) {
+  Arvore("org");
+  std::vector<Tx> lin;
+  ShfPrgLin p([&](const Tx& l) { lin.push_back(l); });
+  ShfPrgDef(&p);
+  SupShf s;
+  s.AspExe(1, 0);
+  s.AspIde(u"Programa");
+  int r = 0;
+  s.FxCopDfi(P("org/sub"), P("d"), r);
+  s.FxEli(P("d/c.txt"), r);
+  std::vector<Tx> esperadas{u"SHF INI COP Programa",
+                            u"SHF COP " + FicDeNat(N("org/sub/c.txt")) + u" > " + FicDeNat(N("d/c.txt")),
+                            u"SHF COP " + FicDeNat(N("org/sub/lnk")) + u" > " + FicDeNat(N("d/lnk")),
+                            u"SHF FIM 1", u"SHF INI ELI Programa", u"SHF ELI " + FicDeNat(N("d/c.txt")),
+                            u"SHF FIM 1"};
+  EXPECT_EQ(lin, esperadas);
+}
+
 // A copy onto a file system without room for it: the earlier destination file stays
 // byte-identical and no temporary file remains, by the run and by the one-file copy.
 TEST_F(Shf, FullDiskLeavesTheEarlierFileWhole) {
