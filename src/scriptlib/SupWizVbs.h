@@ -45,23 +45,23 @@ namespace zw {
   WIZ_OP(MsgVer)                                                                    \
   WIZ_OP(MsgTip)                                                                    \
   WIZ_OP(MsgSba)                                                                    \
-  /* WIZ_OP(FxPgmExe) */                                                            \
-  /* WIZ_OP(FxShell) */                                                             \
+  WIZ_OP(FxPgmExe)                                                                  \
+  WIZ_OP(FxShell)                                                                   \
   WIZ_OP(FxDrvUsa)                                                                  \
-  /* WIZ_OP(FxPgm) */                                                               \
+  WIZ_OP(FxPgm)                                                                     \
   WIZ_OP(FxFicLoc)                                                                  \
   WIZ_OP(FxDirCop)                                                                  \
   WIZ_OP(FxFicCop)                                                                  \
   WIZ_OP(FxFicRen)                                                                  \
   WIZ_OP(FxFicEli)                                                                  \
   WIZ_OP(FxFicTip)                                                                  \
-  /* WIZ_OP(FxCmpRegFic) */                                                         \
-  /* WIZ_OP(FxCmpRegDir) */                                                         \
+  WIZ_OP(FxCmpRegFic)                                                               \
+  WIZ_OP(FxCmpRegDir)                                                               \
   WIZ_OP(FxRegGrpPrp)                                                               \
   WIZ_OP(FxRegVarCon)                                                               \
   WIZ_OP(CmpVarCon)                                                                 \
   WIZ_OP(CmpVarAlt)                                                                 \
-  /* WIZ_OP(FxPrtPdfIns) */                                                         \
+  WIZ_OP(FxPrtPdfIns)                                                               \
   WIZ_OP(SopIdeCon)
 
 class SupWizVbsOb;

@@ -1,0 +1,143 @@
+// "Wiz" operations on programs, components and printers as a script calls them,
+// against real programs and real shared libraries.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <thread>
+#include "DbgFx.h"
+#include "Prt.h"
+#include "SupWizVbs.h"
+#include "TxtGlb.h"
+#include "VbsSup.h"
+
+namespace zw {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+struct WizPgmTest : ::testing::Test {
+  std::shared_ptr<vbs::ScriptControl> sc = std::make_shared<vbs::ScriptControl>();
+  VbsSup h;
+  std::unique_ptr<SupWizVbs> lib = std::make_unique<SupWizVbs>();
+  fs::path dir;
+  int eventos = 0;
+
+  void SetUp() override {
+    char m[] = "/tmp/zw-wizpgm-XXXXXX";
+    dir = mkdtemp(m);
+    h.VbsSupPrp(Var(), sc);
+    int16_t ok = 0;
+    h.RegObPrp(u"N", u"Wiz", lib->Ob(), ok);
+    ASSERT_EQ(ok, 1);
+    EvtPmpDef([this] { ++eventos; });
+    setenv("ZW_CMP_MARCA", (dir / "marca").c_str(), 1);
+  }
+  void TearDown() override {
+    EvtPmpDef(nullptr);
+    unsetenv("ZW_CMP_MARCA");
+    fs::remove_all(dir);
+  }
+  Tx Ev(const Tx& e) {
+    Var r;
+    h.ExeCalcRes(e, r);
+    return TxVar(r);
+  }
+  // A script text literal of a path.
+  static Tx Lit(const fs::path& p) { return u"\"" + TxDeUtf8(p.string()) + u"\""; }
+  // An executable shell script with the given body.
+  fs::path Sh(const std::string& rel, const std::string& corpo) {
+    fs::path f = dir / rel;
+    fs::create_directories(f.parent_path());
+    std::ofstream(f) << "#!/bin/sh\n" << corpo << "\n";
+    chmod(f.c_str(), 0755);
+    return f;
+  }
+  std::string Le(const std::string& rel) {
+    std::ifstream in(dir / rel);
+    std::stringstream s;
+    s << in.rdbuf();
+    return s.str();
+  }
+};
+
+TEST_F(WizPgmTest, ShellWaitsByMode) {
+  fs::path fim = Sh("fim", "exit 3"), tarde = Sh("tarde", "sleep 1.5; echo x > '" + (dir / "feito").string() + "'");
+  Tx falta = Lit(dir / "falta");
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(fim) + u", -1)"), u"1");  // any exit code is a normal end
+  EXPECT_GE(eventos, 2);                                          // events before and after
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + falta + u", -1)"), u"0");
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + falta + u", 5)"), u"0");
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(fim) + u", 5)"), u"1");
+
+  auto t0 = Clock::now();
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(tarde) + u", 1)"), u"0");  // "TO"
+  auto dt = Clock::now() - t0;
+  EXPECT_GE(dt, std::chrono::milliseconds(900));
+  EXPECT_LT(dt, std::chrono::milliseconds(1450));
+  EXPECT_FALSE(fs::exists(dir / "feito"));
+  for (int i = 0; i < 60 && !fs::exists(dir / "feito"); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  EXPECT_TRUE(fs::exists(dir / "feito"));  // the program went on after the time-out
+
+  t0 = Clock::now();
+  EXPECT_EQ(Ev(u"Wiz.FxShell(\"sleep 1\", -2)"), u"1");  // the poll does not wait for it
+  EXPECT_LT(Clock::now() - t0, std::chrono::milliseconds(800));
+}
+
+TEST_F(WizPgmTest, ShellOpensWithModeZeroAndBelowMinusTwo) {
+  fs::path marca = Sh("marca.sh", "echo x > '" + (dir / "aberto").string() + "'");
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(marca) + u", 0)"), u"1");
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(dir / "falta.txt") + u", -3)"), u"0");
+  for (int i = 0; i < 40 && !fs::exists(dir / "aberto"); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  EXPECT_TRUE(fs::exists(dir / "aberto"));
+}
+
+TEST_F(WizPgmTest, ProgramExeCutsAtTheFirstBlank) {
+  fs::path eco = Sh("com espaço/eco", "printf '%s\\n' \"$@\" > '" + (dir / "args").string() + "'");
+  EXPECT_EQ(Ev(u"Wiz.FxPgmExe(\"\")"), u"-1");
+  EXPECT_EQ(Ev(u"Wiz.FxPgmExe(" + Lit(eco) + u")"), u"0");  // unquoted: "…/com" and arguments
+  EXPECT_EQ(Ev(u"Wiz.FxPgmExe(\"\"\"" + TxDeUtf8(eco.string()) + u"\"\" \"\"a b\"\" c\")"), u"1");
+  for (int i = 0; i < 40 && Le("args").empty(); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  EXPECT_EQ(Le("args"), "a b\nc\n");
+  fs::path so = Sh("so", "echo x > '" + (dir / "so").string() + "'");
+  EXPECT_EQ(Ev(u"Wiz.FxPgmExe(" + Lit(so) + u")"), u"1");  // a lone program opens by running
+}
+
+TEST_F(WizPgmTest, ProgramFolderParts) {
+  Tx p = Ev(u"Wiz.FxPgm(\"\")"), dir = Ev(u"Wiz.FxPgm(\" dir \")"), nom = Ev(u"Wiz.FxPgm(\"Nom\")");
+  EXPECT_EQ(nom, u"tests");  // the folder the test program lies in
+  EXPECT_EQ(dir + u"\\" + nom, p);
+  Tx drv = Ev(u"Wiz.FxPgm(\"DRV\")");
+  EXPECT_FALSE(drv.empty());
+  EXPECT_EQ(p.rfind(drv, 0), 0u);
+}
+
+TEST_F(WizPgmTest, ComponentModesKeepTheirMapping) {
+  for (const char* n : {"b.dll", "a.ocx"}) fs::copy_file(fs::path(ZW_CMP_DIR) / "cmp_marca.so", dir / n);
+  Tx b = Lit(dir / "b.dll"), d = Lit(dir);
+  EXPECT_EQ(Ev(u"Wiz.FxCmpRegFic(\"r\", " + b + u")"), u"0");  // "R" does nothing for one file
+  EXPECT_EQ(Le("marca"), "");
+  EXPECT_EQ(Ev(u"Wiz.FxCmpRegFic(\"E\", " + b + u")"), u"1");
+  EXPECT_EQ(Ev(u"Wiz.FxCmpRegFic(\"I\", " + b + u")"), u"-1");
+  EXPECT_EQ(Le("marca"), "R b.dll\n");
+  EXPECT_EQ(Ev(u"Wiz.FxCmpRegDir(\"R\", " + d + u", \"\")"), u"1");
+  EXPECT_EQ(Ev(u"Wiz.FxCmpRegDir(\" e \", " + d + u", \"ocx\")"), u"1");
+  EXPECT_EQ(Ev(u"Wiz.FxCmpRegDir(\"X\", " + d + u", \"\")"), u"-1");
+  EXPECT_EQ(Le("marca"), "R b.dll\nR b.dll\nI b.dll\nR a.ocx\nI a.ocx\nR a.ocx\n");
+}
+
+TEST_F(WizPgmTest, PrinterWithoutASchedulerFails) {
+  PrtSrvDef(TxDeUtf8((dir / "nenhum.sock").string()));
+  EXPECT_EQ(Ev(u"Wiz.FxPrtPdfIns(\"PDF\", " + Lit(dir / "pdf/a.pdf") + u", \"Generic PDF Printer\")"), u"PR_VT_KO");
+  PrtSrvDef(u"");
+  EXPECT_TRUE(fs::exists(dir / "pdf/a.pdf"));  // the port is made all the same
+}
+
+}  // namespace
+}  // namespace zw
