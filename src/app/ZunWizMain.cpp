@@ -8,7 +8,7 @@
 #include "FicGlb.h"
 #include "GlbMsg.h"
 #include "MsgDlgQt.h"
-#include "PrcExe.h"
+#include "Pgm.h"
 #include "ShfPrgQt.h"
 #include "TxtGlb.h"
 #include "ZunWizAsp.h"
@@ -165,13 +165,12 @@ void CmpInsVer(int16_t& resp) {
 }
 
 // Runs the component installer beside the executable ("InsCmp.exe", found as
-// "InsCmp" on Linux) and waits without limit for its end; window events run
-// before and after. Status 1 when it ran to its end, 0 when it could not start.
+// "InsCmp" on Linux) as a script's FxShell with mode -1 does: window events, the
+// start and a wait without limit, window events. Status 1 when it ran to its end.
 void CmpInsExe(int16_t& st) {
   Tx pgm = DirExe + u"\\" + u"InsCmp.exe";
   EvtPmp();
-  int pid = 0, cod = 0;
-  st = PrcLan(pgm, {}, pid) == 0 && PrcEsp(pid, -1, cod) == u"NOR" ? 1 : 0;
+  st = PgmLanEsp(u"B", u"\"" + pgm + u"\"", 1) == u"NOR" ? 1 : 0;
   EvtPmp();
 }
 
