@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include "SupWiz.h"
+#include "CtlFab.h"
 #include "TxQt.h"
 #include "ZunWizArt.h"
 #include "ZunWizCtl.h"
@@ -47,7 +48,7 @@ ZunWizAsp::ZunWizAsp() {
   }
   // A button at its design place (twips) that hands its click to the engine.
   auto botao = [this](const char* nome, const char* cap, int left, void (SupWiz::*tra)()) {
-    QPushButton* b = CtlBtnCri(this, QString::fromUtf8(cap));
+    auto* b = new QPushButton(QString::fromUtf8(cap), this);
     b->setObjectName(QString::fromLatin1(nome));
     b->setAutoDefault(false);
     b->setGeometry(TwpPx(left), TwpPx(5490, 'Y'), TwpPx(1275), TwpPx(360, 'Y'));
@@ -60,6 +61,7 @@ ZunWizAsp::ZunWizAsp() {
   cmSeg = botao("cmSeg", "Seguinte >", 4050, &SupWiz::TraSeg);
   cmCnf = botao("cmCnf", "Confirmar", 5490, &SupWiz::TraCnf);
   cmCan = botao("cmCan", "Cancelar", 6930, &SupWiz::TraCan);
+  for (QPushButton* b : {cmAnt, cmSeg, cmCnf, cmCan}) mBtn.push_back(BtnCri(b));
 }
 
 ZunWizAsp::~ZunWizAsp() = default;
@@ -101,12 +103,9 @@ void ZunWizAsp::Height(double twp) { resize(width(), TwpPx(twp, 'Y')); }
 double ZunWizAsp::TwpPix(char eixo) const { return zw::TwpPix(eixo); }
 
 CtlObj* ZunWizAsp::Btn(TxV nome) {
-  QPushButton* b = nome == TxV(u"cmAnt")   ? cmAnt
-                   : nome == TxV(u"cmSeg") ? cmSeg
-                   : nome == TxV(u"cmCnf") ? cmCnf
-                   : nome == TxV(u"cmCan") ? cmCan
-                                           : nullptr;
-  return b ? CtlDe(b) : nullptr;
+  for (auto& b : mBtn)
+    if (TxQs(b->Btn()->objectName()) == nome) return b.get();
+  return nullptr;
 }
 
 QWidget* ZunWizAsp::CtlWid(CtlArr arr, int i) const {

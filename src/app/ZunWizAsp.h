@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <functional>
 #include <map>
+#include <memory>
+#include <vector>
 #include "WizFrm.h"
 
 class QLabel;
@@ -12,6 +14,7 @@ class QPushButton;
 
 namespace zw {
 
+class CtlBtn;
 class ZunWizAsp;
 
 // What a run without a person hooks into the wizard window; all empty in the
@@ -71,6 +74,7 @@ class ZunWizAsp : public QDialog, public WizFrm {
   void FormUnload();
   SupWiz* mSup = nullptr;
   std::map<int, QWidget*> mArr[4];
+  std::vector<std::unique_ptr<CtlBtn>> mBtn;  // the buttons as controls
   QLabel* mImg = nullptr;  // the window's picture, behind every control
 };
 

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <string>
 #include "MsgDlg.h"
+#include "CtlQt.h"
 #include "MsgDlgQt.h"
 #include "SupWiz.h"
 #include "TxQt.h"
@@ -276,19 +277,19 @@ struct Run final : MsgDlg {
         case CtlArr::Lab: tx = TxVar(c->PrpCon(u"Caption")); break;
         case CtlArr::Ckb:
           tx = TxVar(c->PrpCon(u"Caption"));
-          val = Var(int32_t(CtlNum(c->PrpCon(u"Value"))));
+          val = Var(int32_t(PrpNum(c->PrpCon(u"Value"))));
           break;
         case CtlArr::Rtf: tx = TxVar(c->PrpCon(u"Text")).substr(0, 60); break;
         case CtlArr::Opc: {
           std::vector<Var> n{Var()};
           c->Exe(u"OpcNum", n);
-          for (int k = 1; k <= int(CtlNum(n[0])); k++) {
+          for (int k = 1; k <= int(PrpNum(n[0])); k++) {
             std::vector<Var> o{Var(int16_t(k)), Var(Tx()), Var(Tx())};
             c->Exe(u"ConOpc", o);
             if (k > 1) tx += u"|";
             tx += TxVar(o[1]);
           }
-          val = Var(int32_t(CtlNum(c->PrpCon(u"opcUsa"))));
+          val = Var(int32_t(PrpNum(c->PrpCon(u"opcUsa"))));
           break;
         }
       }
@@ -322,7 +323,7 @@ struct Run final : MsgDlg {
       case RunRsp::K::Input:
         Desajuste(u"no box is open", rsp.lin);
       case RunRsp::K::Btn: {
-        auto* b = dynamic_cast<QPushButton*>(dynamic_cast<QWidget*>(a.Btn(rsp.nome)));
+        QPushButton* b = a.findChild<QPushButton*>(QsTx(rsp.nome), Qt::FindDirectChildrenOnly);
         if (b->isHidden()) Desajuste(rsp.nome + u" is hidden", rsp.lin);
         if (!b->isEnabledTo(&a)) Desajuste(rsp.nome + u" is disabled", rsp.lin);
         b->click();
@@ -338,11 +339,13 @@ struct Run final : MsgDlg {
         CtlObj* c = i > 0 ? a.Ctl(arr, i) : nullptr;
         const char16_t* tipo = arr == CtlArr::Ckb ? u"check box" : u"option group";
         if (!c) Desajuste(u"no " + Tx(tipo) + u" component named " + rsp.nome, rsp.lin);
-        try {
-          c->PrpAtr(arr == CtlArr::Ckb ? u"Value" : u"opcUsa", Var(int16_t(rsp.num)));
-        } catch (const CtlErr&) {
-          Desajuste(rsp.nome + u" has no option " + TxDeUtf8(std::to_string(rsp.num)), rsp.lin);
+        if (arr == CtlArr::Opc) {
+          std::vector<Var> n{Var()};
+          c->Exe(u"OpcNum", n);
+          if (rsp.num < 1 || rsp.num > PrpNum(n[0]))
+            Desajuste(rsp.nome + u" has no option " + TxDeUtf8(std::to_string(rsp.num)), rsp.lin);
         }
+        c->PrpAtr(arr == CtlArr::Ckb ? u"Value" : u"opcUsa", Var(int16_t(rsp.num)));
         break;
       }
     }
