@@ -7,7 +7,7 @@ bash scripts/deps.sh
 build=${BUILD_DIR:-build}
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo
 cmake --build "$build" -j"$(nproc)" --target zunwiz
-demo=${1:-examples/demo/ZunWiz.par}
+demo=$(realpath "${1:-examples/demo/ZunWiz.par}")
 if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
   exec xvfb-run -a -s "-screen 0 1280x800x24" "$build/src/app/zunwiz" -FP "$demo"
 fi

@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Takes the screenshots in docs/images: the background window (background.png) and
-# the box that a missing option file brings up over it (missing-file.png). Runs the
-# program on a virtual X server; installs the X tools it needs. Not part of CI.
+# the box that a missing option file brings up over it (missing-file.png), on a
+# virtual X server (the X tools it needs are installed); then each page of the demo
+# wizard (demo-NN-IDE.png), through zunwiz-run --shots driven by the demo's
+# answers. Not part of CI.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 need=()
@@ -16,7 +18,7 @@ if [ ${#need[@]} -gt 0 ]; then
 fi
 build=${BUILD_DIR:-build}
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build "$build" -j"$(nproc)" --target zunwiz
+cmake --build "$build" -j"$(nproc)" --target zunwiz zunwiz-run
 out=docs/images
 mkdir -p "$out"
 
@@ -57,3 +59,19 @@ xdotool windowminimize "$box"
 sleep 1
 import -window root "$out/background.png"
 echo "wrote $out/background.png and $out/missing-file.png"
+
+# The demo's pages, off screen, as zunwiz-run enters them with the demo's answers.
+demo=examples/demo
+shots=$(mktemp -d)
+ans=/dev/null
+[ -f "$demo/ZunWiz.ans" ] && ans=$demo/ZunWiz.ans
+"$build/tools/zunwiz-run/zunwiz-run" --answers "$ans" --trace /dev/null --shots "$shots" \
+  -FP "$PWD/$demo/ZunWiz.par" || true
+rm -f "$out"/demo-*.png
+for f in "$shots"/*.png; do
+  [ -e "$f" ] || continue
+  case "$f" in *-box.png) continue ;; esac
+  cp "$f" "$out/demo-$(basename "$f")"
+done
+rm -rf "$shots"
+echo "wrote $(ls "$out"/demo-*.png 2>/dev/null | wc -l) demo pages into $out"
