@@ -29,8 +29,9 @@ constexpr size_t kParte = size_t(16) << 20;
 
 // The bytes of fi to fo: copy_file_range (which lets the file system share or
 // clone blocks), then sendfile, then read and write, each tried when the one
-// before it cannot serve this pair of files.
-int CopDad(int fi, int fo, const std::string& d, const Avanco& av) {
+// before it cannot serve this pair of files. A file is read to its end, or to the
+// size it had when it was opened (no call is spent to find the end of a small file).
+int CopDad(int fi, int fo, int64_t tam, const std::string& d, const Avanco& av) {
   int modo = 0;
   int64_t feito = 0;
   static thread_local char buf[1 << 17];
@@ -66,6 +67,7 @@ int CopDad(int fi, int fo, const std::string& d, const Avanco& av) {
     if (n == 0) return 0;
     feito += n;
     if (av && !av(feito)) return -1;
+    if (tam > 0 && feito >= tam) return 0;
   }
 }
 
@@ -112,7 +114,7 @@ int CopFicFd(int fi, const struct stat& st, const std::string& d, const Avanco& 
   std::string tmp = NomTmp(d);
   int fo = open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
   if (fo < 0) return FicErrNat(errno, tmp);
-  int r = CopDad(fi, fo, d, av);
+  int r = CopDad(fi, fo, st.st_size, d, av);
   if (r == 0) Marca(fo, st);
   if (close(fo) != 0 && r == 0) r = FicErrNat(errno, d);
   if (r == 0 && rename(tmp.c_str(), d.c_str()) != 0) r = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
