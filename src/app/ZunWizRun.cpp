@@ -12,6 +12,7 @@
 #include "MsgDlg.h"
 #include "CtlQt.h"
 #include "MsgDlgQt.h"
+#include "SupShfPrg.h"
 #include "SupWiz.h"
 #include "TxQt.h"
 #include "TxtGlb.h"
@@ -375,6 +376,9 @@ void ZunWizRunIni(const RunOpc& opc) {
   gRun = &run;
   if (!opc.fotos.empty()) QDir().mkpath(QsTx(opc.fotos));
   MsgDlgDef(&run);
+  // Copies, moves and deletes write their progress to the trace.
+  static ShfPrgLin prg([](const Tx& l) { gRun->Trc(l); });
+  ShfPrgDef(&prg);
   AspGan& g = AspGanAct();
   g.PagEnt = [](ZunWizAsp& a, int idx, const Tx& ide) { gRun->PagEnt(a, idx, ide); };
   g.Mostra = [](ZunWizAsp& a) {
