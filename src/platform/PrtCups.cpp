@@ -13,6 +13,8 @@ namespace zw {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 long gErr = 0;  // the status of the last scheduler request
 
 // A call never asks anyone for a password: a user the scheduler does not let add
@@ -81,7 +83,9 @@ Tx PorFrm(const Tx& nome) {
   if (n.find(u"://") == Tx::npos && n.find_first_of(u"/\\") != Tx::npos) {
     int e = 0;
     std::string nat = FicNat(n, &e);
-    if (!e) return FicDeNat(std::filesystem::absolute(nat).lexically_normal().string());
+    std::error_code ec;
+    fs::path abs = fs::absolute(nat, ec);
+    if (!e && !ec) return FicDeNat(abs.lexically_normal().string());
   }
   return n;
 }
@@ -191,8 +195,10 @@ void PrtAdi(const Tx& nome, const Tx& drv, const Tx& por, long atr, int& ok) {
   if (mod.empty()) return;
   char uri[HTTP_MAX_URI], dev[HTTP_MAX_URI];
   httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", 0, "/printers/%s", fila.c_str());
-  httpAssembleURI(HTTP_URI_CODING_ALL, dev, sizeof dev, "file", nullptr, "", 0,
-                  std::filesystem::absolute(nat).lexically_normal().c_str());
+  std::error_code ec;
+  fs::path abs = fs::absolute(nat, ec);
+  if (ec) return;
+  httpAssembleURI(HTTP_URI_CODING_ALL, dev, sizeof dev, "file", nullptr, "", 0, abs.lexically_normal().c_str());
   ipp_t* req = ippNewRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER);
   ippAddString(req, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
   ippAddString(req, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
