@@ -57,8 +57,8 @@ class PrtCupsTest : public ::testing::Test {
   static inline std::string falha_;
 
   static void SetUpTestSuite() {
-    if (access("/usr/sbin/cupsd", X_OK) != 0) {
-      falha_ = "cupsd is not installed";
+    if (access("/usr/sbin/cupsd", X_OK) != 0 || access("/usr/bin/lpstat", X_OK) != 0) {
+      falha_ = "cupsd or lpstat is not installed (Debian packages cups, cups-client)";
       return;
     }
     char modelo[] = "/tmp/zw-cups-XXXXXX";
