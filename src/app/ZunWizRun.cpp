@@ -315,7 +315,7 @@ struct Run final : MsgDlg {
     if (!asp || !asp->isVisible()) return;
     Prompt("click");
     const RunRsp* r = Prox();
-    if (!r) Desajuste(u"the answers ran out while the wizard is open", fon->Lin());
+    if (!r) Desajuste(u"the answers ran out while the wizard is open", fon->Lin() + 1);
     RunRsp rsp = *r;
     fon->Toma();
     ZunWizAsp& a = *asp;
