@@ -17,6 +17,7 @@
 // and a, b are references "NAME:POINT" to a line mark's X1, Y1, X2, Y2 ("X" and
 // "Y" stand for the first end), read as the mark stands now.
 #include "SupFrm.h"
+#include "DbgFx.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -63,14 +64,27 @@ bool Faixa(const Tx& k, TxV de) {
 
 }  // namespace
 
+SupFrm::SupFrm(FrmAmb& amb) : amb_(amb) {
+  DbgObjIni(trcNom_, trcSit_);
+  FxIni();
+}
+
+SupFrm::~SupFrm() {
+  FxFim();
+  DbgObjFim(trcNom_, trcSit_);
+}
+
 void SupFrm::FxIni() {
+  DbgFxIni(trcNom_, trcSit_);
   ctl_.assign(1, RegCtl{});
   mpo_.assign(1, RegMpo{});
   limW_ = limH_ = 0;
 }
 
 void SupFrm::FxFim() {
-  FxIni();
+  DbgFxFim(trcNom_, trcSit_);
+  ctl_.assign(1, RegCtl{});
+  mpo_.assign(1, RegMpo{});
   frm_ = par_ = nullptr;
 }
 

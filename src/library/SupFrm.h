@@ -52,7 +52,10 @@ class SupFrm {
     Tx chv2;
   };
 
-  explicit SupFrm(FrmAmb& amb) : amb_(amb) { FxIni(); }
+  explicit SupFrm(FrmAmb& amb);
+  ~SupFrm();
+  SupFrm(const SupFrm&) = delete;
+  SupFrm& operator=(const SupFrm&) = delete;
 
   void FxIni();  // empties the records
   void FxFim();  // lets go of the form, its parent and all records
@@ -103,6 +106,8 @@ class SupFrm {
   void MpoAjtUm(RegMpo& r);
   double Pos(TxV exp);
 
+  Tx trcNom_ = u"SupFrm";  // the class's name and instance stamp for its life hooks
+  Tx trcSit_;
   FrmAmb& amb_;
   CtlObj* frm_ = nullptr;
   CtlObj* par_ = nullptr;
