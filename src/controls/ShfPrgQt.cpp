@@ -27,11 +27,16 @@ void ShfPrgQt::Ini(const Tx& titulo, int op, int64_t itens, int64_t bytes) {
   dlg_->setAutoReset(false);
   dlg_->setMinimumDuration(500);
   dlg_->setValue(0);
+  relogio_.invalidate();
 }
 
+// The window is brought up to date at most every 40 ms, so that a tree of many small
+// files is not slowed down by drawing.
 bool ShfPrgQt::Passo(const Tx& orig, const Tx& dest, int64_t itens, int64_t bytes) {
   if (!dlg_) return true;
   if (dlg_->wasCanceled()) return false;
+  if (relogio_.isValid() && relogio_.elapsed() < 40) return true;
+  relogio_.start();
   dlg_->setLabelText(QsTx(dest.empty() ? orig : orig + u"\n" + dest));
   int64_t v = totBytes_ > 0 ? bytes : itens;
   dlg_->setValue(int(std::min(v, totBytes_ > 0 ? totBytes_ : totItens_) >> escala_));

@@ -3,6 +3,7 @@
 // entry in hand, and a Cancel button; Cancel makes the run stop and answer 0.
 // Installed by the zunwiz program at start with zw::ShfPrgDef.
 #pragma once
+#include <QElapsedTimer>
 #include <memory>
 #include "SupShfPrg.h"
 
@@ -23,7 +24,8 @@ class ShfPrgQt : public ShfPrg {
  private:
   std::unique_ptr<QProgressDialog> dlg_;
   int64_t totItens_ = 0, totBytes_ = 0;
-  int escala_ = 0;  // bits the counts are shifted right by to fit the dialog's int range
+  int escala_ = 0;
+  QElapsedTimer relogio_;  // since the window was last brought up to date  // bits the counts are shifted right by to fit the dialog's int range
 };
 
 }  // namespace zw
