@@ -39,8 +39,10 @@ void SupWiz::FxFim() {
 }
 
 // Keeps the window of this attempt and starts the script host on it, with "Wiz".
+// The option group of an earlier attempt went with its window.
 void SupWiz::RegFrm(const Var& frm) {
   mFrm = frm;
+  mOpcAct = nullptr;
   VbsPrp();
 }
 

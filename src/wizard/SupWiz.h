@@ -150,7 +150,7 @@ class SupWiz : public WizEng {
   double TwpPix(char eixo) const;
 
   // Script host (WizVbs.cpp).
-  VbsSup& Vbs();
+  VbsSup& VbsCri();  // the host, made on first use
   void VbsPrp();
   void VbsFim();
   void VbsObReg(const Tx& nome, const Var& ob);

@@ -1,10 +1,245 @@
-// SupWiz: components - their records, their derived fields and their controls.
+// SupWiz: components. A "CMP" group is kept as its texts while the file is read;
+// once the whole file is in, PagCmpPrp calculates their places and sizes in the
+// script engine and creates every control, invisible. A component's index is its
+// place in the file over all pages and the index of its control in the window's
+// array of its kind, so the arrays have gaps.
+#include <cmath>
+#include <stdexcept>
 #include "SupWiz.h"
+#include "TdaOpc.h"
+#include "TxtGlb.h"
+#include "VbsSup.h"
+#include "WizTnt.h"
 
 namespace zw {
 
-void SupWiz::CmpOpcPrp() {}
-void SupWiz::PagCmpPrp() {}
-void SupWiz::CmpVer(int16_t) {}
+namespace {
+
+// A key of the current group as text ("" when absent).
+Tx MemTx(TdaOpc& tda, const Tx& chv) {
+  Var v{Tx()};
+  int16_t exi = 0;
+  Tx tpp;
+  tda.MemCon(chv, v, exi, tpp);
+  return TxVar(v);
+}
+
+void Poe(CtlObj& c, TxV prp, const Var& v) { c.PrpAtr(prp, v); }
+void Poe(CtlObj& c, TxV prp, int32_t n) { c.PrpAtr(prp, Var(n)); }
+void PoeB(CtlObj& c, TxV prp, bool b) { c.PrpAtr(prp, Var(b)); }
+
+}  // namespace
+
+// Stores the current "CMP" group: eleven keys in their order, the text after a
+// bracket substitution, and the component joins the last page.
+void SupWiz::CmpOpcPrp() {
+  mCmpW = tCmp();
+  TdaOpc& t = *mTda;
+  mCmpW.Tip = MemTx(t, u"Tip");
+  mCmpW.Ide = MemTx(t, u"Ide");
+  mCmpW.Pos = MemTx(t, u"Pos");
+  mCmpW.Dim = MemTx(t, u"Dim");
+  mCmpW.Fun = MemTx(t, u"Fun");
+  mCmpW.Cor = MemTx(t, u"Cor");
+  mCmpW.Fon = MemTx(t, u"Fon");
+  mCmpW.Aln = MemTx(t, u"Aln");
+  TxOpcSbr(MemTx(t, u"Txt"), mCmpW.Txt);
+  mCmpW.Adi = MemTx(t, u"Adi");
+  mCmpW.Sit = MemTx(t, u"Sit");
+  int16_t idx = 0;
+  CmpAdd(idx);
+}
+
+// Appends the work record and widens the last page's range of components.
+void SupWiz::CmpAdd(int16_t& idx) {
+  if (mCmpNum == INT16_MAX) throw std::overflow_error("Overflow");
+  mCmpNum++;
+  mCmp.resize(size_t(mCmpNum) + 1);
+  mCmp[size_t(mCmpNum)] = mCmpW;
+  idx = mCmpNum;
+  tPag& p = mPag[size_t(mPagNum)];
+  if (p.CmpNum == 0) p.CmpFim = p.CmpIni;
+  else p.CmpFim++;
+  p.CmpNum++;
+}
+
+// A text that is only "[word]", or begins with it, becomes the option of that word
+// when it has a value; what stood right of the brackets is then lost.
+void SupWiz::TxOpcSbr(const Tx& tx, Tx& res) {
+  Tx esq, pal, dir;
+  int len = 0;
+  TxBrkCon(tx, esq, pal, dir, len, u"[]");
+  res = tx;
+  if (len == 0 || pal.empty() || !esq.empty()) return;
+  Tx v;
+  OpcConSup(pal, v);
+  if (!v.empty()) res = v;
+}
+
+// An option of the file or the command line, by its key.
+void SupWiz::OpcConSup(const Tx& chv, Tx& val) {
+  Var v{Tx()};
+  if (mTda) mTda->OpcCon(chv, v);
+  val = TxVar(v);
+}
+
+// Calculates every component's place, size, colours, font and alignment, and
+// creates its control.
+void SupWiz::PagCmpPrp() {
+  for (int i = 1; i <= mCmpNum; i++) {
+    tCmp& c = mCmp[size_t(i)];
+    Tx px, py, dx, dy;
+    int ach = 0;
+    TxDiv2(c.Pos, u",", px, py, ach);
+    TxDiv2(c.Dim, u",", dx, dy, ach);
+    Var r[4] = {Var(Tx()), Var(Tx()), Var(Tx()), Var(Tx())};
+    const Tx* e[4] = {&px, &py, &dx, &dy};
+    int16_t ok = 0;
+    for (int k = 0; k < 4; k++) VbsCri().ExeCalc(*e[k], r[k], ok);
+    WizPosCnv(TxVar(r[0]) + u", " + TxVar(r[1]), c.PosX, c.PosY);
+    WizDimCnv(TxVar(r[2]) + u", " + TxVar(r[3]), c.DimX, c.DimY);
+    WizCorCnv(c.Cor, c.CorFg);
+    WizCorCnv(c.Fun, c.CorBg);
+    WizFonCnv(c.Fon, c.FonNom, c.FonTam, c.FonEst);
+    WizAlnCnv(c.Aln, c.AlnVal);
+    c.TxtAct = c.Txt;
+    CmpVer(int16_t(i));
+  }
+}
+
+// A colour text to a colour number; -1 for no colour (a plain number that is not
+// one of the 16 palette colours, or a negative one).
+void SupWiz::WizCorCnv(const Tx& tx, int32_t& cor) {
+  long c = 0;
+  Tx tip;
+  CorTxCnv(tx, c, tip);
+  cor = (tip == u"NC" || c < 0) ? -1 : int32_t(c);
+}
+
+// "name, size, style": size -1 unless it is a number; the style in capitals.
+void SupWiz::WizFonCnv(const Tx& tx, Tx& nom, int16_t& tam, Tx& est) {
+  Tx a, b, t, rst;
+  int ach = 0;
+  TxDiv2(tx, u",", a, rst, ach);
+  TxDiv2(rst, u",", b, t, ach);
+  nom = TxTrim(a);
+  double d = 0;
+  tam = -1;
+  if (NuEhNum(b, &d)) {
+    d = std::nearbyint(d);
+    if (!(d >= INT16_MIN && d <= INT16_MAX)) throw std::overflow_error("Overflow");
+    tam = int16_t(d);
+  }
+  est = TxMai(TxTrim(t));
+}
+
+// An alignment word to 0 left, 1 right, 2 centre.
+void SupWiz::WizAlnCnv(const Tx& tx, int16_t& val) {
+  Tx t = TxMai(TxTrim(tx));
+  if (t == u"CENTRO" || t == u"|" || t == u"-") val = 2;
+  else if (t == u"DIREITA" || t == u">") val = 1;
+  else val = 0;
+}
+
+// The font of a component: all of it hangs on a name.
+static void CmpVerFon(CtlObj& c, const tCmp& r) {
+  if (r.FonNom.empty()) return;
+  Poe(c, u"FontName", Var(r.FonNom));
+  if (r.FonTam > 0) Poe(c, u"FontSize", Var(r.FonTam));
+  if (r.FonEst.find(u"BOLD") != Tx::npos) PoeB(c, u"FontBold", true);
+  if (r.FonEst.find(u"ITALIC") != Tx::npos) PoeB(c, u"FontItalic", true);
+}
+
+// Creates the control of component i by its kind and gives it the record's
+// properties, in the order the controls expect them (a label's width before its
+// word wrap and auto size, its height after its caption). It stays invisible.
+void SupWiz::CmpVer(int16_t i) {
+  const tCmp& r = mCmp[size_t(i)];
+  WizFrm* f = Frm();
+  if (!f) throw std::runtime_error("the wizard has no window");
+  auto cria = [&](CtlArr arr) -> CtlObj& {
+    CtlObj* c = f->UBound(arr) < i ? f->Load(arr, i) : f->Ctl(arr, i);
+    if (!c) throw CtlErr(340, "control array element does not exist");
+    return *c;
+  };
+  const Tx& tip = r.Tip;
+  if (tip == u"LAB") {
+    CtlObj& c = cria(CtlArr::Lab);
+    if (r.DimX > 0) {
+      PoeB(c, u"AutoSize", false);
+      Poe(c, u"Width", r.DimX);
+      PoeB(c, u"WordWrap", true);
+    }
+    PoeB(c, u"AutoSize", true);
+    CmpVerFon(c, r);
+    Poe(c, u"Alignment", Var(r.AlnVal));
+    Poe(c, u"Caption", Var(r.TxtAct));
+    Poe(c, u"Left", r.PosX);
+    Poe(c, u"Top", r.PosY);
+    if (r.DimY > 0) {
+      PoeB(c, u"AutoSize", false);
+      Poe(c, u"Height", r.DimY);
+    }
+    if (r.CorBg == -1) Poe(c, u"BackStyle", int32_t(0));
+    else Poe(c, u"BackColor", r.CorBg);
+    Poe(c, u"ForeColor", r.CorFg);
+    PoeB(c, u"Visible", false);
+  } else if (tip == u"CKB") {
+    CtlObj& c = cria(CtlArr::Ckb);
+    if (r.DimX > 0) Poe(c, u"Width", r.DimX);
+    CmpVerFon(c, r);
+    Poe(c, u"Caption", Var(r.TxtAct));
+    Poe(c, u"Left", r.PosX);
+    Poe(c, u"Top", r.PosY);
+    if (r.DimY > 0) Poe(c, u"Height", r.DimY);
+    if (r.CorBg == -1) Poe(c, u"BackStyle", int32_t(1));
+    else Poe(c, u"BackColor", r.CorBg);
+    Poe(c, u"ForeColor", r.CorFg);
+    PoeB(c, u"Visible", false);
+  } else if (tip == u"RTF") {
+    CtlObj& c = cria(CtlArr::Rtf);
+    if (r.DimX > 0) Poe(c, u"Width", r.DimX);
+    CmpVerFon(c, r);
+    const Tx& t = r.TxtAct;
+    if (t.size() >= 2 && t.front() == u'[' && t.back() == u']') RtfFicLer(c, WizDirExp(t.substr(1, t.size() - 2)));
+    else Poe(c, u"Text", Var(t));
+    Poe(c, u"Left", r.PosX);
+    Poe(c, u"Top", r.PosY);
+    if (r.DimY > 0) Poe(c, u"Height", r.DimY);
+    if (r.CorBg == -1) Poe(c, u"BackStyle", int32_t(0));
+    else Poe(c, u"BackColor", r.CorBg);
+    PoeB(c, u"Visible", false);
+  } else if (tip == u"OPC") {
+    CtlObj* c = f->Load(CtlArr::Opc, i);
+    if (!c) throw CtlErr(340, "control array element does not exist");
+    CmpPos(*c, r.PosX, r.PosY);
+    CmpDim(*c, r.DimX, r.DimY);
+    CmpCor(*c, Var(r.CorBg), Var(r.CorFg));
+    PoeB(*c, u"BorderVisible", false);
+    std::vector<Var> a{Var(Tx(u"N"))};
+    c->Exe(u"CorTip", a);
+    a.clear();
+    c->Exe(u"RegIni", a);
+    PoeB(*c, u"Visible", false);
+    mOpcAct = c;
+  } else if (tip == u"OPCTXT") {
+    if (!mOpcAct) throw CtlErr(91, "Object variable not set");
+    std::vector<Var> a{Var(r.Txt), Var(r.Adi)};
+    mOpcAct->Exe(u"RegOpc", a);
+    a = {Var(int32_t(300)), Var(int32_t(0)), Var(int32_t(0)), Var(Tx(u"+30"))};
+    mOpcAct->Exe(u"RegAsp", a);
+    a = {Var(int32_t(0)), Var(int32_t(0)), Var(int32_t(1))};
+    mOpcAct->Exe(u"AjtPosY", a);
+  }
+}
+
+// Loads a rich-text file into a box; a file that can't be read leaves it empty.
+void SupWiz::RtfFicLer(CtlObj& ctl, const Tx& fic) {
+  WizTnt([&] { ctl.PrpAtr(u"Text", Var(Tx())); });
+  WizTnt([&] {
+    std::vector<Var> a{Var(fic)};
+    ctl.Exe(u"LoadFile", a);
+  });
+}
 
 }  // namespace zw

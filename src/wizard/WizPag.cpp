@@ -1,21 +1,135 @@
-// SupWiz: pages - entering and leaving, the window's picture and buttons.
+// SupWiz: pages. All components of all pages live on the one window from the
+// start; entering a page shows its components and gives the four buttons their
+// captions, places and states, leaving it hides them.
+#include <stdexcept>
+#include "GlbMsg.h"
 #include "SupWiz.h"
+#include "TdaOpc.h"
+#include "TxtGlb.h"
+#include "WizTnt.h"
 
 namespace zw {
 
-void SupWiz::PagOpcPrp() {}
-void SupWiz::PagPrp(int16_t&) {}
-// Enters a page; one that does not exist ends the process at once.
+// Appends a page from the current "PAG" group, with five empty transitions; its
+// components are the "CMP" groups that follow it.
+void SupWiz::PagOpcPrp() {
+  mPagW = tPag();
+  auto mem = [this](const Tx& chv) {
+    Var v{Tx()};
+    int16_t exi = 0;
+    Tx tpp;
+    mTda->MemCon(chv, v, exi, tpp);
+    return TxVar(v);
+  };
+  mPagW.Ide = mem(u"IDE");
+  mPagW.Des = mem(u"DES");
+  mPagW.Img = mem(u"Img");
+  mPagW.FxPagEnt = mem(u"FxPagEnt");
+  mPagW.FxPagSai = mem(u"FxPagSai");
+  mPagW.CmpFim = 0;
+  mPagW.CmpNum = 0;
+  mPagW.CmpIni = int16_t(mCmpNum + 1);
+  int16_t idx = 0;
+  PagAdd(idx);
+}
+
+// The page's picture (a page without one keeps the window's) and its four buttons:
+// a slot without a transition hides its button; the others get caption, situation
+// ("VER" when the page gives none, which leaves the enabled state alone) and place.
+void SupWiz::PagPrp(int16_t& pag) {
+  tPag& p = mPag[size_t(pag)];
+  if (!p.Img.empty()) ImgFun(p.Img);
+  for (int slot = 1; slot <= 4; slot++) {
+    const tTra& t = p.Tra[slot];
+    CtlObj* b = Btn(slot);
+    if (t.Ide.empty()) {
+      CmpSit(b, u"INV");
+      continue;
+    }
+    if (b) b->PrpAtr(u"Caption", Var(t.Des));
+    CmpSit(b, t.Sit.empty() ? Tx(u"VER") : t.Sit);
+    if (b) CmpPos(*b, t.PosX, t.PosY);
+  }
+}
+
+// Enters a page: records the visit, runs its "FxPagEnt", sets picture and buttons,
+// then gives each component the situation of its record, which overrides what the
+// script set. A page that does not exist ends the process at once and silently.
+// A failure leaves the page as far as it got.
 void SupWiz::PagVer(int16_t& pag) {
   if (pag < 1 || pag > mPagNum) {
     if (WizFrm* f = Frm()) f->End();
-    return;
+    throw std::runtime_error("page out of range with no window to end");
   }
+  WizTnt([&] {
+    PagLstSeg(pag);
+    tPag& p = mPag[size_t(pag)];
+    if (!p.FxPagEnt.empty()) {
+      Lst l{Var(p.FxPagEnt)};
+      Var r;
+      VbsExe(l, r);
+    }
+    PagPrp(pag);
+    for (int i = mPag[size_t(pag)].CmpIni; i <= mPag[size_t(pag)].CmpFim; i++) {
+      const Tx& sit = mCmp[size_t(i)].Sit;
+      CmpSit(Var(mCmp[size_t(i)].Ide), sit.empty() ? Tx(u"VER") : sit);
+    }
+  });
+  if (WizFrm* f = Frm()) f->PagEnt(pag, pag >= 1 && pag <= mPagNum ? mPag[size_t(pag)].Ide : Tx());
 }
-void SupWiz::PagEsc(int16_t&) {}
-void SupWiz::MnuIco(const Tx&) {}
-void SupWiz::ImgFun(const Tx&) {}
-void SupWiz::PagAdd(int16_t& idx) { idx = 0; }
-void SupWiz::PagIdx(const Tx&, int16_t& idx) const { idx = -1; }
+
+// Leaves a page: its "FxPagSai" (whose answer cannot refuse), then its components
+// hidden. Only a page past the end is refused, with a box, and the process ends.
+void SupWiz::PagEsc(int16_t& pag) {
+  if (pag > mPagNum) {
+    int res = 0;
+    MsgExe(u"", u"", u"Página pretendida não existe", res);
+    if (WizFrm* f = Frm()) f->End();
+    throw std::runtime_error("page out of range with no window to end");
+  }
+  if (pag < 0) throw std::out_of_range("Subscript out of range");
+  if (!mPag[size_t(pag)].FxPagSai.empty()) {
+    Lst l{mPag[size_t(pag)].FxPagSai};
+    Var r;
+    VbsExe(l, r);
+  }
+  const tPag& q = mPag[size_t(pag)];
+  for (int i = q.CmpIni; i <= q.CmpFim; i++) CmpSit(Var(mCmp[size_t(i)].Ide), u"INV");
+}
+
+// The window's icon; a file that can't be loaded is ignored.
+void SupWiz::MnuIco(const Tx& fic) {
+  if (fic.empty()) return;
+  WizTnt([&] {
+    if (WizFrm* f = Frm()) f->Icon(fic);
+  });
+}
+
+// The window's picture; a file that can't be loaded is ignored.
+void SupWiz::ImgFun(const Tx& fic) {
+  if (fic.empty()) return;
+  WizTnt([&] {
+    if (WizFrm* f = Frm()) f->Picture(fic);
+  });
+}
+
+void SupWiz::PagAdd(int16_t& idx) {
+  if (mPagNum == INT16_MAX) throw std::overflow_error("Overflow");
+  mPagNum++;
+  mPag.resize(size_t(mPagNum) + 1);
+  mPag[size_t(mPagNum)] = mPagW;
+  idx = mPagNum;
+}
+
+// The first page of that identifier, case-blind; -1 when none.
+void SupWiz::PagIdx(const Tx& ide, int16_t& idx) const {
+  idx = -1;
+  Tx k = TxMai(TxTrim(ide));
+  for (int i = 1; i <= mPagNum; i++)
+    if (TxMai(TxTrim(mPag[size_t(i)].Ide)) == k) {
+      idx = int16_t(i);
+      return;
+    }
+}
 
 }  // namespace zw

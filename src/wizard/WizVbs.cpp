@@ -9,7 +9,7 @@
 namespace zw {
 
 // The host, made on first use.
-VbsSup& SupWiz::Vbs() {
+VbsSup& SupWiz::VbsCri() {
   if (!mVbs) mVbs = std::make_unique<VbsSup>();
   return *mVbs;
 }
@@ -17,7 +17,7 @@ VbsSup& SupWiz::Vbs() {
 // Starts the host clean on the window's script control and registers "Wiz"; a
 // second attempt's RegFrm starts it again the same way.
 void SupWiz::VbsPrp() {
-  VbsSup& h = Vbs();
+  VbsSup& h = VbsCri();
   h.FxFim();
   h.VbsIni();
   h.FxIni();
@@ -36,13 +36,13 @@ void SupWiz::VbsFim() {
 
 void SupWiz::VbsObReg(const Tx& nome, const Var& ob) {
   int16_t ok = 0;
-  Vbs().RegObPrp(u"N", nome, ob, ok);
-  Vbs().VbsIni();
+  VbsCri().RegObPrp(u"N", nome, ob, ok);
+  VbsCri().VbsIni();
 }
 
 // The program of a "VBS" group replaces any earlier one, with all script variables.
 void SupWiz::VbsPgmReg(const std::vector<Tx>& lin) {
-  VbsSup& h = Vbs();
+  VbsSup& h = VbsCri();
   h.VbsIni();
   int16_t ok = 0;
   h.PgmRegArr(1, lin, ok);
@@ -54,7 +54,7 @@ void SupWiz::VbsVarAtr(const Tx& nome, const Var& val, int flag) {
   Tx v = TxVar(val);
   if (flag == 1) v = TxAspPut(v);
   int16_t ok = 0;
-  Vbs().ExeCmd(nome + u"=" + v, ok);
+  VbsCri().ExeCmd(nome + u"=" + v, ok);
 }
 
 void SupWiz::VbsVarTx(const Tx& nome, const Var& val) { VbsVarAtr(nome, val, 1); }
@@ -63,7 +63,7 @@ void SupWiz::VbsVarTx(const Tx& nome, const Var& val) { VbsVarAtr(nome, val, 1);
 // arguments. res is the function's value, or the run flag of a procedure.
 void SupWiz::VbsExe(Lst& lst, Var& res) {
   Tx tip;
-  Vbs().SupVbsFx(lst, tip, res);
+  VbsCri().SupVbsFx(lst, tip, res);
 }
 
 void SupWiz::VbsFx(Lst& lst, Var& res) { VbsExe(lst, res); }
@@ -78,7 +78,7 @@ void SupWiz::VbsExe(const Tx& nome) {
 void SupWiz::VbsVar(const Tx& expr, Var& res) {
   Var v{Tx()};
   int16_t ok = 0;
-  Vbs().ExeCalc(expr, v, ok);
+  VbsCri().ExeCalc(expr, v, ok);
   VarAtr(v, res, expr);
 }
 

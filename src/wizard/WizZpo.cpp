@@ -1,12 +1,91 @@
-// SupWiz: variables, points and zones, kept as the file's texts and assigned as
-// script expressions.
+// SupWiz: variables, points and zones. A record keeps the text of its line; its
+// values live only in the script engine, assigned again after every group of the
+// file, so that a line may use any name assigned before it in the pass, and a name
+// of a later group is right from the pass after that group.
+#include <stdexcept>
 #include "SupWiz.h"
+#include "TdaOpc.h"
+#include "TxtGlb.h"
+#include "WizGlb.h"
 
 namespace zw {
 
-void SupWiz::ZpoOpcPrp(const Tx&, int16_t) {}
-void SupWiz::ZpoCalc() {}
-void SupWiz::ZpoAdd(int16_t& idx) { idx = 0; }
-void SupWiz::ZpoIdx(const Tx&, int16_t& idx) const { idx = -1; }
+// Appends the line i of the current group as a record of kind "V", "P" or "Z".
+void SupWiz::ZpoOpcPrp(const Tx& tip, int16_t i) {
+  Tx txp;
+  int16_t exi = 0;
+  mTda->MemConTxp(Var(i), txp, exi);
+  Tx txi, var, vtx;
+  int16_t ptx = 0;
+  TdaOpc::ParPrep(txp, txi, var, vtx, ptx);
+  mZpoW = tZpo{var, txi, TxMai(TxTrim(tip)), vtx, Tx()};
+  int16_t idx = 0;
+  ZpoAdd(idx);
+}
+
+// A length of the window in pixels: twips over the screen's twips per pixel. A text
+// that is no number ("AUTO") cannot be divided and fails the reading.
+static double ZpoPix(const Var& twp, double tpp) {
+  if (twp.EhTx()) {
+    double d = 0;
+    if (!NuEhNum(twp.Txt(), &d)) throw std::runtime_error("Type mismatch: the window's size is not a number");
+    return d / tpp;
+  }
+  return NuDbl(twp) / tpp;
+}
+
+// Assigns "xMax", "yMax" and every record, in file order, as expressions: a zone
+// gives Ide_X1, Ide_Y1, Ide_X2, Ide_Y2, a point Ide_X, Ide_Y, a variable Ide itself.
+void SupWiz::ZpoCalc() {
+  double x = ZpoPix(DimX, TwpPix('X')), y = ZpoPix(DimY, TwpPix('Y'));
+  VbsVarAtr(u"xMax", Var(x), 0);
+  VbsVarAtr(u"yMax", Var(y), 0);
+  for (int i = 1; i <= mZpoNum; i++) {
+    const tZpo& z = mZpo[size_t(i)];
+    if (z.Tip == u"Z" || z.Tip == u"P") {
+      Tx pec[4], rst = z.Val;
+      int n = z.Tip == u"Z" ? 4 : 2;
+      for (int k = 0; k < n; k++) {
+        int p = TxPos(rst, u",");
+        if (p == 0) {
+          pec[k] = rst;
+          rst.clear();
+        } else {
+          pec[k] = TxEsq(rst, p - 1);
+          rst = TxMeio(rst, p + 1);
+        }
+      }
+      if (n == 4) {
+        VbsVarAtr(z.Ide + u"_X1", Var(pec[0]), 0);
+        VbsVarAtr(z.Ide + u"_Y1", Var(pec[1]), 0);
+        VbsVarAtr(z.Ide + u"_X2", Var(pec[2]), 0);
+        VbsVarAtr(z.Ide + u"_Y2", Var(pec[3]), 0);
+      } else {
+        VbsVarAtr(z.Ide + u"_X", Var(pec[0]), 0);
+        VbsVarAtr(z.Ide + u"_Y", Var(pec[1]), 0);
+      }
+    } else {
+      VbsVarAtr(z.Ide, Var(z.Val), 0);
+    }
+  }
+}
+
+void SupWiz::ZpoAdd(int16_t& idx) {
+  mZpoNum++;
+  mZpo.resize(size_t(mZpoNum) + 1);
+  mZpo[size_t(mZpoNum)] = mZpoW;
+  idx = mZpoNum;
+}
+
+// The first record of that identifier, case-blind; -1 when none.
+void SupWiz::ZpoIdx(const Tx& ide, int16_t& idx) const {
+  idx = -1;
+  Tx k = TxMai(TxTrim(ide));
+  for (int i = 1; i <= mZpoNum; i++)
+    if (TxMai(TxTrim(mZpo[size_t(i)].Ide)) == k) {
+      idx = int16_t(i);
+      return;
+    }
+}
 
 }  // namespace zw
