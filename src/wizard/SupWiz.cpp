@@ -155,23 +155,19 @@ void SupWiz::WizDefLer() {
   MsgCan = opc(u"MsgCan");
 }
 
-// A key of the current group, trimmed and in capitals.
-void SupWiz::WizOpcTx(const Tx& chv, Tx& val) {
+Tx SupWiz::MemTx(const Tx& chv) {
   Var v{Tx()};
   int16_t exi = 0;
   Tx tpp;
   mTda->MemCon(chv, v, exi, tpp);
-  val = TxMai(TxTrim(TxVar(v)));
+  return TxVar(v);
 }
 
+// A key of the current group, trimmed and in capitals.
+void SupWiz::WizOpcTx(const Tx& chv, Tx& val) { val = TxMai(TxTrim(MemTx(chv))); }
+
 // A key of the current group whose first bracket word names a folder or a path.
-void SupWiz::WizOpcDir(const Tx& chv, Tx& val) {
-  Var v{Tx()};
-  int16_t exi = 0;
-  Tx tpp;
-  mTda->MemCon(chv, v, exi, tpp);
-  val = WizDirExp(TxVar(v));
-}
+void SupWiz::WizOpcDir(const Tx& chv, Tx& val) { val = WizDirExp(MemTx(chv)); }
 
 // The first "[word]" of a text replaced by the folder or value it names.
 Tx SupWiz::WizDirExp(const Tx& tx) {

@@ -142,6 +142,7 @@ class SupWiz : public WizEng {
   // Reading (SupWiz.cpp).
   void WizOpcLer(const Tx& fpa);
   void WizDefLer();
+  Tx MemTx(const Tx& chv);  // a key of the current group as text, "" when absent
   void WizOpcTx(const Tx& chv, Tx& val);
   void WizOpcDir(const Tx& chv, Tx& val);
   void WizOpcTwp(char eixo, const Tx& chv, Var& val);
@@ -186,6 +187,8 @@ class SupWiz : public WizEng {
   void CmpSit(const Var& ctlNome, const Tx& lst);
   void CmpSit(CtlObj* ctl, const Tx& lst);
   CtlObj* Btn(int slot);
+  bool TraPagFx(const tTra& t, const Tx& tip, int16_t ant);
+  CtlObj* CmpVarOb(const Var& nome, int16_t& idx);
 
   Tx mTrcNom = u"SupWiz";
   Tx mTrcSit;

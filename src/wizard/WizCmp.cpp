@@ -8,21 +8,13 @@
 #include "SupWiz.h"
 #include "TdaOpc.h"
 #include "TxtGlb.h"
+#include "WizTab.h"
 #include "VbsSup.h"
 #include "WizTnt.h"
 
 namespace zw {
 
 namespace {
-
-// A key of the current group as text ("" when absent).
-Tx MemTx(TdaOpc& tda, const Tx& chv) {
-  Var v{Tx()};
-  int16_t exi = 0;
-  Tx tpp;
-  tda.MemCon(chv, v, exi, tpp);
-  return TxVar(v);
-}
 
 void Poe(CtlObj& c, TxV prp, const Var& v) { c.PrpAtr(prp, v); }
 void Poe(CtlObj& c, TxV prp, int32_t n) { c.PrpAtr(prp, Var(n)); }
@@ -34,29 +26,24 @@ void PoeB(CtlObj& c, TxV prp, bool b) { c.PrpAtr(prp, Var(b)); }
 // bracket substitution, and the component joins the last page.
 void SupWiz::CmpOpcPrp() {
   mCmpW = tCmp();
-  TdaOpc& t = *mTda;
-  mCmpW.Tip = MemTx(t, u"Tip");
-  mCmpW.Ide = MemTx(t, u"Ide");
-  mCmpW.Pos = MemTx(t, u"Pos");
-  mCmpW.Dim = MemTx(t, u"Dim");
-  mCmpW.Fun = MemTx(t, u"Fun");
-  mCmpW.Cor = MemTx(t, u"Cor");
-  mCmpW.Fon = MemTx(t, u"Fon");
-  mCmpW.Aln = MemTx(t, u"Aln");
-  TxOpcSbr(MemTx(t, u"Txt"), mCmpW.Txt);
-  mCmpW.Adi = MemTx(t, u"Adi");
-  mCmpW.Sit = MemTx(t, u"Sit");
+  mCmpW.Tip = MemTx(u"Tip");
+  mCmpW.Ide = MemTx(u"Ide");
+  mCmpW.Pos = MemTx(u"Pos");
+  mCmpW.Dim = MemTx(u"Dim");
+  mCmpW.Fun = MemTx(u"Fun");
+  mCmpW.Cor = MemTx(u"Cor");
+  mCmpW.Fon = MemTx(u"Fon");
+  mCmpW.Aln = MemTx(u"Aln");
+  TxOpcSbr(MemTx(u"Txt"), mCmpW.Txt);
+  mCmpW.Adi = MemTx(u"Adi");
+  mCmpW.Sit = MemTx(u"Sit");
   int16_t idx = 0;
   CmpAdd(idx);
 }
 
 // Appends the work record and widens the last page's range of components.
 void SupWiz::CmpAdd(int16_t& idx) {
-  if (mCmpNum == INT16_MAX) throw std::overflow_error("Overflow");
-  mCmpNum++;
-  mCmp.resize(size_t(mCmpNum) + 1);
-  mCmp[size_t(mCmpNum)] = mCmpW;
-  idx = mCmpNum;
+  idx = WizTabAdi(mCmp, mCmpNum, mCmpW);
   tPag& p = mPag[size_t(mPagNum)];
   if (p.CmpNum == 0) p.CmpFim = p.CmpIni;
   else p.CmpFim++;

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include "SupWiz.h"
 #include "TxtGlb.h"
+#include "WizTab.h"
 #include "WizTnt.h"
 
 namespace zw {
@@ -11,13 +12,7 @@ namespace zw {
 // The index of the first component of that name, case-blind; 0 (the unused
 // element) when there is none.
 void SupWiz::CmpIdx(const Tx& ide, int16_t& idx) const {
-  idx = 0;
-  Tx k = TxMai(TxTrim(ide));
-  for (int i = 1; i <= mCmpNum; i++)
-    if (TxMai(TxTrim(mCmp[size_t(i)].Ide)) == k) {
-      idx = int16_t(i);
-      return;
-    }
+  idx = WizTabPsq(mCmp, mCmpNum, ide);
 }
 
 // The control of a name: the buttons by their exact names, else the control of the
@@ -105,18 +100,24 @@ void SupWiz::CmpCor(CtlObj& ctl, const Var& cor, const Var& cor2) {
   if (CtlCorApl(ctl, cor, cor2) == 0) throw std::runtime_error("no colour palette");
 }
 
+// The component index and the control of a name that a script gives.
+CtlObj* SupWiz::CmpVarOb(const Var& nome, int16_t& idx) {
+  Tx n = TxVar(nome);
+  CmpIdx(n, idx);
+  CtlObj* c = nullptr;
+  bool ach = false;
+  CmpObIdx(n, c, ach);
+  return c;
+}
+
 // Publishes the control's values: "cmpIde", "cmpFontName" (as an expression, which
 // makes it of no use, but it is assigned all the same), and for an option group
 // "opcSel" and "opcSelAdi", for a check box "opcSel". res 1, or 0 on any failure.
 void SupWiz::CmpVarCon(const Var& nome, Var& res) {
   res = Var(int16_t(0));
   try {
-    Tx n = TxVar(nome);
     int16_t i = 0;
-    CmpIdx(n, i);
-    CtlObj* c = nullptr;
-    bool ach = false;
-    CmpObIdx(n, c, ach);
+    CtlObj* c = CmpVarOb(nome, i);
     VbsVarTx(u"cmpIde", Var(mCmp[size_t(i)].Ide));
     Tx tip = TxMai(TxTrim(mCmp[size_t(i)].Tip));
     if (!c) throw CtlErr(91, "Object variable not set");
@@ -142,12 +143,8 @@ void SupWiz::CmpVarCon(const Var& nome, Var& res) {
 void SupWiz::CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res) {
   res = Var(int16_t(0));
   try {
-    Tx n = TxVar(nome);
     int16_t i = 0;
-    CmpIdx(n, i);
-    CtlObj* c = nullptr;
-    bool ach = false;
-    CmpObIdx(n, c, ach);
+    CtlObj* c = CmpVarOb(nome, i);
     if (!c) return;
     Tx p = TxVar(prp), v = TxVar(val);
     if (p == u"POS") {

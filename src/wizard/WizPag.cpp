@@ -6,6 +6,7 @@
 #include "SupWiz.h"
 #include "TdaOpc.h"
 #include "TxtGlb.h"
+#include "WizTab.h"
 #include "WizTnt.h"
 
 namespace zw {
@@ -14,18 +15,11 @@ namespace zw {
 // components are the "CMP" groups that follow it.
 void SupWiz::PagOpcPrp() {
   mPagW = tPag();
-  auto mem = [this](const Tx& chv) {
-    Var v{Tx()};
-    int16_t exi = 0;
-    Tx tpp;
-    mTda->MemCon(chv, v, exi, tpp);
-    return TxVar(v);
-  };
-  mPagW.Ide = mem(u"IDE");
-  mPagW.Des = mem(u"DES");
-  mPagW.Img = mem(u"Img");
-  mPagW.FxPagEnt = mem(u"FxPagEnt");
-  mPagW.FxPagSai = mem(u"FxPagSai");
+  mPagW.Ide = MemTx(u"IDE");
+  mPagW.Des = MemTx(u"DES");
+  mPagW.Img = MemTx(u"Img");
+  mPagW.FxPagEnt = MemTx(u"FxPagEnt");
+  mPagW.FxPagSai = MemTx(u"FxPagSai");
   mPagW.CmpFim = 0;
   mPagW.CmpNum = 0;
   mPagW.CmpIni = int16_t(mCmpNum + 1);
@@ -113,23 +107,12 @@ void SupWiz::ImgFun(const Tx& fic) {
   });
 }
 
-void SupWiz::PagAdd(int16_t& idx) {
-  if (mPagNum == INT16_MAX) throw std::overflow_error("Overflow");
-  mPagNum++;
-  mPag.resize(size_t(mPagNum) + 1);
-  mPag[size_t(mPagNum)] = mPagW;
-  idx = mPagNum;
-}
+void SupWiz::PagAdd(int16_t& idx) { idx = WizTabAdi(mPag, mPagNum, mPagW); }
 
 // The first page of that identifier, case-blind; -1 when none.
 void SupWiz::PagIdx(const Tx& ide, int16_t& idx) const {
-  idx = -1;
-  Tx k = TxMai(TxTrim(ide));
-  for (int i = 1; i <= mPagNum; i++)
-    if (TxMai(TxTrim(mPag[size_t(i)].Ide)) == k) {
-      idx = int16_t(i);
-      return;
-    }
+  idx = WizTabPsq(mPag, mPagNum, ide);
+  if (idx == 0) idx = -1;
 }
 
 }  // namespace zw

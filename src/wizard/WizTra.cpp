@@ -25,20 +25,13 @@ namespace zw {
 // "AUT_TraPos" + the button word, calculated now.
 void SupWiz::TraOpcPrp() {
   tTra t;
-  auto mem = [this](const Tx& chv) {
-    Var v{Tx()};
-    int16_t exi = 0;
-    Tx tpp;
-    mTda->MemCon(chv, v, exi, tpp);
-    return TxVar(v);
-  };
-  t.Ide = mem(u"IDE");
-  t.Des = mem(u"DES");
-  t.Pos = mem(u"POS");
-  t.Sit = mem(u"SIT");
-  t.TraTip = mem(u"TRATIP");
-  t.TraPag = mem(u"TRAPAG");
-  t.TraFx = mem(u"TRAFX");
+  t.Ide = MemTx(u"IDE");
+  t.Des = MemTx(u"DES");
+  t.Pos = MemTx(u"POS");
+  t.Sit = MemTx(u"SIT");
+  t.TraTip = MemTx(u"TRATIP");
+  t.TraPag = MemTx(u"TRAPAG");
+  t.TraFx = MemTx(u"TRAFX");
   if (t.Pos.empty()) {
     // The word as the file writes it: "ant" finds no point.
     Tx pon = t.Ide == u"ANT" ? u"AUT_TraPosAnt" : t.Ide == u"SEG" ? u"AUT_TraPosSeg"
@@ -145,60 +138,50 @@ void SupWiz::TraAnt() {
   WizTnt([&] { PagVer(mPagAct); });
 }
 
-// "Confirmar": to a page, or runs its function and stays.
-void SupWiz::TraCnf() {
-  int16_t ant = mPagAct;
-  Tx tip;
-  const tTra* t = nullptr;
-  WizTnt([&] { t = &TraDe(mPag, mPagAct, 3, tip); });
-  if (!t) return;
+// The kinds that "Confirmar" and "Cancelar" share: "PAG" goes to the page,
+// "FX" runs the function and stays. False for any other kind.
+bool SupWiz::TraPagFx(const tTra& t, const Tx& tip, int16_t ant) {
   if (tip == u"PAG") {
-    WizTnt([&] { PagIdx(t->TraPag, mPagAct); });
+    WizTnt([&] { PagIdx(t.TraPag, mPagAct); });
     WizTnt([&] { PagEsc(ant); });
     WizTnt([&] { PagVer(mPagAct); });
-  } else if (tip == u"FX") {
+    return true;
+  }
+  if (tip == u"FX") {
     WizTnt([&] {
-      Lst l{Var(t->TraFx)};
+      Lst l{Var(t.TraFx)};
       Var res;
       VbsExe(l, res);
     });
+    return true;
   }
+  return false;
+}
+
+// "Confirmar": to a page, or runs its function and stays; otherwise nothing.
+void SupWiz::TraCnf() {
+  Tx tip;
+  const tTra* t = nullptr;
+  WizTnt([&] { t = &TraDe(mPag, mPagAct, 3, tip); });
+  if (t) TraPagFx(*t, tip, mPagAct);
 }
 
 // "Cancelar": to a page, runs its function and stays, closes ("FIM"), or by
 // default asks the cancel question - except on the last page, which closes at once.
 void SupWiz::TraCan() {
-  int16_t ant = mPagAct;
   Tx tip;
   const tTra* t = nullptr;
   WizTnt([&] { t = &TraDe(mPag, mPagAct, 4, tip); });
-  if (!t) return;
-  if (tip == u"PAG") {
-    WizTnt([&] { PagIdx(t->TraPag, mPagAct); });
-    WizTnt([&] { PagEsc(ant); });
-    WizTnt([&] { PagVer(mPagAct); });
-  } else if (tip == u"FX") {
-    WizTnt([&] {
-      Lst l{Var(t->TraFx)};
-      Var res;
-      VbsExe(l, res);
-    });
-  } else if (tip == u"FIM") {
-    WizTnt([&] {
-      if (WizFrm* f = Frm()) f->Unload();
-    });
-  } else if (mPagAct < mPagNum) {
-    int res = 0;
+  if (!t || TraPagFx(*t, tip, mPagAct)) return;
+  int res = 1;
+  if (tip != u"FIM" && mPagAct < mPagNum) {
+    res = 0;
     WizTnt([&] { MsgExe(u"? SN 2 _B", u"Terminar", MsgCan, res); });
-    if (res == 1)
-      WizTnt([&] {
-        if (WizFrm* f = Frm()) f->Unload();
-      });
-  } else {
+  }
+  if (res == 1)
     WizTnt([&] {
       if (WizFrm* f = Frm()) f->Unload();
     });
-  }
 }
 
 // Records a visit on top of the history; the page already on top is not repeated.

@@ -6,6 +6,7 @@
 #include "SupWiz.h"
 #include "TdaOpc.h"
 #include "TxtGlb.h"
+#include "WizTab.h"
 #include "WizGlb.h"
 
 namespace zw {
@@ -70,22 +71,12 @@ void SupWiz::ZpoCalc() {
   }
 }
 
-void SupWiz::ZpoAdd(int16_t& idx) {
-  mZpoNum++;
-  mZpo.resize(size_t(mZpoNum) + 1);
-  mZpo[size_t(mZpoNum)] = mZpoW;
-  idx = mZpoNum;
-}
+void SupWiz::ZpoAdd(int16_t& idx) { idx = WizTabAdi(mZpo, mZpoNum, mZpoW); }
 
 // The first record of that identifier, case-blind; -1 when none.
 void SupWiz::ZpoIdx(const Tx& ide, int16_t& idx) const {
-  idx = -1;
-  Tx k = TxMai(TxTrim(ide));
-  for (int i = 1; i <= mZpoNum; i++)
-    if (TxMai(TxTrim(mZpo[size_t(i)].Ide)) == k) {
-      idx = int16_t(i);
-      return;
-    }
+  idx = WizTabPsq(mZpo, mZpoNum, ide);
+  if (idx == 0) idx = -1;
 }
 
 }  // namespace zw
