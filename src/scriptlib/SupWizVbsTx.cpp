@@ -60,7 +60,7 @@ void SupWizVbs::TxNum(Lst& a, Var& res) {
   Var v;
   NuVar(Arg(a, 0), v);
   Tx t;
-  NuTxPad(v, NuLng(NuDbl(Arg(a, 1))), T(a, 2), t);
+  NuTxPad(v, NuLng(std::nearbyint(NuDbl(Arg(a, 1)))), T(a, 2), t);  // the width rounds as CInt does
   res = Var(t);
 }
 
