@@ -97,8 +97,12 @@ void WizFpaPrp() {
     std::fflush(nullptr);
     std::_Exit(kSaiFpa);
   }
+  // The folder ends at the last "\", or at the last "/" of a path as this system
+  // writes it, so that "[DIRPGM]\leiame.rtf" finds the file beside the options.
   Tx dir, nom, ltr, drv;
   FicDirNom(fpa, dir, nom);
+  const size_t s = fpa.find_last_of(u"\\/");
+  if (s != Tx::npos) dir = fpa.substr(0, s);
   WizLtrCon(dir, ltr, drv);
   WizFpa = fpa;
   LtrCd = ltr;

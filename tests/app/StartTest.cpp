@@ -112,6 +112,11 @@ TEST(WizFpaPrp, PathsOfAnOptionFileOnADrive) {
   EXPECT_EQ(LtrCd, u"X");
   EXPECT_EQ(DrvCd, u"X:");
   FicDrvMap(u'X', u"");
+
+  // A path as this system writes it: the folder ends at the last "/".
+  LinCmd = u"-FP " + TxP(d) + u"/a/b.par";
+  WizFpaPrp();
+  EXPECT_EQ(DirPgm, TxP(d) + u"/a");
 }
 
 // The attempt loop with a fake attempt that fails a given number of times.
