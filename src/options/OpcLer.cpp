@@ -73,6 +73,7 @@ bool TdaOpc::LinLer(Tx& lin) {
   if (num < 1) return false;
   int err = 0;
   FicLinLer(num, lin, err);
+  if (err == 0) ficLin.back()++;
   return err == 0;
 }
 
@@ -85,6 +86,7 @@ void TdaOpc::ParLer(int16_t& exi) {
   Tx acc, l;
   bool ok = LinLer(l);
   if (!ok) exi = 0;
+  int32_t lin0 = ficLin.back();
   bool fim = false;
   while (ok && !fim) {
     // A line whose first non-blank is "+" continues without that "+", trimmed.
@@ -119,6 +121,7 @@ void TdaOpc::ParLer(int16_t& exi) {
   int nok = 0;
   NuTxNum(r.vtx, r.vnu, nok);
   r.exi = exi;
+  r.lin = lin0;
 }
 
 // Logical lines until one has a type (empty lines are passed over) or the file ends.
@@ -158,6 +161,7 @@ void TdaOpc::ParLerLit(Tx& lin, int16_t& exi) {
   int nok = 0;
   NuTxNum(lin, r.vnu, nok);
   r.exi = exi;
+  r.lin = ficLin.back();
 }
 
 // Finds the next zone head and parses "#IDENT:KIND anything - description [opts]".
@@ -168,6 +172,7 @@ void TdaOpc::ZonCabLer(Tx& ide, Tx& tip, Tx& des) {
   do {
     ParLer(exi);
   } while (exi == 1 && parAct.tpp != u"#");
+  zonLin = exi == 1 ? parAct.lin : 0;
   Tx a = exi == 1 ? TxMeio(parAct.txp, 2) : Tx(), b;
   TxDivTip(u"SE T", a, u" ", b);
   a = TxMaiTrm(a);
@@ -199,7 +204,10 @@ void TdaOpc::CabLer(const Tx& fic, const Tx& lbl) {
     int e = 0;
     Tx x;
     FicLinLer(num, x, e);
-    if (e == 0) l = TxTrim(x);
+    if (e == 0) {
+      l = TxTrim(x);
+      ficLin.back()++;
+    }
     cabLin[i] = l;
   }
   Tx a = cabLin[2], b;
@@ -227,6 +235,7 @@ void TdaOpc::tboFim() {
 void TdaOpc::FicPilAdi(int16_t& num) {
   num = int16_t(FicNumLiv());
   ficPil.push_back(num);
+  ficLin.push_back(0);
 }
 
 // Closes the top file and gives the number that is on top now (0 when the stack
@@ -236,6 +245,7 @@ void TdaOpc::FicPilFim(int16_t& top) {
   if (ficPil.size() < 2) return;
   FicFec(ficPil.back());
   ficPil.pop_back();
+  ficLin.pop_back();
   top = ficPil.back();
 }
 

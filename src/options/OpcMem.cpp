@@ -52,6 +52,7 @@ TdaOpc::TdaOpc() {
   MemLpz();
   IdxIni(opcFix);
   ficPil.assign(1, 0);
+  ficLin.assign(1, 0);
   OpcEspIni();
 }
 

@@ -72,6 +72,7 @@ void TdaOpc::ZonSegIde(int16_t& cnt) {
 void TdaOpc::ZonSegTx(int16_t& cnt) {
   cnt = 0;
   regLin.assign(1, Tx());
+  regLinNum.assign(1, 0);
   memTab.assign(1, ParReg());
   Tx tpp;
   int16_t exi = 0;
@@ -79,8 +80,10 @@ void TdaOpc::ZonSegTx(int16_t& cnt) {
   while (tpp != u"##" && exi == 1) {
     cnt = P16(long(cnt) + 1);
     regLin.push_back(parAct.txp);
+    regLinNum.push_back(parAct.lin);
     ParReg r;
     r.txp = parAct.txp;
+    r.lin = parAct.lin;
     memTab.push_back(std::move(r));
     ParLerTip(tpp, exi);
   }
@@ -90,12 +93,14 @@ void TdaOpc::ZonSegTx(int16_t& cnt) {
 void TdaOpc::ZonSegZtx(int16_t& cnt) {
   cnt = 0;
   regLin.assign(1, Tx());
+  regLinNum.assign(1, 0);
   Tx lin;
   int16_t exi = 0;
   ParLerLit(lin, exi);
   while (exi == 1) {
     cnt = P16(long(cnt) + 1);
     regLin.push_back(lin);
+    regLinNum.push_back(parAct.lin);
     ParLerLit(lin, exi);
   }
 }

@@ -24,6 +24,7 @@ struct ParReg {
   int16_t ptx = 0;  // position of the value's first character; 0 without a value
   double vnu = 0;   // leading-number reading of vtx
   int16_t exi = 0;  // 1 when the line was read, 0 at end of file
+  int32_t lin = 0;  // line of the file where the logical line begins (1 the first)
 };
 
 // The key index of a zone: case-blind keys (brought to capitals and trimmed by the
@@ -81,6 +82,8 @@ class TdaOpc {
   int16_t tbOpcVer = 0;
   std::vector<Tx> cabLin;        // header lines 1 to 5
   std::vector<Tx> regLin;        // last TX/ZTX body, or a file held for editing
+  std::vector<int32_t> regLinNum; // file line where each line of a TX/ZTX body begins
+  int32_t zonLin = 0;            // file line of the last zone head read
   Tx opcEsp;
   int16_t opcCnvChr = 1;
 
@@ -223,6 +226,7 @@ class TdaOpc {
   IdxTab opcGer, opcFix;
   OpcIdx memIdx, matIdx;
   std::vector<int16_t> ficPil{0};  // file numbers; element 0 unused
+  std::vector<int32_t> ficLin{0};  // lines read so far from each file of the stack
   std::vector<Tx> lcArg;           // 0 the whole line, 1..LcArgC the words
   std::vector<Tx> matLin;
   bool lcPrp_ = false;             // the word list exists (LcPrpArg ran)

@@ -216,3 +216,25 @@ TEST(OpcLer, EncodingsOfTheFile) {
     o.ZonFim();
   }
 }
+
+// Every logical line knows the file line where it began (header lines count), so that
+// an author's tools can point at a group, a row or a program line.
+TEST(OpcLer, LineNumbersOfHeadsRowsAndBodies) {
+  TdaOpc o;
+  Tx f = TmpPar("lin.par", {u"", u"#DEF", u"[A]=1 +", u"+ 2", u"[B]=3", u"##", u"#P:TX",
+                            u"Sub X", u"", u"End Sub", u"##", u"#Q:ZTX", u"a", u"", u"b", u"##"});
+  o.ZonIni(f, u"");
+  Seg(o);
+  EXPECT_EQ(o.zonLin, 7);
+  ASSERT_EQ(o.memTab.size(), 3u);
+  EXPECT_EQ(o.memTab[1].lin, 8);   // a continued row: the line where it began
+  EXPECT_EQ(o.memTab[2].lin, 10);
+  Seg(o);
+  EXPECT_EQ(o.zonLin, 12);
+  EXPECT_EQ(o.regLinNum, (std::vector<int32_t>{0, 13, 15}));  // the empty line is dropped
+  Seg(o);
+  EXPECT_EQ(o.zonLin, 17);
+  EXPECT_EQ(o.regLinNum, (std::vector<int32_t>{0, 18, 19, 20}));
+  EXPECT_EQ(Seg(o).ide, u"");
+  o.ZonFim();
+}
