@@ -1,0 +1,21 @@
+# zunwiz-check over broken wizard files (tests/check/NAME.par, one fault each, with
+# the findings expected in NAME.expect) and over the examples, which must give none.
+# A new case: write NAME.par and NAME.expect (its lines as the tool prints them, the
+# file named as "NAME.par"); a case whose expect file has an "error:" line must end
+# with status 1, any other with status 0.
+file(GLOB chk_cases CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*.par)
+foreach(par ${chk_cases})
+  get_filename_component(n ${par} NAME_WE)
+  add_test(NAME check_${n} COMMAND ${CMAKE_COMMAND} -DTOOL=$<TARGET_FILE:zunwiz-check>
+           -DPAR=${par} -DEXPECT=${CMAKE_CURRENT_LIST_DIR}/${n}.expect -P ${CMAKE_CURRENT_LIST_DIR}/Check.cmake)
+endforeach()
+file(GLOB_RECURSE chk_examples CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/examples/*.par)
+foreach(par ${chk_examples})
+  get_filename_component(d ${par} DIRECTORY)
+  get_filename_component(d ${d} NAME)
+  get_filename_component(n ${par} NAME_WE)
+  add_test(NAME check_example_${d}_${n} COMMAND ${CMAKE_COMMAND} -DTOOL=$<TARGET_FILE:zunwiz-check>
+           -DPAR=${par} -P ${CMAKE_CURRENT_LIST_DIR}/Check.cmake)
+endforeach()
+add_test(NAME check_json COMMAND ${CMAKE_COMMAND} -DTOOL=$<TARGET_FILE:zunwiz-check>
+         -DPAR=${CMAKE_CURRENT_LIST_DIR}/compile-error.par -DJSON=1 -P ${CMAKE_CURRENT_LIST_DIR}/Check.cmake)

@@ -1,0 +1,580 @@
+// The checks of zunwiz-check. One walk of the file with the option reader collects
+// what the engine would keep (zones and points, pages, transitions, components, the
+// program) with the file line of each; the same walk runs the engine's calculation
+// after every group in a script host of its own, where "Wiz" answers every call with
+// nothing, so that checking a wizard never changes the machine. The findings are
+// then drawn from what was collected.
+#include "Chk.h"
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <memory>
+#include "FicGlb.h"
+#include "ScriptControl.h"
+#include "SupWizVbs.h"
+#include "TdaOpc.h"
+#include "TxtGlb.h"
+#include "VbsSup.h"
+
+namespace zw::chk {
+
+namespace {
+
+// The operation names of "Wiz", from the library's own table.
+#define ZW_CHK_NOME(n) u"" #n,
+const char16_t* const kOps[] = {ZW_WIZ_OPS(ZW_CHK_NOME)};
+#undef ZW_CHK_NOME
+
+// "Wiz" as the checker hands it to scripts: every operation is there and answers
+// Empty without doing anything.
+struct WizMudo : vbs::Obj {
+  Tx TypeName() override { return u"SupWizVbs"; }
+  int Id(TxV n) override {
+    for (size_t i = 0; i < std::size(kOps); i++)
+      if (vbs::EqNoCase(n, kOps[i])) return int(i) + 1;
+    return -1;
+  }
+  void Invoke(int, vbs::Inv, vbs::Args, vbs::Value& r) override { r = vbs::Value(); }
+};
+
+const char16_t* const kPalBot[] = {u"", u"ANT", u"SEG", u"CNF", u"CAN"};
+const char16_t* const kTipCmp[] = {u"LAB", u"CKB", u"RTF", u"OPC", u"OPCTXT"};
+const char16_t* const kPrpAlt[] = {u"POS", u"DIM", u"FON", u"COR", u"ALN", u"SIT", u"TXT", u"CHK"};
+constexpr double kTwp = 15;  // twips per pixel where no screen is asked
+
+Tx Aspa(const Tx& t) { return u"\"" + t + u"\""; }
+Tx Num(long n) { return TxAsc(std::to_string(n)); }
+
+template <size_t N>
+bool Em(const Tx& t, const char16_t* const (&lis)[N]) {
+  return std::find_if(std::begin(lis), std::end(lis), [&](const char16_t* s) { return t == s; }) !=
+         std::end(lis);
+}
+
+// A value of a group's row with the line it stands on.
+struct Val {
+  Tx tx;
+  int32_t lin = 0;
+};
+
+struct Zpo {
+  Tx tip, ide, val;
+  int32_t lin = 0;
+  int grp = 0;                // the group that holds it, counted from 1
+  std::vector<Tx> nom, stm;   // variables and the statements that assign them
+  std::vector<Tx> pri;        // values after its own group's calculation
+  std::vector<int16_t> ok;    // whether each statement took, at the latest pass
+  std::vector<Tx> err;        // and the engine's word when it did not
+};
+
+struct Tra {
+  bool tem = false;
+  Val ide, pos, tip, pag, fx;
+  int32_t lin = 0;
+};
+
+struct Pag {
+  Val ide, img, ent, sai;
+  int32_t lin = 0;
+  std::array<Tra, 5> tra;
+};
+
+struct Cmp {
+  Val tip, ide, pos, dim, txt;
+  int32_t lin = 0;
+};
+
+class Chk {
+ public:
+  Chk(const Tx& fic, const std::vector<Tx>& pal) : fic_(fic), pal_(pal) {}
+  std::vector<Achado> Exe();
+
+ private:
+  void Ach(int32_t lin, bool erro, const Tx& msg) { ach_.push_back({lin, erro, msg}); }
+  Val Row(const Tx& chv);
+  Tx DirCon(const Tx& pal) const;
+  Tx DirExp(const Tx& tx) const;
+  void Grp(const Tx& ide, const Tx& tip, int16_t n, int g);
+  void Def();
+  void Zon(const Tx& tip, int16_t n, int g);
+  void Pgm(const Tx& tip, int32_t lin);
+  void Calc(int g);
+  void Fim();
+  void Img(const Val& v, const Tx& onde);
+  void Fx(const Val& v, const Tx& quem, int args, bool fun);
+  void PgmWiz(const Tx& lin, int32_t num);
+
+  Tx fic_;
+  std::vector<Tx> pal_;
+  TdaOpc o_;
+  std::shared_ptr<vbs::ScriptControl> sc_ = std::make_shared<vbs::ScriptControl>();
+  VbsSup h_;
+  Tx dirPgm_, imgFun_;
+  Var dimX_, dimY_;
+  std::vector<Zpo> zpo_;
+  std::vector<Pag> pag_;
+  std::vector<Cmp> cmp_;
+  int32_t pgmLin_ = 0;  // head of the program group in force; 0 for none
+  bool pgmOk_ = false;
+  std::vector<Achado> ach_;
+};
+
+// The value and line of a key of the current group; the first row of the key wins,
+// as in the reader's index ("F:" type marks and "Q." qualifiers are dropped).
+Val Chk::Row(const Tx& chv) {
+  Val v;
+  Var x = Var(Tx());
+  int16_t exi = 0;
+  Tx tpp;
+  o_.MemCon(chv, x, exi, tpp);
+  if (exi != 1) return v;
+  v.tx = TxVar(x);
+  Tx k = TxMaiTrm(chv);
+  for (size_t i = 1; i < o_.memTab.size(); i++) {
+    Tx n = o_.memTab[i].var;
+    if (size_t c = n.find(u':'); c != Tx::npos) n = n.substr(c + 1);
+    if (size_t p = n.find(u'.'); p != Tx::npos) n = n.substr(p + 1);
+    if (TxTrim(n) == k) {
+      v.lin = o_.memTab[i].lin;
+      break;
+    }
+  }
+  if (v.lin == 0) v.lin = o_.zonLin;
+  return v;
+}
+
+// The folder words of the wizard's paths; the words nothing assigns give "".
+Tx Chk::DirCon(const Tx& pal) const {
+  Tx p = TxMaiTrm(pal);
+  if (p == u"DIRPGM") return dirPgm_;
+  if (p == u"IMGFUN") return imgFun_;
+  return Tx();
+}
+
+// A path whose first "[...]" is a folder word.
+Tx Chk::DirExp(const Tx& tx) const {
+  size_t a = tx.find(u'['), b = tx.find(u']', a == Tx::npos ? 0 : a);
+  if (a == Tx::npos || b == Tx::npos) return tx;
+  return tx.substr(0, a) + DirCon(tx.substr(a + 1, b - a - 1)) + tx.substr(b + 1);
+}
+
+// The "DEF" group: the window's size words, pictures, and the debug folder.
+void Chk::Def() {
+  Var v = Var(Tx());
+  o_.OpcCon(u"DbgModo", v);
+  if (!TxVar(v).empty()) {
+    Var d = Var(Tx());
+    o_.OpcCon(u"DbgDirPgm", d);
+    dirPgm_ = TxVar(d);
+  }
+  Val f = Row(u"ImgFun");
+  f.tx = DirExp(f.tx);
+  imgFun_ = f.tx;
+  Img(f, u"\"ImgFun\"");
+  Val i = Row(u"ImgIco");
+  i.tx = DirExp(i.tx);
+  Img(i, u"\"ImgIco\"");
+  for (const char16_t* k : {u"DimX", u"DimY"}) {
+    Val d = Row(k);
+    Tx t = TxMaiTrm(d.tx);
+    Var& dst = k[3] == u'X' ? dimX_ : dimY_;
+    if (t == u"AUTO") {
+      Ach(d.lin, true, Aspa(k) + u" is \"AUTO\": the first calculation divides a text and the wizard fails to start");
+      dst = Var(Tx(u"AUTO"));
+    } else {
+      double n = 0;
+      int ok = 0;
+      NuTxNum(t, n, ok);
+      dst = Var(n * kTwp);
+    }
+  }
+}
+
+// A picture that the window would load: one that is not there is passed over.
+void Chk::Img(const Val& v, const Tx& onde) {
+  if (v.tx.empty() || FicExi(v.tx) == 1) return;
+  Tx why = v.tx.find(u'[') != Tx::npos ? u" (a page's \"Img\" takes no \"[...]\" words)" : Tx();
+  Ach(v.lin, false, u"picture " + Aspa(v.tx) + u" of " + onde + u" does not exist: the window keeps the picture it has" + why);
+}
+
+// Lines of "VAR", "PON" and "ZON": their statements, as the calculation makes them.
+void Chk::Zon(const Tx& tip, int16_t n, int g) {
+  for (int16_t i = 1; i <= n; i++) {
+    Tx txp, txi, var, vtx;
+    int16_t exi = 0, ptx = 0;
+    o_.MemConTxp(Var(i), txp, exi);
+    TdaOpc::ParPrep(txp, txi, var, vtx, ptx);
+    Zpo z;
+    z.tip = tip;
+    z.ide = var;
+    z.val = vtx;
+    z.lin = size_t(i) < o_.memTab.size() ? o_.memTab[size_t(i)].lin : o_.zonLin;
+    z.grp = g;
+    std::vector<Tx> pc;
+    Tx r = vtx;
+    for (int k = 0; k < 4; k++) {
+      Tx a, b;
+      TxDiv1(r, u",", a, b);
+      pc.push_back(a);
+      r = b;
+    }
+    if (tip == u"Z") {
+      const char16_t* suf[] = {u"_X1", u"_Y1", u"_X2", u"_Y2"};
+      for (int k = 0; k < 4; k++) z.nom.push_back(var + suf[k]), z.stm.push_back(var + suf[k] + u"=" + pc[size_t(k)]);
+    } else if (tip == u"P") {
+      z.nom = {var + u"_X", var + u"_Y"};
+      z.stm = {var + u"_X=" + pc[0], var + u"_Y=" + pc[1]};
+    } else {
+      z.nom = {var};
+      z.stm = {var + u"=" + vtx};
+    }
+    zpo_.push_back(std::move(z));
+  }
+}
+
+// A "VBS" group: the program replaces any earlier one, as in the engine; a compile
+// error is reported on the file line of the program line it names.
+void Chk::Pgm(const Tx& tip, int32_t lin) {
+  if (tip != u"TX" && tip != u"ZTX") {
+    Ach(lin, true, u"a \"VBS\" group must have the kind TX or ZTX: this one keeps no lines, and its program is empty");
+    h_.VbsIni();
+    pgmLin_ = lin;
+    pgmOk_ = false;  // the procedures it names are missing for that one reason
+    return;
+  }
+  if (pgmLin_ != 0)
+    Ach(lin, false, u"this program replaces the one of line " + Num(pgmLin_) + u", with every script variable");
+  pgmLin_ = lin;
+  // The file line of each program line: the host drops comments and empty lines.
+  std::vector<int32_t> map;
+  Tx tx;
+  for (size_t i = 1; i < o_.regLin.size(); i++) {
+    size_t n = tx.size();
+    h_.PgmTxJun(1, tx, o_.regLin[i]);
+    if (tx.size() != n || (map.empty() && !tx.empty())) {
+      map.push_back(i < o_.regLinNum.size() ? o_.regLinNum[i] : lin);
+      PgmWiz(o_.regLin[i], map.back());
+    }
+  }
+  h_.VbsIni();
+  int16_t ok = 0;
+  h_.PgmRegArr(1, o_.regLin, ok);
+  pgmOk_ = ok == 1;
+  if (!pgmOk_) {
+    const vbs::ScriptError& e = sc_->Error();
+    bool comp = e.Source.find(u"compilation") != Tx::npos;
+    int32_t at = e.Line >= 1 && size_t(e.Line) <= map.size() ? map[size_t(e.Line - 1)] : lin;
+    Ach(at, true, (comp ? u"compile error " : u"run-time error ") + Num(e.Number) + u": " + e.Description +
+                      (comp ? Tx(u": the program is not loaded") : Tx(u" in the program's global statements")));
+  }
+  for (const char16_t* n : {u"WizFpa", u"LtrCd", u"DrvCd", u"DirPgm", u"DirBas"}) {
+    Tx v = Tx(n) == u"WizFpa" ? fic_ : Tx(n) == u"DirPgm" ? dirPgm_ : Tx();
+    h_.ExeCmd(Tx(n) + u"=" + TxAspPut(v), ok);
+  }
+}
+
+// Calls of "Wiz" on one program line: operations the library lacks, and property
+// words of CmpVarAlt that change nothing. Texts and comments are passed over.
+void Chk::PgmWiz(const Tx& l, int32_t num) {
+  size_t i = 0, n = l.size();
+  auto idc = [](char16_t c) { return c == u'_' || (c >= u'0' && c <= u'9') || ((c | 0x20) >= u'a' && (c | 0x20) <= u'z'); };
+  auto esp = [&](size_t& k) { while (k < n && (l[k] == u' ' || l[k] == u'\t')) k++; };
+  while (i < n) {
+    char16_t c = l[i];
+    if (c == u'"') {
+      for (i++; i < n; i++)
+        if (l[i] == u'"' && !(i + 1 < n && l[i + 1] == u'"')) break;
+        else if (l[i] == u'"') i++;
+      i++;
+      continue;
+    }
+    if (c == u'\'') return;
+    if (!idc(c) || (i > 0 && (idc(l[i - 1]) || l[i - 1] == u'.'))) {
+      i++;
+      continue;
+    }
+    size_t a = i;
+    while (i < n && idc(l[i])) i++;
+    Tx w = l.substr(a, i - a);
+    if (vbs::EqNoCase(w, u"Rem")) return;
+    if (!vbs::EqNoCase(w, u"Wiz")) continue;
+    size_t k = i;
+    esp(k);
+    if (k >= n || l[k] != u'.') continue;
+    k++;
+    esp(k);
+    size_t b = k;
+    while (k < n && idc(l[k])) k++;
+    Tx op = l.substr(b, k - b);
+    i = k;
+    if (op.empty()) continue;
+    bool tem = std::any_of(std::begin(kOps), std::end(kOps), [&](const char16_t* s) { return vbs::EqNoCase(op, s); });
+    if (!tem) {
+      Ach(num, true, u"\"Wiz\" has no operation " + Aspa(op) + u": the call fails and the script goes on without it");
+      continue;
+    }
+    if (!vbs::EqNoCase(op, u"CmpVarAlt")) continue;
+    // The second argument, when it is a text written in the call.
+    int prof = 0, arg = 0;
+    size_t ini = k;
+    Tx pal;
+    bool lit = false;
+    for (size_t j = k; j <= n; j++) {
+      char16_t d = j < n ? l[j] : u',';
+      if (d == u'"') {
+        size_t s = j;
+        for (j++; j < n && !(l[j] == u'"' && !(j + 1 < n && l[j + 1] == u'"')); j++)
+          if (l[j] == u'"') j++;
+        if (arg == 1 && TxTrim(l.substr(ini, s - ini)).find_first_not_of(u"(") == Tx::npos) {
+          pal = l.substr(s + 1, j - s - 1);
+          lit = true;
+        }
+        continue;
+      }
+      if (d == u'(') prof++;
+      if (d == u')') prof--;
+      if ((d == u',' && prof <= 1) || j == n || d == u'\'') {
+        if (arg == 1) break;
+        arg++;
+        ini = j + 1;
+        lit = false;
+      }
+    }
+    if (!lit) continue;
+    if (pal == u"COR")
+      Ach(num, false, u"CmpVarAlt with \"COR\" has no effect: it answers 0 and the control keeps its colours");
+    else if (pal == u"ALN")
+      Ach(num, false, u"CmpVarAlt with \"ALN\" sets \"Align\", which the controls do not have: it answers 0 and changes nothing");
+    else if (!Em(pal, kPrpAlt) && Em(TxMaiTrm(pal), kPrpAlt))
+      Ach(num, false, u"the property word " + Aspa(pal) + u" of CmpVarAlt must be written in capitals: the call does nothing");
+    else if (!Em(pal, kPrpAlt))
+      Ach(num, false, Aspa(pal) + u" is not a property word of CmpVarAlt (POS, DIM, FON, COR, ALN, SIT, TXT, CHK): the call does nothing");
+  }
+}
+
+// One group, as the engine takes it.
+void Chk::Grp(const Tx& ide, const Tx& tip, int16_t n, int g) {
+  int32_t lin = o_.zonLin;
+  if (ide == u"DEF") {
+    Def();
+  } else if (ide == u"VAR" || ide == u"PON" || ide == u"ZON") {
+    Zon(ide == u"VAR" ? u"V" : ide == u"PON" ? u"P" : u"Z", n, g);
+  } else if (ide == u"PAG") {
+    Pag p;
+    p.lin = lin;
+    p.ide = Row(u"IDE");
+    p.img = Row(u"Img");
+    p.ent = Row(u"FxPagEnt");
+    p.sai = Row(u"FxPagSai");
+    Img(p.img, u"the page");
+    pag_.push_back(p);
+  } else if (ide == u"TRA") {
+    Tra t;
+    t.tem = true;
+    t.lin = lin;
+    t.ide = Row(u"IDE");
+    t.pos = Row(u"POS");
+    t.tip = Row(u"TRATIP");
+    t.pag = Row(u"TRAPAG");
+    t.fx = Row(u"TRAFX");
+    Tx w = TxMaiTrm(t.ide.tx);
+    Tx k = TxMaiTrm(t.tip.tx);
+    int slot = 0;
+    for (int s = 1; s <= 4; s++)
+      if (w == kPalBot[s]) slot = s;
+    if (pag_.empty())
+      Ach(lin, true, u"\"TRA\" before the first \"PAG\": it belongs to no page and is lost");
+    if (slot == 0) {
+      Ach(t.ide.lin, true, u"transition word " + Aspa(t.ide.tx) + u" is not ANT, SEG, CNF or CAN: the group is dropped");
+      return;
+    }
+    if (t.ide.tx != kPalBot[slot] && t.pos.tx.empty())
+      Ach(t.ide.lin, false, u"transition word " + Aspa(t.ide.tx) + u" with an empty \"POS\": the point \"AUT_TraPos" +
+                                Tx(kPalBot[slot]).substr(0, 1) + TxMin(Tx(kPalBot[slot]).substr(1)) +
+                                u"\" is looked up only for the word in capitals, so the button stands at 0, 0");
+    if (!k.empty() && k != u"PAG" && k != u"FX" && k != u"FIM")
+      Ach(t.tip.lin, false, u"unknown transition kind " + Aspa(t.tip.tx) + u": the button does what it does by default");
+    if (k == u"FIM" && slot != 4)
+      Ach(t.tip.lin, false, u"the kind \"FIM\" means something only on \"CAN\": this button does what it does by default");
+    if (!pag_.empty()) pag_.back().tra[size_t(slot)] = t;
+  } else if (ide == u"CMP") {
+    Cmp c;
+    c.lin = lin;
+    c.tip = Row(u"Tip");
+    c.ide = Row(u"Ide");
+    c.pos = Row(u"Pos");
+    c.dim = Row(u"Dim");
+    c.txt = Row(u"Txt");
+    if (pag_.empty())
+      Ach(lin, true, u"\"CMP\" before the first \"PAG\": its control belongs to no page and is never shown");
+    cmp_.push_back(c);
+  } else if (ide == u"VBS") {
+    Pgm(tip, lin);
+  } else {
+    Ach(lin, false, u"group " + Aspa(ide) + u" is not one the wizard reads: it is skipped");
+  }
+}
+
+// The calculation after group g: "xMax", "yMax", then every line in file order. The
+// values each line has after its own group are kept, to compare with the last pass.
+void Chk::Calc(int g) {
+  int16_t ok = 0;
+  if (dimX_.EhTx() || dimY_.EhTx()) return;  // "AUTO": the engine fails here (found already)
+  h_.ExeCmd(u"xMax=" + TxVar(Var(dimX_.Num() / kTwp)), ok);
+  h_.ExeCmd(u"yMax=" + TxVar(Var(dimY_.Num() / kTwp)), ok);
+  for (Zpo& z : zpo_) {
+    z.ok.assign(z.stm.size(), 0);
+    z.err.assign(z.stm.size(), Tx());
+    for (size_t k = 0; k < z.stm.size(); k++) {
+      h_.ExeCmd(z.stm[k], z.ok[k]);
+      if (z.ok[k] != 1) z.err[k] = sc_->Error().Description;
+    }
+    if (z.grp != g) continue;
+    z.pri.clear();
+    for (const Tx& nm : z.nom) {
+      Var r;
+      int16_t k = 0;
+      h_.ExeCalc(nm, r, k);
+      z.pri.push_back(TxVar(r));
+    }
+  }
+}
+
+// A procedure named by the file, and the arguments the wizard calls it with.
+void Chk::Fx(const Val& v, const Tx& quem, int args, bool fun) {
+  if (v.tx.empty() || !pgmOk_) return;
+  const vbs::ProcInfo* p = sc_->Procedure(TxTrim(v.tx));
+  if (!p) {
+    Ach(v.lin, true, quem + u" names no procedure " + Aspa(v.tx) + u" of the program: the call does nothing");
+    return;
+  }
+  if (p->NumArgs != args)
+    Ach(v.lin, true, quem + u" calls " + Aspa(p->Name) + u" with " + Num(args) + u" argument" + (args == 1 ? u"" : u"s") +
+                         u", and it takes " + Num(p->NumArgs) + u": the call fails");
+  else if (fun && !p->HasReturnValue)
+    Ach(v.lin, true, quem + u" takes the next page from the value of " + Aspa(p->Name) + u", which is a Sub: the wizard ends at once");
+}
+
+// What can be judged once the whole file is read.
+void Chk::Fim() {
+  int16_t ok = 0;
+  // The last calculation: statements it refuses, values right only after a later group.
+  for (const Zpo& z : zpo_) {
+    for (size_t k = 0; k < z.ok.size(); k++) {
+      if (z.ok[k] != 1) {
+        Ach(z.lin, true, u"the script engine refuses " + Aspa(z.stm[k]) + u" (" + z.err[k] + u"): " + z.nom[k] +
+                             u" stays as it was");
+        continue;
+      }
+      Var r;
+      int16_t e = 0;
+      h_.ExeCalc(z.nom[k], r, e);
+      if (k < z.pri.size() && z.pri[k] != TxVar(r))
+        Ach(z.lin, false, z.nom[k] + u" is right only after a later group's calculation: " + Aspa(z.pri[k]) +
+                              u" after its own group, " + Aspa(TxVar(r)) + u" at the end");
+    }
+  }
+  if (pag_.empty()) Ach(1, true, u"no \"PAG\" group: the wizard ends before its window shows");
+  for (size_t i = 0; i < pag_.size(); i++) {
+    const Pag& p = pag_[i];
+    for (size_t j = 0; j < i; j++)
+      if (TxMaiTrm(pag_[j].ide.tx) == TxMaiTrm(p.ide.tx)) {
+        Ach(p.ide.lin, false, u"page identifier " + Aspa(p.ide.tx) + u" is also the page of line " + Num(pag_[j].lin) +
+                                  u": transitions to it find that one");
+        break;
+      }
+    Fx(p.ent, u"\"FxPagEnt\"", 0, false);
+    Fx(p.sai, u"\"FxPagSai\"", 0, false);
+    for (int s = 1; s <= 4; s++) {
+      const Tra& t = p.tra[size_t(s)];
+      if (!t.tem) continue;
+      Tx k = TxMaiTrm(t.tip.tx);
+      if (k == u"PAG") {
+        Tx alvo = TxMaiTrm(t.pag.tx);
+        bool ach = std::any_of(pag_.begin(), pag_.end(), [&](const Pag& q) { return TxMaiTrm(q.ide.tx) == alvo; });
+        if (!ach)
+          Ach(t.pag.lin ? t.pag.lin : t.lin, true, u"\"TRAPAG\" names no page " + Aspa(t.pag.tx) +
+                                                       u": this button ends the wizard at once");
+      } else if (k == u"FX") {
+        if (t.fx.tx.empty())
+          Ach(t.lin, true, u"the kind \"FX\" with no \"TRAFX\": the button calls nothing");
+        else
+          Fx(t.fx, u"\"TRAFX\" of " + Tx(kPalBot[s]), s <= 2 ? 1 : 0, s == 2);
+      }
+      bool dflt = k != u"PAG" && k != u"FX";
+      if (s == 2 && dflt && i + 1 == pag_.size())
+        Ach(t.lin, true, u"the last page's \"SEG\" goes on to the next page, which does not exist: the wizard ends at once, without \"FxFim\"");
+      if (s == 1 && dflt && k != u"FIM" && i == 0)
+        Ach(t.lin, false, u"\"ANT\" on the first page goes back past the first visit: the wizard ends at once, without \"FxFim\"");
+    }
+  }
+  // Components: their kinds, their files, their expressions at the last calculation.
+  bool opc = false;
+  for (const Cmp& c : cmp_) {
+    const Tx& t = c.tip.tx;
+    if (t == u"OPC") opc = true;
+    if (t == u"OPCTXT" && !opc)
+      Ach(c.tip.lin, true, u"\"OPCTXT\" before any \"OPC\": no option group holds it, and the wizard fails to start");
+    if (!Em(t, kTipCmp)) {
+      if (Em(TxMaiTrm(t), kTipCmp))
+        Ach(c.tip.lin, true, u"component type " + Aspa(t) + u" must be written in capitals: no control is made");
+      else
+        Ach(c.tip.lin ? c.tip.lin : c.lin, true, u"unknown component type " + Aspa(t) + u": no control is made");
+    }
+    const Tx& x = c.txt.tx;
+    if (t == u"RTF" && x.size() >= 2 && x.front() == u'[' && x.back() == u']') {
+      Tx f = DirExp(x.substr(1, x.size() - 2));
+      if (FicExi(f) != 1)
+        Ach(c.txt.lin, true, u"rich-text file " + Aspa(f) + u" does not exist: the box stays empty");
+    }
+    if (t == u"OPCTXT") continue;  // its place and size have no effect
+    for (const Val* v : {&c.pos, &c.dim}) {
+      Tx a, b;
+      TxDiv1(v->tx, u",", a, b);
+      for (const Tx& e : {a, b}) {
+        if (TxTrim(e).empty()) continue;
+        Var r;
+        h_.ExeCalc(e, r, ok);
+        if (ok != 1)
+          Ach(v->lin, true, u"the script engine refuses the expression " + Aspa(TxTrim(e)) + u" (" +
+                                sc_->Error().Description + u"): that coordinate is not set");
+      }
+    }
+  }
+}
+
+std::vector<Achado> Chk::Exe() {
+  std::filesystem::path p = std::filesystem::absolute(std::filesystem::path(TxUtf8(fic_)));
+  fic_ = TxDeUtf8(p.string());
+  dirPgm_ = TxDeUtf8(p.parent_path().string());
+  Tx lc;
+  for (const Tx& w : pal_) lc += (lc.empty() ? Tx() : Tx(u" ")) + w;
+  TdaOpc::LcLin = lc;
+  h_.VbsSupPrp(Var(), sc_);
+  int16_t ok = 0;
+  h_.RegObPrp(u"N", u"Wiz", VbsObVar(new WizMudo), ok);
+  h_.VbsIni();
+  o_.ZonIni(fic_, u"");
+  int g = 0;
+  for (;;) {
+    Tx ide, tip, des;
+    int16_t n = 0;
+    o_.ZonSeg(ide, tip, n, des);
+    if (ide.empty()) break;
+    Grp(ide, tip, n, ++g);
+    Calc(g);
+  }
+  o_.ZonFim();
+  Fim();
+  std::stable_sort(ach_.begin(), ach_.end(), [](const Achado& a, const Achado& b) { return a.lin < b.lin; });
+  return ach_;
+}
+
+}  // namespace
+
+std::vector<Achado> ChkFic(const Tx& fic, const std::vector<Tx>& pal) {
+  Chk c(fic, pal);
+  return c.Exe();
+}
+
+}  // namespace zw::chk

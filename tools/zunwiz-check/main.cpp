@@ -1,0 +1,74 @@
+// zunwiz-check: `zunwiz-check [--json] FILE [KEY=value ...]` reads a wizard file as
+// the engine does and reports, compiler style, what would go wrong or silently
+// differ from what the author meant: "FILE:LINE: error|warning: message". Exit
+// status 0 when no error was found, 1 otherwise, 2 when the file can't be read,
+// 64 for a usage error.
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <vector>
+#include "Chk.h"
+#include "FicGlb.h"
+#include "TxtGlb.h"
+
+using namespace zw;
+
+namespace {
+
+// A JSON string of a text, UTF-8.
+std::string Js(const Tx& t) {
+  std::string r = "\"";
+  for (unsigned char c : TxUtf8(t)) {
+    if (c == '"' || c == '\\') {
+      r += '\\';
+      r += char(c);
+    } else if (c < 0x20) {
+      char b[8];
+      std::snprintf(b, sizeof b, "\\u%04x", c);
+      r += b;
+    } else {
+      r += char(c);
+    }
+  }
+  return r + "\"";
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  bool json = false;
+  std::vector<Tx> pal;
+  Tx fic;
+  for (int i = 1; i < argc; i++) {
+    if (std::strcmp(argv[i], "--json") == 0 && fic.empty())
+      json = true;
+    else if (fic.empty())
+      fic = TxDeUtf8(argv[i]);
+    else
+      pal.push_back(TxDeUtf8(argv[i]));
+  }
+  if (fic.empty()) {
+    std::fputs("usage: zunwiz-check [--json] FILE [KEY=value ...]\n", stderr);
+    return 64;
+  }
+  if (FicExi(fic) != 1) {
+    std::fprintf(stderr, "zunwiz-check: cannot read %s\n", TxUtf8(fic).c_str());
+    return 2;
+  }
+  std::vector<chk::Achado> ach = chk::ChkFic(fic, pal);
+  bool erro = false;
+  std::string nome = TxUtf8(fic);
+  if (json) std::fputs("[", stdout);
+  for (size_t i = 0; i < ach.size(); i++) {
+    const chk::Achado& a = ach[i];
+    erro = erro || a.erro;
+    if (json) {
+      std::printf("%s\n  {\"file\": %s, \"line\": %d, \"severity\": \"%s\", \"message\": %s}", i ? "," : "",
+                  Js(fic).c_str(), int(a.lin), a.erro ? "error" : "warning", Js(a.msg).c_str());
+    } else {
+      std::printf("%s:%d: %s: %s\n", nome.c_str(), int(a.lin), a.erro ? "error" : "warning", TxUtf8(a.msg).c_str());
+    }
+  }
+  if (json) std::fputs(ach.empty() ? "]\n" : "\n]\n", stdout);
+  return erro ? 1 : 0;
+}
