@@ -85,6 +85,7 @@ void Caso(const char* nome, const std::string& org, const std::string& base, int
 }  // namespace
 
 int main(int argc, char** argv) {
+  setvbuf(stdout, nullptr, _IOLBF, 0);
   std::string pasta = argc > 1 ? argv[1] : "/var/tmp";
   int ficheiros = argc > 2 ? std::atoi(argv[2]) : 20000;
   long mib = argc > 3 ? std::atol(argv[3]) : 1024;
