@@ -170,9 +170,12 @@ struct Run final : MsgDlg {
     return r;
   }
 
-  void Prompt(const char* o_que) {
+  // At a terminal, says what answer is awaited: a click, or the box shown.
+  void Prompt(const char* o_que, const Tx& caixa = Tx()) {
     if (!opc.rspTerm) return;
-    std::string m = "zunwiz-run " + (pagIdx ? TxUtf8(Pag()) : std::string()) + " " + o_que + "> ";
+    std::string m = "zunwiz-run " + (pagIdx ? TxUtf8(Pag()) : std::string()) + " " + o_que;
+    if (!caixa.empty()) m += " " + TxUtf8(caixa);
+    m += "> ";
     std::fputs(m.c_str(), stderr);
     std::fflush(stderr);
   }
@@ -195,7 +198,7 @@ struct Run final : MsgDlg {
     const bool pal = MsgDlgPal();
     int cod = MsgRespOmissao(estilo);
     if (n > 1) {
-      Prompt("box");
+      Prompt("box", RunAsp(titulo) + u" " + RunAsp(texto));
       const RunRsp* r = Prox();
       if (r && r->k == RunRsp::K::Box) {
         // The result word names a button: 1 OK or Yes, 0 No, -1 Cancel; any
@@ -224,7 +227,7 @@ struct Run final : MsgDlg {
   void Bip() override {}
 
   bool Entrada(const Tx& titulo, const Tx& pergunta, const Tx& omissao, Tx& resposta) override {
-    Prompt("input");
+    Prompt("input", RunAsp(titulo) + u" " + RunAsp(pergunta));
     const RunRsp* r = Prox();
     bool ok = true;
     resposta = omissao;
