@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include "MsgDlg.h"
@@ -87,10 +88,20 @@ TEST(ZunWizRun, MissingOptionFileShowsTheBoxAndEnds) {
 // An option file that exists: the run ends by itself, quietly, with status 0.
 TEST(ZunWizRun, ExistingOptionFileEndsNormally) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  fs::path d = fs::temp_directory_path() / "zw-app-test" / "run-ok";
+  // The death test's child runs this body again: it takes the parent's folder
+  // from the environment instead of making one of its own.
+  fs::path d;
+  if (const char* pai = std::getenv("ZW_TEST_RUN_OK")) {
+    d = pai;
+  } else {
+    char modelo[] = "/tmp/zw-run-ok-XXXXXX";
+    d = mkdtemp(modelo);
+    setenv("ZW_TEST_RUN_OK", d.c_str(), 1);
+  }
   fs::create_directories(d);
   std::ofstream(d / "ZunWiz.par") << "[DEF]\n";
   Tx dir = TxDeUtf8(d.string());
   EXPECT_EXIT(Corre(dir, u""), testing::ExitedWithCode(0), "^$");
+  unsetenv("ZW_TEST_RUN_OK");
   fs::remove_all(d);
 }

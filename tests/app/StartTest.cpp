@@ -1,6 +1,7 @@
 // The start-up: where the option file is looked for, what its folder gives, and
 // the order of the attempt loop.
 #include <gtest/gtest.h>
+#include <unistd.h>
 #include <deque>
 #include <filesystem>
 #include <fstream>
@@ -39,9 +40,14 @@ struct ComGrava {
   ~ComGrava() { MsgDlgDef(nullptr); }
 };
 
-// A fresh folder under the system's temporary folder.
+// A fresh folder under a temporary folder of this process's own, so that runs
+// side by side on one machine do not share it.
 fs::path DirTmp(const char* nome) {
-  fs::path d = fs::temp_directory_path() / "zw-app-test" / nome;
+  static const struct Raiz {
+    fs::path p = fs::temp_directory_path() / ("zw-app-test-" + std::to_string(getpid()));
+    ~Raiz() { fs::remove_all(p); }
+  } raiz;
+  fs::path d = raiz.p / nome;
   fs::create_directories(d);
   return d;
 }
