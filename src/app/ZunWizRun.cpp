@@ -180,13 +180,13 @@ struct Run final : MsgDlg {
     std::fflush(stderr);
   }
 
+  // A shot named by its number and a name; separators in the name become "_".
   void Foto(const QPixmap& px, const Tx& nome) {
     if (opc.fotos.empty()) return;
     foto++;
-    QString f = QStringLiteral("%1/%2-%3.png")
-                    .arg(QsTx(opc.fotos))
-                    .arg(foto, 2, 10, QLatin1Char('0'))
-                    .arg(QsTx(nome));
+    QString n = QsTx(nome);
+    n.replace(u'/', u'_').replace(u'\\', u'_');
+    QString f = QStringLiteral("%1/%2-%3.png").arg(QsTx(opc.fotos)).arg(foto, 2, 10, QLatin1Char('0')).arg(n);
     px.save(f, "PNG");
   }
 

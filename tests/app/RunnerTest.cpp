@@ -2,6 +2,8 @@
 // are answered and traced, how an entered page is traced with its controls, and
 // how answers that do not fit end the process.
 #include <gtest/gtest.h>
+#include <QDir>
+#include <QImage>
 #include <QPushButton>
 #include <cstdio>
 #include <sstream>
@@ -21,10 +23,11 @@ namespace {
 struct RunTeste {
   std::istringstream rsp;
   std::FILE* trc = std::tmpfile();
-  explicit RunTeste(const std::string& ans) : rsp(ans) {
+  explicit RunTeste(const std::string& ans, const Tx& fotos = Tx()) : rsp(ans) {
     RunOpc o;
     o.rsp = &rsp;
     o.trc = trc;
+    o.fotos = fotos;
     ZunWizRunIni(o);
   }
   ~RunTeste() {
@@ -205,4 +208,23 @@ TEST(RunDeath, AnswersThatDoNotFitEndTheRun) {
         ZunWizRunFim(0);
       },
       testing::ExitedWithCode(kSaiRsp), "answers line 1, before the first page: answers are left over");
+}
+
+// Shots are numbered in the order taken: a page by its identifier (its index
+// when it has none, a separator made harmless), a box as "box".
+TEST(RunShots, EachPageAndBoxGivesANumberedPicture) {
+  QtApp();
+  const QString dir = QDir::temp().filePath(QStringLiteral("zw-shots-%1").arg(QCoreApplication::applicationPid()));
+  {
+    RunTeste t("", TxQs(dir));
+    ZunWizAsp a;
+    a.PagEnt(1, u"INI");
+    MsgDlgAct().Caixa(kMsgOk, u"t", u"x");
+    a.PagEnt(2, Tx());
+    a.PagEnt(3, u"a/b");
+  }
+  QStringList fic = QDir(dir).entryList(QDir::Files, QDir::Name);
+  EXPECT_EQ(fic, QStringList({"01-INI.png", "02-box.png", "03-2.png", "04-a_b.png"}));
+  EXPECT_EQ(QImage(dir + QStringLiteral("/01-INI.png")).size(), QSize(554, 398));
+  QDir(dir).removeRecursively();
 }
