@@ -11,37 +11,47 @@
 
 namespace vbs {
 
+// The instruction set, one X(name) per opcode: the enum and the machine's dispatch
+// table are both generated from this list, so they cannot fall out of step.
+#define VBS_OPS(X) \
+  /* stack */ \
+  X(oPushK) X(oPushI) X(oPushE) X(oPop) X(oMe) \
+  /* variables by addressing mode (b holds the mode: see Md) */ \
+  X(oLd) X(oSt) X(oSet) X(oRef) \
+  X(oLdL) X(oStL)   /* locals, the common case */ \
+  X(oLdG) X(oStG)   /* globals */ \
+  X(oKeep)          /* stores the top in local a as it is (an expression's result) */ \
+  X(oRefIx)         /* name(i...) as an argument: an element of an array by reference, else as oCall */ \
+  X(oCall)          /* name with argc arguments (c): procedure call, array element or default member */ \
+  X(oCallB)         /* built-in a with argc (c) */ \
+  X(oCallV)         /* value on the stack under argc arguments: element or default member */ \
+  X(oStIx)          /* value, then argc indexes: x(i) = value (mode b, name a, argc c) */ \
+  X(oSetIx) \
+  X(oMGet) X(oMCall) X(oMLet) X(oMSet)  /* member a (constant pool name) of an object, argc c */ \
+  X(oNew)           /* a: class name (constant pool) */ \
+  /* operators; a comparison's b tells which side is a literal (1 left, 2 right) */ \
+  X(oAdd) X(oSub) X(oMul) X(oDiv) X(oIDiv) X(oMod) X(oPow) X(oNeg) X(oNot) \
+  X(oAnd) X(oOr) X(oXor) X(oEqv) X(oImp) X(oCat) \
+  X(oEq) X(oNe) X(oLt) X(oGt) X(oLe) X(oGe) X(oIs) \
+  X(oAppend)        /* x = x & value, in place when x holds the only reference (mode b, name a) */ \
+  /* control */ \
+  X(oJmp) X(oJf) X(oJt) \
+  X(oForPrep) X(oForNext)  /* var (mode b, a); c = hidden slot of limit (step at c + 1); next: jump target in a */ \
+  X(oFePrep) X(oFeNext)    /* var (mode b, a); c = hidden slots of items and position; jump target follows */ \
+  X(oCaseEq)        /* compares a hidden slot (a) with the top, pushes the result; b as for comparisons */ \
+  X(oRet) \
+  X(oOnErr)         /* a: 1 Resume Next, 0 GoTo 0 */ \
+  X(oErase) X(oReDim)  /* mode b, name a, c = dims; ReDim: a following oWord holds Preserve in a */ \
+  X(oExec)          /* a: 0 Execute, 1 ExecuteGlobal; text on the stack */ \
+  X(oFail)          /* raises run-time error a (code that compiles but cannot run) */ \
+  X(oWord)          /* an operand word of the instruction before */ \
+  X(oNop)
+
 enum Op : uint16_t {
-  // stack
-  oPushK, oPushI, oPushE, oPop, oMe,
-  // variables by addressing mode (b holds the mode: see Md)
-  oLd, oSt, oSet, oRef,
-  oLdL, oStL,  // locals, the common case
-  oLdG, oStG,  // globals
-  oKeep,       // stores the top in local a as it is (an expression's result)
-  oRefIx,      // name(i...) as an argument: an element of an array by reference, else as oCall
-  oCall,       // name with argc arguments (c): procedure call, array element or default member
-  oCallB,      // built-in a with argc (c)
-  oCallV,      // value on the stack under argc arguments: element or default member
-  oStIx,       // value, then argc indexes: x(i) = value (mode b, name a, argc c)
-  oSetIx,
-  oMGet, oMCall, oMLet, oMSet,  // member a (constant pool name) of an object, argc c
-  oNew,        // a: class name (constant pool)
-  // operators
-  oAdd, oSub, oMul, oDiv, oIDiv, oMod, oPow, oNeg, oNot, oAnd, oOr, oXor, oEqv, oImp, oCat,
-  oEq, oNe, oLt, oGt, oLe, oGe, oIs,
-  oAppend,     // x = x & value, in place when x holds the only reference (mode b, name a)
-  // control
-  oJmp, oJf, oJt,
-  oForPrep, oForNext,  // var (mode b, a); c = hidden slot of limit (step at c + 1); next: jump target in a
-  oFePrep, oFeNext,    // var (mode b, a); c = hidden slots of items and position; jump target follows
-  oCaseEq,             // compares a hidden slot (a) with the top, pushes the result
-  oRet,
-  oOnErr,              // a: 1 Resume Next, 0 GoTo 0
-  oErase, oReDim,      // mode b, name a, c = dims; ReDim: a following oPushI-free word holds Preserve in a
-  oExec,               // a: 0 Execute, 1 ExecuteGlobal; text on the stack
-  oWord,               // an operand word of the instruction before
-  oNop,
+#define VBS_OP_ENUM(n) n,
+  VBS_OPS(VBS_OP_ENUM)
+#undef VBS_OP_ENUM
+  kNumOps
 };
 
 // Addressing modes of a name.
@@ -80,6 +90,7 @@ struct Proc {
   bool anyByval = false;
   int nslots = 0;      // arguments, result, locals, hidden slots
   int result = -1;     // slot of the result (Function, Property Get)
+  int maxStack = 0;    // the most values its expressions hold on the stack at once
   std::vector<Tx> slotNames;
   struct ArrInit { uint16_t mode; int32_t idx; std::vector<int32_t> ub; };
   std::vector<ArrInit> arrays;  // fixed arrays made on entry

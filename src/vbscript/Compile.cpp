@@ -3,6 +3,7 @@
 // (a.b(1).c) is read, assigned, called or passed by reference depending on what
 // follows it. Names are left unresolved until the whole text is read, since a
 // Dim or a procedure may come after its first use.
+#include <cmath>
 #include <deque>
 #include "Builtins.h"
 #include "Engine.h"
@@ -107,8 +108,20 @@ class Parser {
   bool IsWord(const char16_t* w) const { return Cur().k == tId && EqNoCase(Cur().s, w); }
   void Want(Kw k, int err) { if (!IsKw(k)) Fail(err); Next(); }
   void WantOp(char16_t c, int err) { if (!IsOp(c)) Fail(err); Next(); }
+  // The end of a statement: a line end or ":", an Else of a one-line If, or an
+  // End, which may close a block on the line of its last statement.
   bool AtEnd() const {
-    return Cur().k == tNl || Cur().k == tEof || (inSingleIf && Cur().k == tKw && Cur().kw == kElse);
+    return Cur().k == tNl || Cur().k == tEof ||
+           (Cur().k == tKw && (Cur().kw == kEnd || (inSingleIf && Cur().kw == kElse)));
+  }
+  // "End <kw>" at the current token.
+  bool AtEndOf(Kw k) const { return IsKw(kEnd) && Peek().k == tKw && Peek().kw == k; }
+  // "Property Get/Let/Set": a property's header rather than a name.
+  bool PropHead(int at = 0) const {
+    const Tok& t = Peek(at);
+    const Tok& n = Peek(at + 1);
+    return t.k == tKw && t.kw == kProperty &&
+           ((n.k == tId && (EqNoCase(n.s, u"Get") || EqNoCase(n.s, u"Let"))) || (n.k == tKw && n.kw == kSet));
   }
   void SkipNl() { while (Cur().k == tNl) Next(); }
   void EndStmt() {
@@ -116,8 +129,9 @@ class Parser {
     if (Cur().k != tNl) Fail(1025);
     SkipNl();
   }
+  // A name; "Property" is reserved only in a property's header.
   Tx Ident() {
-    if (Cur().k != tId) Fail(1010);
+    if (Cur().k != tId && !IsKw(kProperty)) Fail(1010);
     Tx s = Cur().s;
     Next();
     return s;
@@ -206,6 +220,7 @@ class Parser {
   Ex* Binary(int level) {
     if (level == 5) {
       if (IsKw(kNot)) {
+        Nest guard(*this);
         Ex* e = New(Ex::Un);
         Next();
         e->op = opNot;
@@ -227,39 +242,35 @@ class Parser {
     return l;
   }
 
-  Ex* Unary() {
-    Nest guard(*this);
-    if (IsOp('-') || IsOp('+')) {
-      bool neg = IsOp('-');
-      Ex* e = New(Ex::Un);
+  // Negation binds tighter than "^": -3 ^ 2 is 9, 2 ^ -1 is 0.5. A run of signs
+  // is read in a loop, so that a long one costs no stack.
+  Ex* Unary() { return Power(); }
+
+  Ex* Signed() {
+    int line = Cur().line, col = Cur().col;
+    bool neg = false;
+    while (IsOp('-') || IsOp('+')) {
+      if (IsOp('-')) neg = !neg;
       Next();
-      Ex* x = Unary();
-      if (!neg) return x;
-      e->op = '-';
-      e->a = x;
-      return e;
     }
-    return Power();
+    Ex* x = Postfix();
+    if (!neg) return x;
+    Ex* e = New(Ex::Un);
+    e->op = '-';
+    e->a = x;
+    e->line = line;
+    e->col = col;
+    return e;
   }
 
   Ex* Power() {
-    Ex* l = Postfix();
+    Ex* l = Signed();
     while (IsOp('^')) {
       Ex* e = New(Ex::Bin);
       Next();
       e->op = '^';
       e->a = l;
-      // the exponent may carry its own sign: 2 ^ -1
-      int signs = 0;
-      Ex* sgn = nullptr;
-      while (IsOp('-') || IsOp('+')) {
-        if (IsOp('-')) ++signs;
-        if (!sgn) sgn = New(Ex::Un);
-        Next();
-      }
-      Ex* r = Postfix();
-      if (signs & 1) { sgn->op = '-'; sgn->a = r; r = sgn; }
-      e->b = r;
+      e->b = Signed();
       l = e;
     }
     return l;
@@ -305,6 +316,8 @@ class Parser {
             e = New(Ex::Me); Next(); return e;
           case kNew:
             e = New(Ex::New); Next(); e->name = Ident(); return e;
+          case kProperty:
+            e = New(Ex::Name); e->name = t.s; Next(); return e;
           default: break;
         }
         break;
@@ -317,7 +330,6 @@ class Parser {
           return e;
         }
         if (t.op == '.') {
-          if (withs.empty()) Fail(1002);
           e = New(Ex::Mem);
           Next();
           e->name = MemberName();
@@ -340,6 +352,8 @@ class Parser {
         e = m;
       } else if (IsOp('(') && e->k != Ex::Lit && e->k != Ex::New) {
         int at = int(p);
+        // (f)(x) calls f, as f(x) does
+        if (e->k == Ex::Paren && e->a->k == Ex::Name && !e->a->call) e = e->a;
         if ((e->k == Ex::Name || e->k == Ex::Mem) && !e->call) {
           e->call = true;
           e->parenPos = at;
@@ -359,7 +373,22 @@ class Parser {
   }
 
   // ---------------------------------------------------------------- expression code
+  // How deep the value stack gets: sd_ values lie on it while the code being
+  // generated runs, and the procedure's frame reserves its deepest point.
+  int sd_ = 0;
+  void Peak(int n) { P->maxStack = std::max(P->maxStack, sd_ + n); }
+  // Code for values that stay on the stack one above the other (arguments, indexes).
+  void GenAll(const std::vector<Ex*>& xs, bool asArgs) {
+    for (Ex* x : xs) {
+      if (asArgs) Arg(x);
+      else Gen(x);
+      ++sd_;
+    }
+    sd_ -= int(xs.size());
+  }
+
   void Gen(Ex* e) {
+    Peak(1);
     switch (e->k) {
       case Ex::Lit:
         if (e->lit.t == vtInteger) Emit(oPushI, e->lit.i);
@@ -376,7 +405,7 @@ class Parser {
             Emit(oExec, 2);
             return;
           }
-          for (Ex* x : e->args) Arg(x);
+          GenAll(e->args, true);
           EmitName(oCall, e->name, int32_t(e->args.size()));
         } else {
           EmitName(oLd, e->name);
@@ -384,12 +413,16 @@ class Parser {
         return;
       case Ex::Mem:
         Obj0(e);
-        for (Ex* x : e->args) Arg(x);
+        ++sd_;
+        GenAll(e->args, true);
+        --sd_;
         Emit(oMGet, K(Value(e->name)), 0, int32_t(e->args.size()));
         return;
       case Ex::Idx:
         Gen(e->a);
-        for (Ex* x : e->args) Arg(x);
+        ++sd_;
+        GenAll(e->args, true);
+        --sd_;
         Emit(oCallV, 0, 0, int32_t(e->args.size()));
         return;
       case Ex::Me:
@@ -412,49 +445,82 @@ class Parser {
         Emit(e->op == '-' ? oNeg : oNot);
         return;
       case Ex::Bin: {
-        Gen(e->a);
-        Gen(e->b);
-        uint16_t op = oNop;
-        switch (e->op) {
-          case '+': op = oAdd; break;
-          case '-': op = oSub; break;
-          case '*': op = oMul; break;
-          case '/': op = oDiv; break;
-          case '\\': op = oIDiv; break;
-          case '^': op = oPow; break;
-          case '&': op = oCat; break;
-          case '=': op = oEq; break;
-          case 'n': op = oNe; break;
-          case '<': op = oLt; break;
-          case '>': op = oGt; break;
-          case 'l': op = oLe; break;
-          case 'g': op = oGe; break;
-          case opIs: op = oIs; break;
-          case opMod: op = oMod; break;
-          case opAnd: op = oAnd; break;
-          case opOr: op = oOr; break;
-          case opXor: op = oXor; break;
-          case opEqv: op = oEqv; break;
-          case opImp: op = oImp; break;
+        // a chain a + b + c ... nests to the left as deep as it is long: walk
+        // its left spine in a loop, so that only the right operands recurse
+        std::vector<Ex*> spine;
+        Ex* l = e;
+        while (l->k == Ex::Bin) {
+          spine.push_back(l);
+          l = l->a;
         }
-        Emit(op);
+        Gen(l);
+        for (size_t k = spine.size(); k-- > 0;) {
+          Ex* b = spine[k];
+          ++sd_;
+          Gen(b->b);
+          --sd_;
+          Emit(BinOp(b->op), 0, uint16_t(LitSide(b)));
+        }
         return;
       }
     }
   }
 
+  static uint16_t BinOp(int op) {
+    switch (op) {
+      case '+': return oAdd;
+      case '-': return oSub;
+      case '*': return oMul;
+      case '/': return oDiv;
+      case '\\': return oIDiv;
+      case '^': return oPow;
+      case '&': return oCat;
+      case '=': return oEq;
+      case 'n': return oNe;
+      case '<': return oLt;
+      case '>': return oGt;
+      case 'l': return oLe;
+      case 'g': return oGe;
+      case opIs: return oIs;
+      case opMod: return oMod;
+      case opAnd: return oAnd;
+      case opOr: return oOr;
+      case opXor: return oXor;
+      case opEqv: return oEqv;
+      case opImp: return oImp;
+    }
+    return oNop;
+  }
+
+  // A literal in a comparison is "hard-typed": the other side is converted to
+  // its kind. 1 when the left side is a literal, 2 the right, 0 neither or both.
+  static bool IsLit(const Ex* x) {
+    while (x->k == Ex::Paren) x = x->a;
+    if (x->k == Ex::Un && x->op == '-') x = x->a;
+    return x->k == Ex::Lit && (x->lit.IsNum() || x->lit.t == vtString);
+  }
+  static int LitSide(const Ex* b) {
+    if (b->op != '=' && b->op != 'n' && b->op != '<' && b->op != '>' && b->op != 'l' && b->op != 'g') return 0;
+    bool l = IsLit(b->a), r = IsLit(b->b);
+    return l == r ? 0 : l ? 1 : 2;
+  }
+
   // The object a member is taken from: an expression, or the innermost With.
+  // Outside any With the code compiles and fails when it runs.
   void Obj0(Ex* e) {
     if (e->a) Gen(e->a);
-    else Emit(oLdL, withs.back());
+    else if (!withs.empty()) Emit(oLdL, withs.back());
+    else Emit(oFail, 505);
   }
 
   // An argument: a plain variable goes by reference, anything else by value.
   void Arg(Ex* e) {
     if (e->k == Ex::Name && !e->call && e->args.empty()) {
+      Peak(1);
       EmitName(oRef, e->name);
     } else if (e->k == Ex::Name && !e->args.empty() && !(EqNoCase(e->name, u"Eval") && !Declared(e->name))) {
-      for (Ex* x : e->args) Gen(x);
+      Peak(1);
+      GenAll(e->args, true);
       EmitName(oRefIx, e->name, int32_t(e->args.size()));
     } else {
       Gen(e);
@@ -473,7 +539,9 @@ class Parser {
     if (t.k == tKw) {
       switch (t.kw) {
         case kSub: case kFunction: ProcDecl(true, false); return;
-        case kProperty: Fail(1048);
+        case kProperty:
+          if (PropHead()) Fail(1048);
+          break;
         case kClass: ClassDecl(); return;
         case kPublic: case kPrivate: {
           bool pub = t.kw == kPublic;
@@ -481,7 +549,7 @@ class Parser {
           if (nk == kSub || nk == kFunction) { Next(); ProcDecl(pub, false); return; }
           if (Peek().k == tId && EqNoCase(Peek().s, u"Default")) Fail(1048);
           if (nk == kConst) { Next(); ConstDecl(); return; }
-          if (nk == kProperty) Fail(1048);
+          if (PropHead(1)) Fail(1048);
           Next();
           DimList();
           return;
@@ -532,7 +600,7 @@ class Parser {
           if (P->kind != Proc::Global || C) Fail(1024);
           TopStatement();
           return;
-        case kMe: Assign(false); Mark(from, line, col); return;
+        case kMe: case kProperty: Assign(false); Mark(from, line, col); return;
         default: Fail(1024);
       }
     }
@@ -543,7 +611,7 @@ class Parser {
       Mark(from, line, col);
       return;
     }
-    if (t.k == tOp && t.op == '.') { Assign(false); Mark(from, line, col); return; }
+    if (t.k == tOp && (t.op == '.' || t.op == '(')) { Assign(false); Mark(from, line, col); return; }
     Fail(1024);
   }
 
@@ -610,20 +678,26 @@ class Parser {
             return;
           }
         }
-        for (Ex* x : t->args) Arg(x);
+        Peak(1);
+        GenAll(t->args, true);
         EmitName(oCall, t->name, int32_t(t->args.size()));
         Emit(oPop);
         return;
       }
       case Ex::Mem:
+        Peak(1);
         Obj0(t);
-        for (Ex* x : t->args) Arg(x);
+        ++sd_;
+        GenAll(t->args, true);
+        --sd_;
         Emit(oMCall, K(Value(t->name)), 0, int32_t(t->args.size()));
         Emit(oPop);
         return;
       case Ex::Idx:
         Gen(t->a);
-        for (Ex* x : t->args) Arg(x);
+        ++sd_;
+        GenAll(t->args, true);
+        --sd_;
         Emit(oCallV, 1, 0, int32_t(t->args.size()));
         Emit(oPop);
         return;
@@ -649,21 +723,30 @@ class Parser {
           EmitName(set ? oSet : oSt, t->name);
           return;
         }
-        for (Ex* x : t->args) Gen(x);
+        GenAll(t->args, false);
+        sd_ += int(t->args.size());
         Gen(v);
+        sd_ -= int(t->args.size());
         EmitName(set ? oSetIx : oStIx, t->name, int32_t(t->args.size()));
         return;
       case Ex::Mem:
+        Peak(1);
         Obj0(t);
-        for (Ex* x : t->args) Arg(x);
+        ++sd_;
+        GenAll(t->args, true);
+        sd_ += int(t->args.size());
         Gen(v);
+        sd_ -= 1 + int(t->args.size());
         Emit(set ? oMSet : oMLet, K(Value(t->name)), 0, int32_t(t->args.size()));
         return;
       case Ex::Idx:
         // f(1)(2) = v: the default member of what f(1) gives
         Gen(t->a);
-        for (Ex* x : t->args) Arg(x);
+        ++sd_;
+        GenAll(t->args, true);
+        sd_ += int(t->args.size());
         Gen(v);
+        sd_ -= 1 + int(t->args.size());
         Emit(set ? oMSet : oMLet, K(Value(Tx())), 0, int32_t(t->args.size()));
         return;
       default:
@@ -719,8 +802,12 @@ class Parser {
       Fail(1026);
     }
     Next();
-    double d = ToDbl(v);
-    return int32_t(neg ? -d : d);
+    double d = std::nearbyint(ToDbl(v));
+    if (neg) d = -d;
+    // out of a Long's range: a bound that the array's making refuses (6 above, 9 below)
+    if (!(d <= INT32_MAX)) return INT32_MAX;
+    if (!(d >= -2)) return -2;
+    return int32_t(d);
   }
 
   void DeclVar(const Tx& name, bool isArr, const std::vector<int32_t>& ub, int line, int col) {
@@ -739,7 +826,15 @@ class Parser {
     }
     if (P->kind == Proc::Global) {
       gdecl[TxMai(name)] = 1;
-      if (isArr) {
+      if (isArr && !ub.empty()) {
+        // a script-level array with bounds is made when its Dim runs
+        int from = Here();
+        for (int32_t u : ub) Emit(oPushK, K(Value(u)));
+        Peak(int(ub.size()));
+        EmitName(oReDim, name, int32_t(ub.size()));
+        Emit(oWord, 2);
+        Mark(from, line, col);
+      } else if (isArr) {
         Proc::ArrInit ai{mName, int32_t(refs.size()), ub};
         refs.push_back(NameRef{P, size_t(-1), name});
         P->arrays.push_back(ai);
@@ -890,14 +985,14 @@ class Parser {
     P = pr.get();
     auto savedLoops = std::move(loops);
     loops.clear();
-    EndStmt();
+    SkipNl();  // a statement may follow the header on its line
     Kw endKw = kind;
-    while (!(IsKw(kEnd) && Peek().k == tKw && Peek().kw == endKw)) {
+    while (!AtEndOf(endKw)) {
       if (Cur().k == tEof) CompErr(kind == kSub ? 1016 : kind == kFunction ? 1015 : 1050, Cur().line, Cur().col);
       if (IsKw(kEnd) && Peek().k == tKw && (Peek().kw == kSub || Peek().kw == kFunction || Peek().kw == kProperty))
         Fail(kind == kSub ? 1016 : kind == kFunction ? 1015 : 1050);
       Statement();
-      EndStmt();
+      if (!AtEndOf(endKw)) EndStmt();  // "End Sub" may close the line of the last statement
     }
     Next();
     Next();
@@ -968,7 +1063,7 @@ class Parser {
           Next();
         }
       }
-      if (IsKw(kSub) || IsKw(kFunction) || IsKw(kProperty)) {
+      if (IsKw(kSub) || IsKw(kFunction) || PropHead()) {
         if (dflt && IsKw(kProperty) && !(Peek().k == tId && EqNoCase(Peek().s, u"Get"))) Fail(1058);
         ProcDecl(pub, dflt);
       } else if (dflt) {
@@ -983,7 +1078,7 @@ class Parser {
       } else {
         Fail(1024);
       }
-      EndStmt();
+      if (!AtEndOf(kClass)) EndStmt();
     }
     Next();
     Next();
@@ -1000,7 +1095,7 @@ class Parser {
     Want(kThen, 1017);
     size_t jf = Emit(oJf, -1);
     Mark(from, line, col);
-    if (Cur().k != tNl) {
+    if (Cur().k != tNl || Cur().colon) {
       // single-line form: statements up to the line end, an Else part likewise
       bool saved = inSingleIf;
       inSingleIf = true;
@@ -1051,21 +1146,23 @@ class Parser {
     for (size_t e : ends) Patch(e);
   }
 
+  // The statements of a one-line If part, ":" between them; empty ones are allowed.
   void SingleLineBody() {
     for (;;) {
-      if (AtEnd()) break;
-      Statement();
       if (Cur().k == tNl && Cur().colon) {
         Next();
         continue;
       }
-      break;
+      if (AtEnd()) break;
+      Statement();
+      if (!(Cur().k == tNl && Cur().colon)) break;
     }
   }
 
   // Statements up to a word that ends the block (End, Else, ElseIf, Loop, Next, Wend, Case).
   void Block() {
     for (;;) {
+      SkipNl();
       const Tok& t = Cur();
       if (t.k == tEof) return;
       if (t.k == tKw && (t.kw == kEnd || t.kw == kElse || t.kw == kElseIf || t.kw == kLoop ||
@@ -1103,6 +1200,7 @@ class Parser {
     int h = Hidden(1);
     Gen(Expr());
     Emit(oStL, h);
+    size_t head = P->stmts.size();
     Mark(from, line, col);
     EndStmt();
     std::vector<size_t> ends;
@@ -1114,7 +1212,6 @@ class Parser {
       if (IsKw(kElse)) {
         Next();
         sawElse = true;
-        if (Cur().k == tNl && Cur().colon) Next(); else EndStmt();
         Block();
         continue;
       }
@@ -1127,14 +1224,16 @@ class Parser {
           char16_t op = o.op;
           Next();
           Emit(oLdL, h);
-          Gen(Expr());
+          Ex* v = Expr();
+          Gen(v);
+          uint16_t lit = IsLit(v) ? 2 : 0;
           switch (op) {
-            case '=': Emit(oEq); break;
-            case 'n': Emit(oNe); break;
-            case '<': Emit(oLt); break;
-            case '>': Emit(oGt); break;
-            case 'l': Emit(oLe); break;
-            case 'g': Emit(oGe); break;
+            case '=': Emit(oEq, 0, lit); break;
+            case 'n': Emit(oNe, 0, lit); break;
+            case '<': Emit(oLt, 0, lit); break;
+            case '>': Emit(oGt, 0, lit); break;
+            case 'l': Emit(oLe, 0, lit); break;
+            case 'g': Emit(oGe, 0, lit); break;
             default: Fail(1023);
           }
           toBody.push_back(Emit(oJt, -1));
@@ -1145,16 +1244,16 @@ class Parser {
             Ex* b = Expr();
             Emit(oLdL, h);
             Gen(a);
-            Emit(oGe);
+            Emit(oGe, 0, IsLit(a) ? 2 : 0);
             size_t skip = Emit(oJf, -1);
             Emit(oLdL, h);
             Gen(b);
-            Emit(oLe);
+            Emit(oLe, 0, IsLit(b) ? 2 : 0);
             toBody.push_back(Emit(oJt, -1));
             Patch(skip);
           } else {
             Gen(a);
-            Emit(oCaseEq, h);
+            Emit(oCaseEq, h, IsLit(a) ? 2 : 0);
             toBody.push_back(Emit(oJt, -1));
           }
         }
@@ -1164,8 +1263,7 @@ class Parser {
       size_t skip = Emit(oJmp, -1);
       Mark(f2, l2, c2);
       for (size_t j : toBody) Patch(j);
-      if (Cur().k == tNl && Cur().colon) Next(); else EndStmt();
-      Block();
+      Block();  // the first statement may stand on the Case line
       ends.push_back(Emit(oJmp, -1));
       Patch(skip);
     }
@@ -1173,6 +1271,8 @@ class Parser {
     Next();
     Next();
     for (size_t e : ends) Patch(e);
+    // a test that failed under On Error Resume Next runs no Case
+    P->stmts[head].to = Here();
     Emit(oPushE);
     Emit(oStL, h);
   }
@@ -1196,13 +1296,17 @@ class Parser {
     WantOp('=', 1011);
     Gen(Expr());
     Want(kTo, 1013);
+    ++sd_;
     Gen(Expr());
+    ++sd_;
     if (IsWord(u"Step")) {
       Next();
       Gen(Expr());
     } else {
+      Peak(1);
       Emit(oPushI, 1);
     }
+    sd_ -= 2;
     int h = Hidden(2);
     EmitName(oForPrep, var, h);
     ForBody(oForNext, var, h, from, line, col);
@@ -1213,6 +1317,7 @@ class Parser {
   // Next word and the stepping instruction, and the Exit For jumps patched to the end.
   void ForBody(uint16_t next, const Tx& var, int h, int from, int line, int col) {
     size_t jEnd = Emit(oWord, -1);
+    size_t head = P->stmts.size();
     Mark(from, line, col);
     int body = Here();
     loops.push_back(Loop{kFor, {}});
@@ -1224,6 +1329,10 @@ class Parser {
     Emit(oWord, body);
     Mark(f2, l2, c2);
     Patch(jEnd);
+    // a For Each whose collection failed under On Error Resume Next goes on
+    // after the loop; a For whose bounds failed runs on into its Next, which
+    // then fails as "For loop not initialized"
+    if (next == oFeNext) P->stmts[head].to = Here();
     for (size_t e : loops.back().exits) Patch(e);
     loops.pop_back();
   }
@@ -1401,14 +1510,19 @@ class Parser {
       r.idx = E.CellOf(name);
       return r;
     }
-    // undeclared in a procedure: decided when it runs, by whether a global of that name exists
-    int slot = SlotIn(pr, name, false);
-    if (slot < 0) {
-      slot = int(pr->nslots++);
-      pr->slotNames.push_back(name);
-    }
+    // undeclared in a procedure: decided each time it runs, by whether a global of
+    // that name exists then. Every reference shares one entry, and its fallback
+    // slot has no name, so that no later reference mistakes it for a declared local.
     r.k = Res::Dyn;
-    pr->dyn.emplace_back(E.CellOf(name), slot);
+    int dc = E.CellOf(name);
+    for (size_t i = 0; i < pr->dyn.size(); ++i)
+      if (pr->dyn[i].first == dc) {
+        r.idx = int(i);
+        return r;
+      }
+    int slot = int(pr->nslots++);
+    pr->slotNames.push_back(Tx());
+    pr->dyn.emplace_back(dc, slot);
     r.idx = int(pr->dyn.size() - 1);
     return r;
   }

@@ -135,8 +135,9 @@ Value Neg(const Value& x);
 Value NotOp(const Value& x);
 Value Logic(int op, const Value& x, const Value& y);
 Value Concat(const Value& x, const Value& y);
-// <0, 0, >0, or 2 when either side is Null.
-int Cmp(const Value& x, const Value& y);
+// <0, 0, >0, or 2 when either side is Null. lit is 1 or 2 when the left or the
+// right side is a literal of the program, which the other side is converted to.
+int Cmp(const Value& x, const Value& y, int lit = 0);
 bool IsSame(const Value& x, const Value& y);
 Arr* CloneArr(const Arr* a);
 

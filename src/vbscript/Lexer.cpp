@@ -187,7 +187,9 @@ std::vector<Tok> Lex(TxV src) {
       if (j < n && src[j] == '&') { lng = true; ++j; }
       Tok t;
       t.k = tNum;
-      if (!lng && v <= 0xFFFF) t.v = Value(int16_t(uint16_t(v)));
+      // without "&" the digits fill an Integer when they fit 16 bits (&hFFFF is -1);
+      // with it the value is kept, in the smallest kind that holds it
+      if (lng ? v <= 0x7FFF : v <= 0xFFFF) t.v = Value(int16_t(uint16_t(v)));
       else t.v = Value(int32_t(uint32_t(v)));
       i = j;
       push(std::move(t), at);
@@ -240,6 +242,7 @@ std::vector<Tok> Lex(TxV src) {
         break;
       case '>':
         if (i + 1 < n && src[i + 1] == '=') { t.op = 'g'; ++i; }
+        else if (i + 1 < n && src[i + 1] == '<') { t.op = 'n'; ++i; }
         else t.op = '>';
         break;
       case '=':

@@ -231,7 +231,7 @@ static int CmpTx(TxV a, TxV b) {
   return c < 0 ? -1 : c > 0 ? 1 : 0;
 }
 
-int Cmp(const Value& x0, const Value& y0) {
+int Cmp(const Value& x0, const Value& y0, int lit) {
   const Value* px = &x0.Deref();
   const Value* py = &y0.Deref();
   Value hx, hy;
@@ -243,6 +243,15 @@ int Cmp(const Value& x0, const Value& y0) {
   if ((x.t & vtArray) || (y.t & vtArray) || x.t == vtError || y.t == vtError) Raise(13);
   bool xs = x.t == vtString, ys = y.t == vtString;
   if (xs && ys) return CmpTx(x.Sv(), y.Sv());
+  if (lit && xs != ys && x.t != vtEmpty && y.t != vtEmpty) {
+    // a literal is hard-typed: text against a number compares as numbers when
+    // the text reads as one (s = 10 is True for s = "10")
+    double d;
+    if (TxNum(xs ? x.Sv() : y.Sv(), d)) {
+      double a = xs ? d : ToDbl(x), b = xs ? ToDbl(y) : d;
+      return a < b ? -1 : a > b ? 1 : 0;
+    }
+  }
   if (xs && y.t == vtEmpty) return CmpTx(x.Sv(), TxV());
   if (ys && x.t == vtEmpty) return CmpTx(TxV(), y.Sv());
   if (xs) return 1;   // a number is less than a text
@@ -250,6 +259,11 @@ int Cmp(const Value& x0, const Value& y0) {
   if (x.t == vtCurrency && y.t == vtCurrency) return x.c < y.c ? -1 : x.c > y.c ? 1 : 0;
   if (Rank(x.t) <= 3 && Rank(y.t) <= 3) {
     int64_t a = AsI64(x), b = AsI64(y);
+    return a < b ? -1 : a > b ? 1 : 0;
+  }
+  // a Single against a Double compares at the Single's precision
+  if ((x.t == vtSingle && y.t == vtDouble) || (x.t == vtDouble && y.t == vtSingle)) {
+    float a = float(ToDbl(x)), b = float(ToDbl(y));
     return a < b ? -1 : a > b ? 1 : 0;
   }
   double a = ToDbl(x), b = ToDbl(y);

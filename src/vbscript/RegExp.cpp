@@ -475,6 +475,11 @@ class Compilador {
       Gera(a);
       return;
     }
+    // a repeat of something that emits no code (an empty group's inside) is nothing
+    size_t antes = p_.code.size();
+    Gera(a);
+    if (p_.code.size() == antes && a->k != No::Grp) return;
+    p_.code.resize(antes);
     for (int k = 0; k < n->mn; k++) Gera(a);
     if (n->mx == -1) {
       // L: split body/end; body: note the position; a; if it moved, back to L.
@@ -510,7 +515,21 @@ struct Bt {
 
 class Maquina {
  public:
-  Maquina(const Rx::Prog& p, TxV s) : p_(p), s_(s) {}
+  Maquina(const Rx::Prog& p, TxV s, Rx::Orcamento& o) : p_(p), s_(s), o_(o) {}
+
+  // Counts work done (instructions run, characters scanned, choices taken back)
+  // against the search's budget; false once it is spent. Every 2^16 steps the
+  // host's watcher runs, which may stop the script by throwing.
+  bool Gasta(long long n) {
+    o_.gasto += n;
+    if ((o_.gasto >> 16) != o_.visto) {
+      o_.visto = o_.gasto >> 16;
+      if (o_.vigia) o_.vigia();
+    }
+    if (o_.gasto <= o_.limite) return true;
+    esgotou = o_.esgotou = true;
+    return false;
+  }
 
   bool Igual(char16_t a, char16_t b) const {
     return a == b || (p_.ic && (ChMai(a) == ChMai(b) || ChMin(a) == ChMin(b)));
@@ -538,6 +557,10 @@ class Maquina {
     for (;;) {
       const Ins& i = p_.code[pc];
       bool ok = true;
+      if (!Gasta(1)) {
+        st.resize(base);
+        return false;
+      }
       switch (i.op) {
         case iCh: case iQq: case iCl:
           if (Atomo(i, pos)) {
@@ -608,6 +631,10 @@ class Maquina {
           if (i.g) {
             int k = 0;
             while (k < mx && Atomo(at, pos + k)) k++;
+            if (!Gasta(k)) {
+              st.resize(base);
+              return false;
+            }
             if (k < i.x) {
               ok = false;
               break;
@@ -617,6 +644,10 @@ class Maquina {
           } else {
             int k = 0;
             while (k < i.x && Atomo(at, pos + k)) k++;
+            if (!Gasta(k)) {
+              st.resize(base);
+              return false;
+            }
             if (k < i.x) {
               ok = false;
               break;
@@ -647,8 +678,7 @@ class Maquina {
       // Backtrack to the latest choice, undoing captures on the way.
       for (;;) {
         if (st.size() == base) return false;
-        if (++passos > Rx::kRxPassos) {
-          esgotou = true;
+        if (!Gasta(1)) {
           st.resize(base);
           return false;
         }
@@ -689,10 +719,10 @@ class Maquina {
  private:
   const Rx::Prog& p_;
   TxV s_;
+  Rx::Orcamento& o_;
   std::vector<Bt> st_;
 
  public:
-  long long passos = 0;  // choices taken back, over the whole search
   bool esgotou = false;
 };
 
@@ -733,8 +763,7 @@ int Rx::Grupos() const { return p_ ? p_->grupos : 0; }
 
 bool Rx::Acha(TxV s, size_t de, std::vector<int>& caps) const {
   if (!p_) return false;
-  Maquina m(*p_, s);
-  esgotou_ = false;
+  Maquina m(*p_, s, orc_);
   std::vector<int> regs(p_->regs, -1);
   for (size_t ini = de; ini <= s.size(); ini++) {
     if (p_->primCh >= 0) {
@@ -749,10 +778,7 @@ bool Rx::Acha(TxV s, size_t de, std::vector<int>& caps) const {
       caps[1] = fim;
       return true;
     }
-    if (m.esgotou) {
-      esgotou_ = true;
-      return false;
-    }
+    if (m.esgotou || !m.Gasta(1)) return false;
   }
   return false;
 }

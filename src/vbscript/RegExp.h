@@ -8,6 +8,7 @@
 // one stack entry per character.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "Tx.h"
@@ -33,17 +34,32 @@ class Rx {
   // Looks for the first match starting at `de` or later. On success `caps` holds
   // 2 * (Grupos() + 1) positions: start and end of the whole match, then of each
   // group, -1 for a group that took no part.
-  // A search that backtracks without end (nested repeats over a long text that does
-  // not match) gives up after kRxPassos choices and reports false with Esgotou() true.
+  // The searches between two calls of Zera share one budget of steps (each
+  // instruction run, character scanned or choice taken back counts one): a search
+  // that would run without end (nested repeats over a long text that does not
+  // match, or a long fixed count tried at every position) gives up once it is
+  // spent and reports false, with Esgotou() true until the next Zera.
   bool Acha(TxV s, size_t de, std::vector<int>& caps) const;
-  bool Esgotou() const { return esgotou_; }
+  bool Esgotou() const { return orc_.esgotou; }
+  void Zera() const { orc_.gasto = 0; orc_.visto = 0; orc_.esgotou = false; }
+  // The budget; kRxPassos unless set (tests set a small one).
+  void Limite(long long passos) { orc_.limite = passos; }
+  // Called every 2^16 steps of a search: the host's time-out may throw from it.
+  void Vigia(std::function<void()> f) { orc_.vigia = std::move(f); }
   static constexpr long long kRxPassos = 200000000;
 
   struct Prog;
+  // What the searches since the last Zera have spent.
+  struct Orcamento {
+    long long gasto = 0, visto = 0, limite = kRxPassos;
+    bool esgotou = false;
+    std::function<void()> vigia;
+  };
+  Orcamento& Orc() const { return orc_; }
 
  private:
   Prog* p_;
-  mutable bool esgotou_ = false;
+  mutable Orcamento orc_;
 };
 
 }  // namespace vbs

@@ -1,6 +1,7 @@
 // RegExpObj: the RegExp object of scripts and its Match, Matches and SubMatches.
 // The pattern compiles when it is first used after a change of Pattern, IgnoreCase or
 // Multiline; a bad pattern raises its error (5017...) from Test, Execute or Replace.
+#include "Engine.h"
 #include "Lib.h"
 #include "RegExp.h"
 
@@ -92,6 +93,7 @@ class RegExpObj : public Obj {
         Tx t = ToTx(a[0]);
         std::vector<int> c;
         const Rx& rx = Prepara();
+        rx.Zera();
         r = Value(rx.Acha(t, 0, c));
         if (rx.Esgotou()) Raise(28);
         break;
@@ -117,6 +119,11 @@ class RegExpObj : public Obj {
 
   const Rx& Prepara() {
     if (sujo_) {
+      // a long search looks at the host's time-out as loops do
+      rx_.Vigia([] {
+        Engine* e = CurEngine();
+        if (e && e->timed) e->TickSlow();
+      });
       int e = rx_.Compila(pat_, ic_, ml_);
       if (e) Raise(e);
       sujo_ = false;
@@ -129,6 +136,7 @@ class RegExpObj : public Obj {
   template <class F>
   void Percorre(TxV t, F f) {
     const Rx& rx = Prepara();
+    rx.Zera();  // one budget for the whole call
     std::vector<int> c;
     size_t de = 0;
     while (de <= t.size() && rx.Acha(t, de, c)) {

@@ -87,7 +87,7 @@ static bool Guard(Engine& e, ScriptError& err, TxV text, F&& f) {
     err.Number = -2147467260;  // the operation was stopped
     err.Description = u"Script timeout: the script ran longer than the time allowed";
     err.Source = u"Microsoft VBScript runtime error";
-  } catch (std::bad_alloc&) {
+  } catch (std::exception&) {
     err.Number = 7;
     err.Description = ErrDesc(7);
     err.Source = u"Microsoft VBScript runtime error";

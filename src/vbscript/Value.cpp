@@ -63,15 +63,23 @@ void Arr::Release() {
   if (--rc == 0) delete this;
 }
 
-Arr* Arr::New(std::initializer_list<int32_t> ub) {
-  Arr* a = new Arr;
-  size_t total = 1;
-  for (int32_t u : ub) {
-    if (u < -1) { delete a; Raise(9); }
-    a->dims.push_back({0, u + 1});
-    total *= size_t(u + 1);
+Arr* Arr::New(std::initializer_list<int32_t> ub) { return Make(ub.begin(), ub.size()); }
+
+// Every array with bounds is made here, so that each declaration checks them
+// alike: a bound below -1 is "Subscript out of range", one whose count does
+// not fit a Long is an overflow, and a total beyond kMaxElems is refused as
+// "Out of memory" before anything is allocated.
+Arr* Arr::Make(const int32_t* ub, size_t n) {
+  uint64_t total = n ? 1 : 0;
+  for (size_t k = 0; k < n; ++k) {
+    if (ub[k] < -1) Raise(9);
+    if (ub[k] == INT32_MAX) Raise(6);
+    total *= uint64_t(ub[k] + 1);
+    if (total > kMaxElems) Raise(7);
   }
-  a->v.resize(total);
+  Arr* a = new Arr;
+  for (size_t k = 0; k < n; ++k) a->dims.push_back({0, ub[k] + 1});
+  a->v.resize(size_t(total));
   return a;
 }
 

@@ -129,6 +129,11 @@ struct Arr {
   void AddRef() { ++rc; }
   void Release();
   static Arr* New(std::initializer_list<int32_t> ubounds);  // lower bounds 0, rc 0
+  // An array with n dimensions of upper bounds ub (lower bounds 0, rc 0); raises
+  // 9, 6 or 7 for a bound below -1, a count that overflows, or too many elements.
+  static Arr* Make(const int32_t* ub, size_t n);
+  // The most elements one array may hold (16 bytes each).
+  static constexpr uint64_t kMaxElems = uint64_t(1) << 25;
   // The element at the given indexes; raises 9 when one is out of range or the count is wrong.
   Value& At(const Value* idx, int n);
 };

@@ -16,6 +16,8 @@ namespace vbs {
 namespace {
 constexpr size_t kStack = 1 << 16;
 constexpr int kMaxDepth = 2000;
+// room kept above a frame's own need, for what built-ins and statements push
+constexpr int kSlack = 64;
 thread_local Engine* tlEngine = nullptr;
 
 
@@ -261,13 +263,8 @@ Inst::Inst(Engine* e, Class* c) : eng(e), alive(e->alive), cls(c) {
   f.resize(size_t(c->nfields));
   for (const vbs::Member& m : c->mems) {
     if (m.field < 0 || !m.isArr) continue;
-    Arr* a = new Arr;
-    for (int32_t u : m.ub) a->dims.push_back({0, u + 1});
-    size_t n = 1;
-    for (auto& d : a->dims) n *= size_t(d.n);
-    if (a->dims.empty()) n = 0;
-    a->v.resize(n);
-    if (!m.ub.empty()) a->fixed = true;
+    Arr* a = m.ub.empty() ? new Arr : Arr::Make(m.ub.data(), m.ub.size());
+    a->fixed = !m.ub.empty();
     f[size_t(m.field)] = Value(a);
   }
 }
@@ -355,14 +352,7 @@ Value Engine::NewInst(TxV name) {
 // ---------------------------------------------------------------- calls
 static void MakeArrays(Engine& E, const Proc& p, Value* bp) {
   for (const auto& ai : p.arrays) {
-    Arr* a = new Arr;
-    size_t n = ai.ub.empty() ? 0 : 1;
-    for (int32_t u : ai.ub) {
-      if (u < -1) { delete a; Raise(9); }
-      a->dims.push_back({0, u + 1});
-      n *= size_t(u + 1);
-    }
-    a->v.resize(n);
+    Arr* a = ai.ub.empty() ? new Arr : Arr::Make(ai.ub.data(), ai.ub.size());
     a->fixed = !ai.ub.empty();
     Value& dst = ai.mode == mLocal ? bp[ai.idx] : E.cells[size_t(ai.idx)].v;
     dst = Value(a);
@@ -391,7 +381,8 @@ static void UnlockTo(Engine& E, Value* base) {
 void Engine::CallStk(const Proc& p, Inst* me, int argc) {
   if (argc != p.nargs) Raise(450);
   Value* bp = sp - argc;
-  if (depth >= kMaxDepth || bp + p.nslots + 1024 > stkEnd) Raise(28);
+  Tick();
+  if (depth >= kMaxDepth || bp + p.nslots + p.maxStack + kSlack > stkEnd) Raise(28);
   if (p.anyByval) {
     for (int k = 0; k < argc; ++k) {
       if (!p.byval[size_t(k)]) continue;
@@ -423,7 +414,7 @@ void Engine::CallStk(const Proc& p, Inst* me, int argc) {
 
 void Engine::CallProc(const Proc& p, Inst* me, Args a, Value& r) {
   Value* base = sp;
-  if (sp + a.n + 1024 > stkEnd) Raise(28);
+  if (sp + a.n + kSlack > stkEnd) Raise(28);
   for (int k = 0; k < a.n; ++k) *sp++ = a.v[k];
   try {
     CallStk(p, me, a.n);
@@ -445,7 +436,7 @@ void Engine::RunMain(Proc& p, Value* up, Inst* me, Value* result) {
   Engine* saved = tlEngine;
   tlEngine = this;
   Value* bp = sp;
-  if (bp + p.nslots + 1024 > stkEnd) Raise(28);
+  if (bp + p.nslots + p.maxStack + kSlack > stkEnd) Raise(28);
   sp = bp + p.nslots;
   try {
     if (!p.arrays.empty()) MakeArrays(*this, p, bp);
@@ -468,6 +459,13 @@ void Engine::ExecText(const Value& text, int kind, const Proc& p, Value* bp, Ins
     sc.up = &p;
     sc.cls = p.cls;
   }
+  // Execute and Eval that run themselves nest as calls do, under the same limit
+  if (depth >= kMaxDepth) Raise(28);
+  ++depth;
+  struct Down {
+    int& d;
+    ~Down() { --d; }
+  } down{depth};
   try {
     auto u = Compile(src, kind == 2, sc);
     Unit* raw = u.get();
@@ -590,70 +588,11 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
       for (;;) {
         // threaded dispatch: each instruction jumps straight to the next one's code
         static const void* const kDisp[] = {
-          &&L_oPushK,
-          &&L_oPushI,
-          &&L_oPushE,
-          &&L_oPop,
-          &&L_oMe,
-          &&L_oLd,
-          &&L_oSt,
-          &&L_oSet,
-          &&L_oRef,
-          &&L_oLdL,
-          &&L_oStL,
-          &&L_oLdG,
-          &&L_oStG,
-          &&L_oKeep,
-          &&L_oRefIx,
-          &&L_oCall,
-          &&L_oCallB,
-          &&L_oCallV,
-          &&L_oStIx,
-          &&L_oSetIx,
-          &&L_oMGet,
-          &&L_oMCall,
-          &&L_oMLet,
-          &&L_oMSet,
-          &&L_oNew,
-          &&L_oAdd,
-          &&L_oSub,
-          &&L_oMul,
-          &&L_oDiv,
-          &&L_oIDiv,
-          &&L_oMod,
-          &&L_oPow,
-          &&L_oNeg,
-          &&L_oNot,
-          &&L_oAnd,
-          &&L_oOr,
-          &&L_oXor,
-          &&L_oEqv,
-          &&L_oImp,
-          &&L_oCat,
-          &&L_oEq,
-          &&L_oNe,
-          &&L_oLt,
-          &&L_oGt,
-          &&L_oLe,
-          &&L_oGe,
-          &&L_oIs,
-          &&L_oAppend,
-          &&L_oJmp,
-          &&L_oJf,
-          &&L_oJt,
-          &&L_oForPrep,
-          &&L_oForNext,
-          &&L_oFePrep,
-          &&L_oFeNext,
-          &&L_oCaseEq,
-          &&L_oRet,
-          &&L_oOnErr,
-          &&L_oErase,
-          &&L_oReDim,
-          &&L_oExec,
-          &&L_oWord,
-          &&L_oNop
+#define VBS_OP_LABEL(n) &&L_##n,
+          VBS_OPS(VBS_OP_LABEL)
+#undef VBS_OP_LABEL
         };
+        static_assert(std::size(kDisp) == kNumOps, "one dispatch entry per opcode");
         // NEXT leaves the instruction's scope (running its destructors) for the
         // common dispatch; FAST jumps on directly and is used only where no local
         // with a destructor is alive.
@@ -964,7 +903,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               --sp;
               FAST;
             }
-            c = Cmp(x, y);
+            c = Cmp(x, y, I->b);
             Value r;
             if (c == 2) {
               r = Value::Null();
@@ -1069,6 +1008,9 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           }
           L_oForPrep: {
             const Ins& W = *ip++;
+            // until the bounds are known the loop is not initialized (see oForNext)
+            Clear(bp[I->c]);
+            Clear(bp[I->c + 1]);
             Value step = ToNum(sp[-1]), lim = ToNum(sp[-2]), start = ToNum(sp[-3]);
             PopTo(E, sp - 3);
             if (step.t == vtNull || lim.t == vtNull || start.t == vtNull) Raise(94);
@@ -1084,9 +1026,10 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oForNext: {
             const Ins& W = *ip++;
             Tick();
-            Value& v = I->b == mLocal ? bp[I->a].Deref() : var(*I, true);
             const Value& lim = bp[I->c];
             const Value& step = bp[I->c + 1];
+            if (step.t == vtEmpty) Raise(92);
+            Value& v = I->b == mLocal ? bp[I->a].Deref() : var(*I, true);
             if (IsIntK(v) && IsIntK(step) && IsIntK(lim)) {
               int64_t n = IntOf(v) + IntOf(step);
               int64_t l = IntOf(lim);
@@ -1130,6 +1073,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oFeNext: {
             const Ins& W = *ip++;
             Tick();
+            if (!(bp[I->c].t & vtArray)) Raise(92);
             Arr* a = bp[I->c].a;
             int32_t& pos = bp[I->c + 1].l;
             if (size_t(pos) < a->v.size()) {
@@ -1140,7 +1084,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             NEXT;
           }
           L_oCaseEq: {
-            int c = Cmp(bp[I->a], sp[-1]);
+            int c = Cmp(bp[I->a], sp[-1], I->b);
             sp[-1] = Value(c == 0);
             NEXT;
           }
@@ -1164,22 +1108,19 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oReDim: {
             const Ins& W = *ip++;
             int n = I->c;
+            {
+              // a fixed array refuses before its new bounds are even looked at
+              Value& v = var(*I, true);
+              if ((v.t & vtArray) && ((v.a->fixed && W.a != 2) || v.a->locks)) Raise(10);
+            }
             std::vector<int32_t> ub(static_cast<size_t>(n));
             for (int k = 0; k < n; ++k) ub[size_t(k)] = ToLng(sp[-n + k]);
             PopTo(E, sp - n);
+            Value hold(Arr::Make(ub.data(), ub.size()));
+            Arr* a = hold.a;
+            a->fixed = W.a == 2;  // a Dim with bounds, run where it stands
             Value& v = var(*I, true);
-            if ((v.t & vtArray) && v.a->fixed) Raise(10);
-            if ((v.t & vtArray) && v.a->locks) Raise(10);
-            Arr* a = new Arr;
-            Value hold(a);
-            size_t total = 1;
-            for (int32_t u : ub) {
-              if (u < -1) Raise(9);
-              a->dims.push_back({0, u + 1});
-              total *= size_t(u + 1);
-            }
-            a->v.resize(total);
-            if (W.a && (v.t & vtArray) && !v.a->dims.empty()) {
+            if (W.a == 1 && (v.t & vtArray) && !v.a->dims.empty()) {
               Arr* o = v.a;
               if (o->dims.size() != a->dims.size()) Raise(9);
               for (size_t d = 0; d + 1 < a->dims.size(); ++d)
@@ -1200,6 +1141,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             if (I->a == 2) PushV(E, std::move(r));
             NEXT;
           }
+          L_oFail: Raise(I->a);
           L_oWord: L_oNop: NEXT;
           L_default: Raise(51);
                 }
@@ -1220,7 +1162,8 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
       err.src = f.src.empty() ? Tx(u"Microsoft VBScript runtime error") : f.src;
       PopTo(E, base);
       if (st && pc < st->to) ip = code + st->to;
-    } catch (std::bad_alloc&) {
+    } catch (std::exception&) {
+      // a C++ failure inside a statement (memory, most of all) is error 7 there
       if (!onErr) throw Fault{7, ErrDesc(7), {}};
       err.num = 7;
       err.desc = ErrDesc(7);

@@ -102,10 +102,25 @@ TEST(LibRegExp, LongInputsDoNotExhaustTheStack) {
 
 TEST(LibRegExp, RunawayBacktrackingGivesUp) {
   Rx r;
+  r.Limite(100000);
   ASSERT_EQ(r.Compila(u"(a*)*(b|a*)*c", false, false), 0);
   std::vector<int> c;
   EXPECT_FALSE(r.Acha(std::u16string(40, u'a'), 0, c));
   EXPECT_TRUE(r.Esgotou());
+  r.Zera();
   EXPECT_TRUE(r.Acha(u"aac", 0, c));
   EXPECT_FALSE(r.Esgotou());
+  // a long fixed count tried at every start counts its scanning too
+  ASSERT_EQ(r.Compila(u"a{5000}c", false, false), 0);
+  r.Zera();
+  EXPECT_FALSE(r.Acha(std::u16string(20000, u'a'), 0, c));
+  EXPECT_TRUE(r.Esgotou());
+  // and the budget is one for all the searches until Zera, as a global Execute makes
+  ASSERT_EQ(r.Compila(u"a{50}", false, false), 0);
+  r.Zera();
+  std::u16string t(300000, u'a');
+  size_t found = 0;
+  for (size_t de = 0; r.Acha(t, de, c); de = size_t(c[1])) ++found;
+  EXPECT_TRUE(r.Esgotou());
+  EXPECT_LT(found, 6000u);
 }

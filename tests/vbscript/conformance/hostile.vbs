@@ -1,0 +1,101 @@
+' Bad and hostile code: every failure is a run-time error that On Error can
+' catch, and the statement after the failing one runs.
+On Error Resume Next
+
+' For Each over what is not a collection goes on after the loop
+For Each x In Empty
+  WScript.Echo "never: Empty"
+Next
+WScript.Echo "for each Empty:", Err.Number, Err.Description : Err.Clear
+For Each x In 42
+  WScript.Echo "never: number"
+Next
+WScript.Echo "for each number:", Err.Number : Err.Clear
+Set o = CreateObject("No.Such.Object")
+WScript.Echo "create:", Err.Number : Err.Clear
+For Each x In o
+  WScript.Echo "never: failed object"
+Next
+WScript.Echo "for each failed object:", Err.Number : Err.Clear
+For Each x In Nothing
+  WScript.Echo "never: Nothing"
+Next
+WScript.Echo "for each Nothing:", Err.Number : Err.Clear
+
+' a For whose bounds failed runs into its Next, which is not initialized
+n = 0
+For i = 1 To 1 / 0
+  n = n + 1
+Next
+WScript.Echo "for bounds:", n, Err.Number, Err.Description : Err.Clear
+' ... also when the same loop ran properly before
+For k = 1 To 2
+  lim = 3 : If k = 2 Then lim = "x"
+  m = 0
+  For j = 1 To lim
+    m = m + 1
+  Next
+  WScript.Echo "pass", k, m, Err.Number : Err.Clear
+Next
+
+' a Select Case whose test failed runs no Case
+Select Case 1 / 0
+  Case Else
+    WScript.Echo "never: Case Else"
+End Select
+WScript.Echo "select:", Err.Number : Err.Clear
+
+' Execute, ExecuteGlobal and Eval that run themselves stop at the call depth
+Sub Ex(n) : Execute "Ex " & (n + 1) : End Sub
+Ex 1
+WScript.Echo "execute:", Err.Number, Err.Description : Err.Clear
+Sub ExG(n) : ExecuteGlobal "ExG " & (n + 1) : End Sub
+ExG 1
+WScript.Echo "executeglobal:", Err.Number : Err.Clear
+Function Ev(n) : Ev = Eval("Ev(" & (n + 1) & ")") : End Function
+x = Ev(1)
+WScript.Echo "eval:", Err.Number : Err.Clear
+
+' very long expressions: chains run, nesting beyond the limit fails cleanly
+Execute "x = " & Replace(String(50000, "+"), "+", "1+") & "1"
+WScript.Echo "long sum:", x, Err.Number : Err.Clear
+Execute "x = " & Replace(String(50000, "&"), "&", "2 & ") & "3"
+WScript.Echo "long concat:", Len(x), Err.Number : Err.Clear
+Execute "x = " & Replace(String(50000, "N"), "N", "Not ") & "0"
+WScript.Echo "long not:", Err.Number : Err.Clear
+Execute "x = " & String(50000, "(") & "1" & String(50000, ")")
+WScript.Echo "deep parentheses:", Err.Number : Err.Clear
+Execute "x = " & Replace(String(50000, "-"), "-", "- ") & "5"
+WScript.Echo "long signs:", x, Err.Number : Err.Clear
+Execute "x = Array(" & Replace(String(50000, ","), ",", "1,") & "1)"
+WScript.Echo "many arguments:", Err.Number : Err.Clear
+
+' array bounds: below -1, past a Long, more elements than memory, many dimensions
+Dim a
+ReDim a(-2)
+WScript.Echo "redim -2:", Err.Number : Err.Clear
+ReDim a(2147483647)
+WScript.Echo "redim 2147483647:", Err.Number : Err.Clear
+ReDim a(2147483646)
+WScript.Echo "redim huge:", Err.Number : Err.Clear
+ReDim a(65535, 65535, 65535, 65535)
+WScript.Echo "redim wraps:", Err.Number : Err.Clear
+ReDim a(2, 3)
+WScript.Echo "redim fine:", UBound(a, 2), Err.Number : Err.Clear
+Execute "Dim big(65535, 65535, 65535, 65535)"
+WScript.Echo "dim wraps:", Err.Number : Err.Clear
+Execute "Dim bigc(5000000000)"
+WScript.Echo "dim constant out of range:", Err.Number : Err.Clear
+Class Neg
+  Public f(-5)
+End Class
+Set o = New Neg
+WScript.Echo "class field -5:", Err.Number, TypeName(o) : Err.Clear
+Class Huge
+  Dim f(65535, 65535, 65535)
+End Class
+Set o = New Huge
+WScript.Echo "class field huge:", Err.Number : Err.Clear
+x = Space(2147483647)
+WScript.Echo "space:", Err.Number : Err.Clear
+WScript.Echo "still running"
