@@ -162,12 +162,17 @@ struct Run final : MsgDlg {
     std::_Exit(kSaiRsp);
   }
 
-  // The next answer; one that is no answer at all does not fit.
+  // The next answer. A line that is no answer at all does not fit; typed at a
+  // terminal, it is said and the person is asked again.
   const RunRsp* Prox() {
-    if (opc.rspTerm && !fon->Prox()) return nullptr;
-    const RunRsp* r = fon->Prox();
-    if (r && !fon->Erro().empty()) Desajuste(fon->Erro(), r->lin);
-    return r;
+    for (;;) {
+      const RunRsp* r = fon->Prox();
+      if (!r || fon->Erro().empty()) return r;
+      if (!opc.rspTerm) Desajuste(fon->Erro(), r->lin);
+      std::fputs(("zunwiz-run: " + TxUtf8(fon->Erro()) + "\n> ").c_str(), stderr);
+      std::fflush(stderr);
+      fon->Toma();
+    }
   }
 
   // At a terminal, says what answer is awaited: a click, or the box shown.
