@@ -47,12 +47,13 @@ const FonPar kFonTab[] = {
 };
 
 // Wine's fonts package brings Tahoma and Wingdings outside the font system's
-// folders; they are added to the program's fonts once, when present.
+// folders; they are added to the program's fonts once, when present. Its bold
+// Tahoma draws thin and wide here, so bold Tahoma is made from the regular face.
 void FonWineCarga() {
   static bool feito = false;
   if (feito) return;
   feito = true;
-  for (const char* f : {"tahoma.ttf", "tahomabd.ttf", "wingding.ttf"}) {
+  for (const char* f : {"tahoma.ttf", "wingding.ttf"}) {
     QString cam = QStringLiteral("/usr/share/wine/fonts/") + QLatin1String(f);
     if (QFile::exists(cam)) QFontDatabase::addApplicationFont(cam);
   }

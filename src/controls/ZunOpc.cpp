@@ -313,29 +313,31 @@ void ZunOpc::paintEvent(QPaintEvent*) {
   if (!img_) p.fillRect(rect(), CorQt(quadro ? frFun_ : corFun_));
   if (!quadro) return;
   QFontMetrics fm(fonCap_);
-  int th = TitTem() ? fm.height() : 0;
-  int y0 = th / 2;
-  QRect caixa = rect().adjusted(0, y0, -1, -1);
-  p.setPen(QColor(128, 128, 128));
-  p.drawRect(caixa.adjusted(0, 0, -1, -1));
-  p.setPen(QColor(255, 255, 255));
-  p.drawRect(caixa.adjusted(1, 1, 0, 0));
-  if (!TitTem()) return;
+  bool tit = TitTem();
+  int th = tit ? fm.height() : 0;
   QString t = QsTx(cap_);
-  int tw = fm.horizontalAdvance(t) + 4;
+  int tw = tit ? fm.horizontalAdvance(t) + 4 : 0;
   int x = ali_ == 1 ? width() - 8 - tw : ali_ == 2 ? (width() - tw) / 2 : 8;
-  QRect tr(x, 0, tw, th);
-  if (img_) {
-    // Only the border line under the title is taken away.
-    p.setCompositionMode(QPainter::CompositionMode_Source);
-    p.fillRect(QRect(x, y0, tw, 2), Qt::transparent);
-    p.setCompositionMode(QPainter::CompositionMode_SourceOver);
-  } else {
-    p.fillRect(tr, CorQt(frFun_));
-  }
+  // Etched border: a dark line with a light one inside, the top line broken by the title.
+  int y0 = th / 2, r = width() - 1, b = height() - 1;
+  auto linhas = [&](int d, QColor c) {
+    p.setPen(c);
+    p.drawLine(d, y0 + d, d, b - 1 + d);
+    p.drawLine(d, b - 1 + d, r - 1 + d, b - 1 + d);
+    p.drawLine(r - 1 + d, y0 + d, r - 1 + d, b - 1 + d);
+    if (!tit) {
+      p.drawLine(d, y0 + d, r - 1 + d, y0 + d);
+    } else {
+      p.drawLine(d, y0 + d, x - 1, y0 + d);
+      p.drawLine(x + tw, y0 + d, r - 1 + d, y0 + d);
+    }
+  };
+  linhas(0, QColor(128, 128, 128));
+  linhas(1, QColor(255, 255, 255));
+  if (!tit) return;
   p.setFont(fonCap_);
   p.setPen(CorQt(frTx_));
-  p.drawText(tr, Qt::AlignCenter | Qt::TextShowMnemonic, t);
+  p.drawText(QRect(x, 0, tw, th), Qt::AlignCenter | Qt::TextShowMnemonic, t);
 }
 
 void ZunOpc::OpcSelDsp(int i) {

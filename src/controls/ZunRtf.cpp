@@ -17,6 +17,9 @@ ZunRtf::ZunRtf(QWidget* pai) : QTextEdit(pai), CtlQt(this) {
   setUndoRedoEnabled(false);
   setAcceptRichText(false);
   document()->setDocumentMargin(1);
+  QTextOption op = document()->defaultTextOption();
+  op.setTabStopDistance(720.0 / kCtlTwpPx);  // a default tab every half inch
+  document()->setDefaultTextOption(op);
   FonPoe(fonNom_, fonTam_, fonNeg_, fonIta_);
   corFun_ = 0x80000005;  // window background
   corTx_ = 0x80000008;   // window text
@@ -92,6 +95,9 @@ void ZunRtf::DocPoe(const RtfDoc& doc) {
     b.setTextIndent(p.pri / double(kCtlTwpPx));
     b.setTopMargin(p.antes / double(kCtlTwpPx));
     b.setBottomMargin(p.depois / double(kCtlTwpPx));
+    // A hanging first line tabs to the left indent, as word processors lay out bullets
+    // (Qt counts tab stops from where the first line starts).
+    if (p.pri < 0) b.setTabPositions({QTextOption::Tab(-p.pri / double(kCtlTwpPx), QTextOption::LeftTab)});
     if (pri) cur.setBlockFormat(b);
     else cur.insertBlock(b);
     pri = false;

@@ -23,17 +23,18 @@ struct CtlErr : std::runtime_error {
 
 // Properties every control has: "Left", "Top", "Width", "Height" (twips), "Visible",
 // "Enabled", "FontName", "FontSize", "FontBold", "FontItalic", "BackColor",
-// "ForeColor". Then, by kind:
+// "ForeColor"; methods "Refresh" and "ZOrder"(0 front, 1 back). Then, by kind:
 //   button          "Caption"
 //   label           "Caption", "Alignment" (0 left, 1 right, 2 centre), "AutoSize",
 //                   "WordWrap", "BackStyle" (0 transparent, 1 opaque)
-//   check box       "Caption", "Value" (0/1), "BackStyle" (1 transparent)
+//   check box       "Caption", "Value" (0/1, 2 greyed), "BackStyle" (1 transparent)
 //   rich-text box   "Text", "BackStyle"; method "LoadFile"(path)
 //   option group    "Caption", "BorderVisible", "opcUsa", "TitAli", "CapColor";
 //                   methods "CorTip"(word), "RegIni", "RegOpc"(text, add),
 //                   "ConOpc"(i, text out, add out), "RegOpcPos"(i, x, y),
 //                   "RegAsp"(x, y, sx, sy), "AjtPosY"(top, bottom, centred),
-//                   "OpcNum"(count out)
+//                   "OpcNum"(count out); its "FontName", "FontSize" and "FontBold"
+//                   are only stored, and it has no "FontItalic"
 struct CtlObj : CtlCor {
   // Reads a property; throws CtlErr(438) when the control has none of that name.
   virtual Var PrpCon(TxV nome) const = 0;
