@@ -16,6 +16,16 @@ namespace {
 // The colour number of a Qt colour.
 long CorNum(const QColor& c) { return long(c.red()) + 256L * c.green() + 65536L * c.blue(); }
 
+// A colour the group's parts can take: a colour number or a system colour. Any
+// other (-1 for a colour the option file left out) is error 380, and the page's
+// colour step passes it over, so the group keeps its own colours.
+long CorOle(const Var& v) {
+  long c = PrpCor(v);
+  unsigned long u = static_cast<unsigned long>(c) & 0xFFFFFFFFul;
+  if (u > 0xFFFFFF && (u & 0xFFFFFF00ul) != 0x80000000ul) throw CtlErr(380, "invalid property value");
+  return c;
+}
+
 // Argument k of a method call; a call with too few is error 450.
 const Var& Arg(const std::vector<Var>& a, size_t k) {
   if (k >= a.size()) throw CtlErr(450, "wrong number of arguments");
@@ -25,6 +35,7 @@ const Var& Arg(const std::vector<Var>& a, size_t k) {
 }  // namespace
 
 ZunOpc::ZunOpc(QWidget* pai) : QWidget(pai), CtlQt(this) {
+  corTx_ = 0;  // the group's fore colour starts black
   grp_ = new QButtonGroup(this);
   grp_->setExclusive(true);
   fonOpc_ = FonQt(fonNom_, fonTam_, false, false);
@@ -363,9 +374,9 @@ bool ZunOpc::PrpKndCon(TxV nome, Var& v) const {
 bool ZunOpc::PrpKndAtr(TxV nome, const Var& v) {
   if (PrpIgual(nome, u"Caption")) Caption(TxVar(v));
   else if (PrpIgual(nome, u"BorderVisible")) BorderVisible(PrpBool(v));
-  else if (PrpIgual(nome, u"CapColor")) CapColor(PrpCor(v));
-  else if (PrpIgual(nome, u"BackColor")) BackColor(PrpCor(v));
-  else if (PrpIgual(nome, u"ForeColor")) ForeColor(PrpCor(v));
+  else if (PrpIgual(nome, u"CapColor")) CapColor(CorOle(v));
+  else if (PrpIgual(nome, u"BackColor")) BackColor(CorOle(v));
+  else if (PrpIgual(nome, u"ForeColor")) ForeColor(CorOle(v));
   else if (PrpIgual(nome, u"TitAli")) TitAli(TxVar(v));
   else if (PrpIgual(nome, u"opcUsa")) opcUsa(int(PrpNum(v)));
   else if (PrpIgual(nome, u"FontBold")) fontBold_ = PrpBool(v);

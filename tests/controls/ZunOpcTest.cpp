@@ -88,6 +88,13 @@ TEST(ZunOpc, ReadsOptionsByNameAndPassesMissingOnesOver) {
   EXPECT_EQ(g.opc->PrpCon(u"FontName").Txt(), u"Courier New");
   EXPECT_EQ(g.opc->Opc(1)->font(), antes);
   EXPECT_EQ(ErrNum([&] { g.opc->PrpAtr(u"FontItalic", Var(true)); }), 438);
+  // A colour left out of the option file (-1) is refused and passed over by the
+  // page's colour step: the group keeps its colours.
+  CtlCorApl(*g.opc, Var(int32_t(-1)), Var(int32_t(-1)));
+  EXPECT_EQ(g.opc->PrpCon(u"BackColor").Num(), double(int32_t(0x8000000F)));
+  EXPECT_EQ(g.opc->PrpCon(u"ForeColor").Num(), 0);
+  CtlCorApl(*g.opc, Var(int32_t(0x00FF00)), Var(int32_t(0x8000000F)));
+  EXPECT_EQ(g.opc->PrpCon(u"BackColor").Num(), 0x00FF00);
   std::vector<Var> nada;
   EXPECT_EQ(ErrNum([&] { g.opc->Exe(u"Nada", nada); }), 438);
   EXPECT_EQ(ErrNum([&] { g.opc->Exe(u"RegOpc", nada); }), 450);
