@@ -18,7 +18,12 @@ struct FnDef {
   int8_t min;  // fewest arguments
   int8_t max;  // most arguments (-1: any number)
   Fn fn;
+  uint8_t use = 0;  // kFnSub or kFnConv where the place of a call matters
 };
+// A built-in with no value (Randomize): in an expression it is a type mismatch.
+constexpr uint8_t kFnSub = 1;
+// A conversion (CInt...): called as a statement it fails with 458.
+constexpr uint8_t kFnConv = 2;
 
 void DefFns(std::initializer_list<FnDef> fns);        // adds or replaces built-ins
 void DefConst(const char* name, const Value& v);     // a named constant, such as vbCrLf

@@ -1567,13 +1567,20 @@ class Parser {
             CompErr(1041, 0, 0);
           }
           break;
-        case Res::Builtin:
+        case Res::Builtin: {
+          // the statement form of a call is the one followed by oPop
+          bool stmt = in.op == oCall && ref.ins + 1 < pr->code.size() && pr->code[ref.ins + 1].op == oPop;
+          uint8_t use = pr->fns[size_t(r.idx)]->use;
           if (in.op == oLd || in.op == oRef) in.c = 0;
-          if (in.op == oRefIx) in.op = oCall;
           in.op = oCallB;
           in.a = r.idx;
           in.b = 0;
+          if ((use == kFnConv && stmt) || (use == kFnSub && !stmt)) {
+            in.op = oFail;
+            in.a = use == kFnConv ? 458 : 13;
+          }
           break;
+        }
       }
     }
     // global arrays declared with bounds

@@ -48,6 +48,8 @@ struct Scope {
 struct ErrState {
   int32_t num = 0;
   Tx desc, src;
+  Tx helpFile;
+  int32_t helpCtx = 0;
   int32_t line = 0, col = 0;
 };
 

@@ -44,7 +44,11 @@ void FnChrW(Args a, Value& r) {
 }
 
 void FnCBool(Args a, Value& r) { r = Value(ToBool(a[0])); }
-void FnCByte(Args a, Value& r) { r = Value::Byte(ToByte(a[0])); }
+// True is all bits set: as a Byte, 255.
+void FnCByte(Args a, Value& r) {
+  if (a[0].t == vtBoolean) r = Value::Byte(a[0].i ? 255 : 0);
+  else r = Value::Byte(ToByte(a[0]));
+}
 void FnCCur(Args a, Value& r) { r = Value::Cur(ToCur(a[0])); }
 void FnCDate(Args a, Value& r) { r = Value::Date(ToDate(a[0])); }
 void FnCDbl(Args a, Value& r) { r = Value(ToDbl(a[0])); }
@@ -111,9 +115,9 @@ void LibConvReg() {
   DefFns({
       {"Asc", 1, 1, FnAsc},     {"AscB", 1, 1, FnAscB},   {"AscW", 1, 1, FnAscW},
       {"Chr", 1, 1, FnChr},     {"ChrB", 1, 1, FnChrB},   {"ChrW", 1, 1, FnChrW},
-      {"CBool", 1, 1, FnCBool}, {"CByte", 1, 1, FnCByte}, {"CCur", 1, 1, FnCCur},
-      {"CDate", 1, 1, FnCDate}, {"CDbl", 1, 1, FnCDbl},   {"CInt", 1, 1, FnCInt},
-      {"CLng", 1, 1, FnCLng},   {"CSng", 1, 1, FnCSng},   {"CStr", 1, 1, FnCStr},
+      {"CBool", 1, 1, FnCBool, kFnConv}, {"CByte", 1, 1, FnCByte, kFnConv}, {"CCur", 1, 1, FnCCur, kFnConv},
+      {"CDate", 1, 1, FnCDate, kFnConv}, {"CDbl", 1, 1, FnCDbl, kFnConv},   {"CInt", 1, 1, FnCInt, kFnConv},
+      {"CLng", 1, 1, FnCLng, kFnConv},   {"CSng", 1, 1, FnCSng, kFnConv},   {"CStr", 1, 1, FnCStr, kFnConv},
       {"Hex", 1, 1, FnHex},     {"Oct", 1, 1, FnOct},     {"Int", 1, 1, FnInt},
       {"Fix", 1, 1, FnFix},
   });

@@ -162,11 +162,17 @@ FmtOpc Opcoes(Args a) {
   return o;
 }
 
-void FnFormatNumber(Args a, Value& r) { r = Value(FmtNum(ToDbl(a[0]), Opcoes(a))); }
-void FnFormatCurrency(Args a, Value& r) { r = Value(FmtMoeda(ToDbl(a[0]), Opcoes(a))); }
-void FnFormatPercent(Args a, Value& r) { r = Value(FmtPct(ToDbl(a[0]), Opcoes(a))); }
+// The Format functions take no Null: it is a type mismatch there, not 94.
+const Value& NaoNulo(Args a) {
+  if (a[0].IsNull()) Raise(13);
+  return a[0];
+}
+void FnFormatNumber(Args a, Value& r) { r = Value(FmtNum(ToDbl(NaoNulo(a)), Opcoes(a))); }
+void FnFormatCurrency(Args a, Value& r) { r = Value(FmtMoeda(ToDbl(NaoNulo(a)), Opcoes(a))); }
+void FnFormatPercent(Args a, Value& r) { r = Value(FmtPct(ToDbl(NaoNulo(a)), Opcoes(a))); }
 
 void FnFormatDateTime(Args a, Value& r) {
+  NaoNulo(a);
   int32_t f = ArgLng(a, 1, 0);
   if (f < 0 || f > 4) Raise(5);
   double d = ToDate(a[0]);

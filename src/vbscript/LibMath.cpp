@@ -18,8 +18,8 @@ void RetDbl(Value& r, double d) {
 }
 
 void FnAbs(Args a, Value& r) {
-  if (a[0].IsNull()) {
-    r = Value::Null();
+  if (a[0].IsNull() || a[0].t == vtBoolean) {
+    r = a[0];  // Null stays Null, a Boolean stays Boolean
     return;
   }
   Value v = ToNum(a[0]);
@@ -87,8 +87,8 @@ double ArredPar(double x, int n) {
 void FnRound(Args a, Value& r) {
   int32_t n = ArgLng(a, 1, 0);
   if (n < 0) Raise(5);
-  if (a[0].IsNull()) {
-    r = Value::Null();
+  if (a[0].IsNull() || a[0].t == vtBoolean) {
+    r = a[0];  // Null stays Null, a Boolean stays Boolean
     return;
   }
   Value v = ToNum(a[0]);
@@ -158,7 +158,7 @@ void LibMathReg() {
       {"Abs", 1, 1, FnAbs},     {"Sgn", 1, 1, FnSgn},     {"Atn", 1, 1, FnAtn},
       {"Cos", 1, 1, FnCos},     {"Sin", 1, 1, FnSin},     {"Tan", 1, 1, FnTan},
       {"Exp", 1, 1, FnExp},     {"Log", 1, 1, FnLog},     {"Sqr", 1, 1, FnSqr},
-      {"Round", 1, 2, FnRound}, {"Rnd", 0, 1, FnRnd},     {"Randomize", 0, 1, FnRandomize},
+      {"Round", 1, 2, FnRound}, {"Rnd", 0, 1, FnRnd},     {"Randomize", 0, 1, FnRandomize, kFnSub},
   });
 }
 

@@ -106,9 +106,10 @@ void LibMiscReg() {
   DefConst("vbVerticalTab", Value(u"\v"));
   DefConst("vbNullChar", Value(TxV(u"\0", 1)));
   DefConst("vbNullString", Value(u""));
-  // Colours are Long; the rest are Integer when they fit.
+  // Colours and the flags past 16 bits are Long, and vbMsgBoxHelpButton too, as
+  // Windows types it; the rest are Integer.
   static const Kn kLng[] = {
-      {"vbObjectError", int32_t(0x80040000)}, {"vbBlack", 0}, {"vbRed", 0xFF},
+      {"vbObjectError", int32_t(0x80040000)}, {"vbMsgBoxHelpButton", 16384}, {"vbBlack", 0}, {"vbRed", 0xFF},
       {"vbGreen", 0xFF00}, {"vbYellow", 0xFFFF}, {"vbBlue", 0xFF0000},
       {"vbMagenta", 0xFF00FF}, {"vbCyan", 0xFFFF00}, {"vbWhite", 0xFFFFFF},
       {"vbMsgBoxSetForeground", 65536}, {"vbMsgBoxRight", 524288},
@@ -126,7 +127,7 @@ void LibMiscReg() {
       {"vbYesNo", 4}, {"vbRetryCancel", 5}, {"vbCritical", 16}, {"vbQuestion", 32},
       {"vbExclamation", 48}, {"vbInformation", 64}, {"vbDefaultButton1", 0},
       {"vbDefaultButton2", 256}, {"vbDefaultButton3", 512}, {"vbDefaultButton4", 768},
-      {"vbApplicationModal", 0}, {"vbSystemModal", 4096}, {"vbMsgBoxHelpButton", 16384},
+      {"vbApplicationModal", 0}, {"vbSystemModal", 4096},
       {"vbOK", 1}, {"vbCancel", 2}, {"vbAbort", 3}, {"vbRetry", 4}, {"vbIgnore", 5},
       {"vbYes", 6}, {"vbNo", 7}, {"vbEmpty", 0}, {"vbNull", 1}, {"vbInteger", 2},
       {"vbLong", 3}, {"vbSingle", 4}, {"vbDouble", 5}, {"vbCurrency", 6}, {"vbDate", 7},

@@ -74,87 +74,41 @@ void FnLenB(Args a, Value& r) {
   if (!r.IsNull()) r.l *= 2;
 }
 
-void FnLeft(Args a, Value& r) {
-  if (a[0].IsNull()) {
-    ToLng(a[1]);
-    r = Value::Null();
-    return;
+// Left, Right and Mid (what 0, 1, 2), of characters or, in the B forms, of bytes:
+// a text of n units is 2n bytes, so byte counts and positions halve to whole
+// units. A Null position or length fails (94) before anything else is looked
+// at; a Null text gives Null once the numbers have been checked.
+void Corta(Args a, Value& r, int what, bool bytes) {
+  for (int k = 1; k < a.n; ++k)
+    if (a[k].IsNull()) Raise(94);
+  int32_t p = 1, n = -1;
+  if (what == 2) {
+    p = ToLng(a[1]);
+    if (p < 1) Raise(5);
+    if (a.Has(2)) n = ArgTam(a, 2);
+  } else {
+    n = ArgTam(a, 1);
   }
-  int32_t n = ArgTam(a, 1);
-  Tx tmp;
-  TxV t = ArgTx(a, 0, tmp);
-  r = Value(t.substr(0, size_t(n)));
-}
-
-void FnRight(Args a, Value& r) {
-  if (a[0].IsNull()) {
-    ToLng(a[1]);
-    r = Value::Null();
-    return;
-  }
-  size_t n = size_t(ArgTam(a, 1));
-  Tx tmp;
-  TxV t = ArgTx(a, 0, tmp);
-  r = Value(n >= t.size() ? t : t.substr(t.size() - n));
-}
-
-void FnMid(Args a, Value& r) {
-  int32_t p = ToLng(a[1]);
-  if (p < 1) Raise(5);
-  int32_t n = a.Has(2) ? ArgTam(a, 2) : -1;
   if (a[0].IsNull()) {
     r = Value::Null();
     return;
   }
   Tx tmp;
   TxV t = ArgTx(a, 0, tmp);
-  if (size_t(p) > t.size()) {
-    r = Value(TxV());
-    return;
+  size_t m = n < 0 ? TxV::npos : bytes ? size_t(n) / 2 : size_t(n);
+  size_t u = bytes ? size_t(p - 1) / 2 : size_t(p - 1);
+  switch (what) {
+    case 0: r = Value(t.substr(0, m)); break;
+    case 1: r = Value(m >= t.size() ? t : t.substr(t.size() - m)); break;
+    default: r = Value(u >= t.size() ? TxV() : t.substr(u, m)); break;
   }
-  r = Value(t.substr(size_t(p) - 1, n < 0 ? TxV::npos : size_t(n)));
 }
-
-// The byte forms work on whole 16-bit units: a byte count is halved, positions map
-// to the unit that holds them.
-void FnLeftB(Args a, Value& r) {
-  if (a[0].IsNull()) {
-    r = Value::Null();
-    return;
-  }
-  int32_t n = ArgTam(a, 1);
-  Tx tmp;
-  r = Value(ArgTx(a, 0, tmp).substr(0, size_t(n) / 2));
-}
-
-void FnRightB(Args a, Value& r) {
-  if (a[0].IsNull()) {
-    r = Value::Null();
-    return;
-  }
-  size_t n = size_t(ArgTam(a, 1)) / 2;
-  Tx tmp;
-  TxV t = ArgTx(a, 0, tmp);
-  r = Value(n >= t.size() ? t : t.substr(t.size() - n));
-}
-
-void FnMidB(Args a, Value& r) {
-  int32_t p = ToLng(a[1]);
-  if (p < 1) Raise(5);
-  int32_t n = a.Has(2) ? ArgTam(a, 2) : -1;
-  if (a[0].IsNull()) {
-    r = Value::Null();
-    return;
-  }
-  Tx tmp;
-  TxV t = ArgTx(a, 0, tmp);
-  size_t u = size_t(p - 1) / 2;
-  if (u >= t.size()) {
-    r = Value(TxV());
-    return;
-  }
-  r = Value(t.substr(u, n < 0 ? TxV::npos : size_t(n) / 2));
-}
+void FnLeft(Args a, Value& r) { Corta(a, r, 0, false); }
+void FnRight(Args a, Value& r) { Corta(a, r, 1, false); }
+void FnMid(Args a, Value& r) { Corta(a, r, 2, false); }
+void FnLeftB(Args a, Value& r) { Corta(a, r, 0, true); }
+void FnRightB(Args a, Value& r) { Corta(a, r, 1, true); }
+void FnMidB(Args a, Value& r) { Corta(a, r, 2, true); }
 
 void Caixa(Args a, Value& r, bool mai) {
   const Value& v = a[0];
@@ -258,6 +212,8 @@ void FnInStr(Args a, Value& r) { InStrCom(a, r, false); }
 void FnInStrB(Args a, Value& r) { InStrCom(a, r, true); }
 
 void FnInStrRev(Args a, Value& r) {
+  for (int k = 2; k < a.n; ++k)
+    if (a[k].IsNull()) Raise(94);  // before the start is checked
   int32_t de = ArgLng(a, 2, -1);
   if (de == 0 || de < -1) Raise(5);
   int cmp = ArgCmp(a, 3);

@@ -175,7 +175,9 @@ Tx NumTx(double d, int sig, const Locale& loc) {
   while (dig.size() > 1 && dig.back() == '0') dig.pop_back();
   Tx r;
   if (neg) r += u'-';
-  if (ex >= sig || ex < -4) {
+  // Exponent form for large and small numbers, and for a fraction whose digits
+  // would run past sig places after the point (1/36 is 2.77777777777778E-02).
+  if (ex >= sig || ex < -4 || (ex < -1 && int(dig.size()) - ex - 1 > sig)) {
     // Exponent form: d.dddE+xx with at least two exponent digits.
     r += char16_t(dig[0]);
     if (dig.size() > 1) {

@@ -209,7 +209,10 @@ class RegExpObj : public Obj {
     Tx o;
     size_t ult = 0;
     bool fn = rep.IsObj();
-    Tx mod = fn ? Tx() : ToTx(rep);
+    // the replacement is converted as a host converts a variant to text, so a
+    // Boolean is its number there: -1 or 0
+    const Value& rv = rep.Deref();
+    Tx mod = fn ? Tx() : rv.t == vtBoolean ? Tx(rv.i ? u"-1" : u"0") : ToTx(rv);
     int grupos = Prepara().Grupos();
     Percorre(t, [&](const std::vector<int>& c) {
       o.append(t, ult, c[0] - ult);

@@ -196,8 +196,9 @@ bool ToBool(const Value& v0) {
     case vtLong: return v.l != 0;
     case vtByte: return v.b != 0;
     case vtString: {
-      if (EqNoCase(v.Sv(), u"True")) return true;
-      if (EqNoCase(v.Sv(), u"False")) return false;
+      // "#TRUE#" and "#FALSE#" are how Boolean values are written to files
+      if (EqNoCase(v.Sv(), u"True") || EqNoCase(v.Sv(), u"#TRUE#")) return true;
+      if (EqNoCase(v.Sv(), u"False") || EqNoCase(v.Sv(), u"#FALSE#")) return false;
       double d;
       if (!TxNum(v.Sv(), d)) Raise(13);
       return d != 0;

@@ -21,6 +21,17 @@ constexpr int kSlack = 64;
 thread_local Engine* tlEngine = nullptr;
 
 
+// The number Err.Raise raises for the one it is given: 0 and numbers past 16
+// bits are not errors (5); the language's own and the system's out-of-memory
+// codes in their long form stand for the short numbers.
+int32_t RaiseNum(int32_t n) {
+  uint32_t u = uint32_t(n);
+  if ((u & 0xFFFF0000u) == 0x800A0000u) return int32_t(u & 0xFFFF);
+  if (u == 0x8007000Eu) return 7;
+  if (n == 0 || n > 0xFFFF) return 5;
+  return n;
+}
+
 // The Err object of an engine.
 class ErrObj : public Obj {
  public:
@@ -43,18 +54,28 @@ class ErrObj : public Obj {
       case 3:
         if (put) s.src = ToTx(a[a.n - 1]); else r = Value(s.src);
         return;
-      case 4: if (!put) r = Value(Tx()); return;
-      case 5: if (!put) r = Value(int32_t(0)); return;
+      case 4:
+        if (put) s.helpFile = ToTx(a[a.n - 1]); else r = Value(s.helpFile);
+        return;
+      case 5:
+        if (put) s.helpCtx = ToLng(a[a.n - 1]); else r = Value(s.helpCtx);
+        return;
       case 6: {
+        // Raise number, source, description, helpfile, helpcontext: what is left
+        // out keeps what the last error left, and the defaults apply only to a
+        // cleared Err
         if (a.n < 1 || a.n > 5) Raise(450);
-        int32_t num = ToLng(a[0]);
-        Tx src = a.Has(1) ? ToTx(a[1]) : Tx(u"Microsoft VBScript runtime error");
+        int32_t num = RaiseNum(ToLng(a[0]));
+        Tx src = a.Has(1) ? ToTx(a[1]) : !s.src.empty() ? s.src : Tx(u"Microsoft VBScript runtime error");
         Tx desc;
         if (a.Has(2)) desc = ToTx(a[2]);
+        else if (!s.desc.empty() && s.num != 0) desc = s.desc;
         else {
           desc = ErrDesc(num);
           if (desc.empty()) desc = u"Unknown runtime error";
         }
+        if (a.Has(3)) s.helpFile = ToTx(a[3]);
+        if (a.Has(4)) s.helpCtx = ToLng(a[4]);
         throw Fault{num, desc, src};
       }
       case 7: s = ErrState(); return;
@@ -335,12 +356,11 @@ void Inst::Last() {
 }
 
 Value Engine::NewInst(TxV name) {
+  // RegExp is the one class the language itself provides to New, and a script's
+  // own class of that name does not hide it
+  if (EqNoCase(name, u"RegExp")) return Value(NewObj(u"VBScript.RegExp"));
   auto it = classes.find(TxMai(name));
-  if (it == classes.end()) {
-    // RegExp is the one class the language itself provides to New.
-    if (EqNoCase(name, u"RegExp")) return Value(NewObj(u"VBScript.RegExp"));
-    Raise(506);
-  }
+  if (it == classes.end()) Raise(506);
   Ref<Inst> o(new Inst(this, it->second));
   if (it->second->init) {
     Value r;
@@ -383,16 +403,16 @@ void Engine::CallStk(const Proc& p, Inst* me, int argc) {
   Value* bp = sp - argc;
   Tick();
   if (depth >= kMaxDepth || bp + p.nslots + p.maxStack + kSlack > stkEnd) Raise(28);
-  if (p.anyByval) {
-    for (int k = 0; k < argc; ++k) {
-      if (!p.byval[size_t(k)]) continue;
-      Value& a = bp[k];
-      if (a.t == vtRef) {
-        Value c = *a.r;
-        a = std::move(c);
-      }
-      if ((a.t & vtArray) && a.a->rc > 1) a = Value(CloneArr(a.a));
+  // a ByVal parameter, and an argument passed as a value (an expression, a
+  // name in its own parentheses), gets its own copy of an array
+  for (int k = 0; k < argc; ++k) {
+    Value& a = bp[k];
+    if (a.t == vtRef) {
+      if (!p.anyByval || !p.byval[size_t(k)]) continue;
+      Value c = *a.r;
+      a = std::move(c);
     }
+    if ((a.t & vtArray) && a.a->rc > 1) a = Value(CloneArr(a.a));
   }
   sp = bp + p.nslots;
   ++depth;
@@ -772,7 +792,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               NEXT;
             }
             if (ov.t != vtObject) Raise(424);
-            if (!ov.o) Raise(91);
+            if (!ov.o) Raise(I->op == oMCall ? 424 : 91);  // a method call on Nothing
             Ref<Obj> o(ov.o);
             const Value& nm = K[I->a];
             int id;
