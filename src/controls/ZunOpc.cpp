@@ -165,7 +165,7 @@ void ZunOpc::CorTip(TxV pal) {
     // The window draws its picture behind its children: showing it through the
     // control is the copy of the parent's picture under it.
     modo_ = t;
-    img_ = true;
+    img_ = imgCop_ = true;
     CorAct();
     return;
   }
@@ -176,8 +176,9 @@ void ZunOpc::CorTip(TxV pal) {
     frFun_ = CorNum(pai->palette().color(QPalette::Window));
     frTx_ = CorNum(pai->palette().color(QPalette::WindowText));
   }
+  // "I" shows again the picture an earlier "IP" took; any other word hides it.
   modo_ = t;
-  img_ = false;
+  img_ = t == u"I" && imgCop_;
   CorAct();
   OpcRefr();
 }

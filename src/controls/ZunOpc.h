@@ -47,7 +47,7 @@ class ZunOpc : public QWidget, public CtlQt {
   void opcUsa(int i);
 
   // ---- Operations
-  void CorTip(TxV pal);  // "C" container's colours, "P" parent's, "IP" parent's picture, else "N"
+  void CorTip(TxV pal);  // "C" container's colours, "P" parent's, "IP" parent's picture, "I" it again, else "N"
   void RegIni();         // removes all options
   void RegOpc(const Tx& tx, const Tx& adi);  // adds an option; no selection afterwards
   void ConOpc(int i, Tx& tx, Tx& adi) const;  // caption and additional text; left alone if none
@@ -104,7 +104,8 @@ class ZunOpc : public QWidget, public CtlQt {
   int ali_ = 0;  // title: 0 left, 1 right, 2 centre
   int atualiza_ = 0;  // 1 while options are created or cleared
   Tx modo_ = u"N";
-  bool img_ = false;  // the parent's picture shows behind
+  bool img_ = false;     // the parent's picture shows behind
+  bool imgCop_ = false;  // "IP" has taken the parent's picture once
   // Stored only, as the original kept them.
   bool fontBold_ = false;
   Tx fontName_;

@@ -178,12 +178,17 @@ TEST(ZunOpc, ColourModesShowOwnParentOrPictureBehind) {
   g.opc->BackColor(0x00FF00);  // green
   g.opc->CorTip(u"N");
   EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(0, 255, 0));
+  g.opc->CorTip(u"I");  // no picture taken yet: the colours stay
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(0, 255, 0));
   // The parent's picture behind: the window shows through the control and its options.
   g.opc->CorTip(u" ip ");
   EXPECT_EQ(g.opc->ModoCor(), u"IP");
   EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(200, 0, 0));
   int oy = g.opc->Opc(1)->y() + 10 + 1;
   EXPECT_EQ(Pixel(g.jan.get(), 200, oy), QColor(200, 0, 0));
+  g.opc->CorTip(u"N");
+  g.opc->CorTip(u"I");  // the picture taken before shows again
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(200, 0, 0));
   // The parent's colours go to the frame; the part after "-" is not read.
   g.opc->BorderVisible(true);
   g.opc->CorTip(u"P-qualquer");
