@@ -4,6 +4,7 @@
 // control's Error for VbsErr) and never let an exception through.
 #include "Builtins.h"
 #include "DateTime.h"
+#include "Engine.h"
 #include "Locale.h"
 #include "TxtGlb.h"
 #include "VbsInt.h"
@@ -133,6 +134,7 @@ bool ObArrCall(const Var& ob, const Tx& member, std::vector<Var>& elems, Var& re
 // ---- The script control ----------------------------------------------------------
 
 bool VbsSup::EngReset() {
+  lstCod_.reset();
   if (!sc_) return false;
   sc_->Reset();
   added_.clear();
@@ -169,9 +171,60 @@ bool VbsSup::EngAddObject(const Tx& name, const Var& ob, Tx& why) {
   return true;
 }
 
-bool VbsSup::EngAddCode(const Tx& tx) { return sc_ && sc_->AddCode(tx); }
+// New code may change what a name is (a variable, a procedure): ExeCmdLst's
+// compiled list is made again after it.
+bool VbsSup::EngAddCode(const Tx& tx) {
+  lstCod_.reset();
+  return sc_ && sc_->AddCode(tx);
+}
 
-bool VbsSup::EngExec(const Tx& tx) { return sc_ && sc_->ExecuteStatement(tx); }
+bool VbsSup::EngExec(const Tx& tx) {
+  lstCod_.reset();
+  return sc_ && sc_->ExecuteStatement(tx);
+}
+
+// The list as one text of global code, each statement on its own line behind "On
+// Error Resume Next", so that a failure at run time passes on to the next one as
+// separate statements would. A statement that does not compile on its own is left
+// out, as the engine would refuse it alone. The code is kept while the list, the
+// engine and its code stay the same; the engine's last error is left clear.
+bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
+  if (!sc_) return false;
+  vbs::Engine& e = sc_->engine();
+  vbs::UseEngine use(&e);
+  if (!lstCod_ || cmds != lstTx_) {
+    lstCod_.reset();
+    Tx tx;
+    for (const Tx& c : cmds) {
+      try {
+        e.Compile(c, false, vbs::Scope{});
+      } catch (...) {
+        TrcMsg(u"ExeCmdLst \"" + c + u"\"", u"does not compile; left out");
+        continue;
+      }
+      tx += u"On Error Resume Next\n" + c + u"\n";
+    }
+    try {
+      std::shared_ptr<vbs::Unit> u = e.Compile(tx, false, vbs::Scope{});
+      e.Install(*u);
+      lstCod_ = u;
+      lstTx_ = cmds;
+    } catch (...) {
+      return false;
+    }
+  }
+  bool ok = true;
+  std::shared_ptr<vbs::Unit> u = lstCod_;  // kept alive if the code resets the engine
+  try {
+    e.StartClock();
+    e.RunMain(*u->main);
+  } catch (...) {
+    ok = false;
+  }
+  sc_->Error().Clear();
+  e.err = vbs::ErrState();
+  return ok;
+}
 
 bool VbsSup::EngEval(const Tx& tx, Var& res) {
   vbs::Value r;

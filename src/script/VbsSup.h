@@ -17,6 +17,10 @@
 #include "Value.h"
 #include "Var.h"
 
+namespace vbs {
+struct Unit;
+}
+
 namespace zw {
 
 class VbsFxp;
@@ -90,6 +94,11 @@ class VbsSup {
   // Calculation and calls. PgmFxExe's arguments run from 0; SupVbsFx's list holds the
   // procedure's name in element 0 and its arguments from 1.
   void ExeCmd(const Tx& cmd, int16_t& ok);
+  // Runs statements one after another with the effect of ExeCmd on each in turn (a
+  // refused statement assigns nothing and the next one runs), for callers that run
+  // the same list many times: the list is compiled once and its code kept until the
+  // list, the engine or the engine's code changes. ok is 0 when there is no engine.
+  void ExeCmdLst(const std::vector<Tx>& cmds, int16_t& ok);
   void ExeCalc(const Tx& expr, Var& res, int16_t& ok);
   void ExeCalcRa(const Tx& expr, Var& res, int16_t& ok);
   void ExeCalcRes(const Tx& expr, Var& res);
@@ -155,6 +164,7 @@ class VbsSup {
   bool EngAddObject(const Tx& name, const Var& ob, Tx& why);
   bool EngAddCode(const Tx& tx);
   bool EngExec(const Tx& tx);
+  bool EngExecLst(const std::vector<Tx>& cmds);
   bool EngEval(const Tx& tx, Var& res);
   bool EngRun(const Tx& name, Arr& args, Var& res);
   bool EngProcs(std::vector<Tx>& names);
@@ -174,6 +184,9 @@ class VbsSup {
   std::vector<Tx> added_;  // names given to the engine since its last reset
   Var fxpOb_;              // this host as the engine sees it
   VbsFxp* fxp_ = nullptr;  // held by fxpOb_
+  // ExeCmdLst's list and its compiled code; dropped when the engine changes.
+  std::vector<Tx> lstTx_;
+  std::shared_ptr<vbs::Unit> lstCod_;
 };
 
 }  // namespace zw

@@ -28,6 +28,11 @@ void VbsSup::ExeCmd(const Tx& cmd, int16_t& ok) {
   }
 }
 
+void VbsSup::ExeCmdLst(const std::vector<Tx>& cmds, int16_t& ok) {
+  ok = EngExecLst(cmds) ? 1 : 0;
+  if (!ok) Trc(u"ExeCmdLst");
+}
+
 // Evaluates into res, which keeps its kind: a text stays text, anything else
 // becomes a floating-point number. On failure res is left as it was.
 void VbsSup::ExeCalc(const Tx& expr, Var& res, int16_t& ok) {

@@ -29,6 +29,7 @@ void VbsSup::FxIni() {
 // Lets go of the engine and of every object the host holds; the table becomes empty.
 void VbsSup::FxFim() {
   DbgFxFim(trcName_, trcState_, u"#I");
+  lstCod_.reset();
   sc_.reset();
   added_.clear();
   doc_ = Var();
@@ -60,7 +61,10 @@ void VbsSup::VbsSupPrp(const Var& frm, std::shared_ptr<vbs::ScriptControl> sc, c
 // Binds the engine, keeps owner and callback, registers the host as "FxPre" and
 // "Fxp" and starts the engine. The two registration flags are not looked at.
 void VbsSup::RegSup(const Var& frm, std::shared_ptr<vbs::ScriptControl> sc, const Var& cbk, bool hwnd) {
-  if (sc != sc_) added_.clear();
+  if (sc != sc_) {
+    added_.clear();
+    lstCod_.reset();
+  }
   sc_ = std::move(sc);
   own_ = frm;
   cbk_ = cbk.EhFalta() ? frm : cbk;

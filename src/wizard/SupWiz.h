@@ -198,6 +198,7 @@ class SupWiz : public WizEng {
   Var mFrm;
   int16_t mZpoNum = 0;
   std::vector<tZpo> mZpo;
+  std::vector<Tx> mZpoCmd;  // the statements of the last calculation pass
   tZpo mZpoW;
   int16_t mPagNum = 0;
   std::vector<tPag> mPag;

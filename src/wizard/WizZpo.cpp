@@ -6,6 +6,7 @@
 #include "SupWiz.h"
 #include "TdaOpc.h"
 #include "TxtGlb.h"
+#include "VbsSup.h"
 #include "WizTab.h"
 #include "WizGlb.h"
 
@@ -37,16 +38,26 @@ static double ZpoPix(const Var& twp, double tpp) {
 
 // Assigns "xMax", "yMax" and every record, in file order, as expressions: a zone
 // gives Ide_X1, Ide_Y1, Ide_X2, Ide_Y2, a point Ide_X, Ide_Y, a variable Ide itself.
+// Each assignment is a statement of its own, refused alone; the statements of a
+// pass are the same from one group to the next until a record is added, so the
+// host runs them as one list that it compiles once.
 void SupWiz::ZpoCalc() {
   double x = ZpoPix(DimX, TwpPix('X')), y = ZpoPix(DimY, TwpPix('Y'));
-  VbsVarAtr(u"xMax", Var(x), 0);
-  VbsVarAtr(u"yMax", Var(y), 0);
+  std::vector<Tx>& cmd = mZpoCmd;
+  size_t n = 0;
+  auto atr = [&](const Tx& nome, const Tx& val) {
+    if (n == cmd.size()) cmd.emplace_back();
+    Tx& c = cmd[n++];
+    c.assign(nome).append(u"=").append(val);
+  };
+  atr(u"xMax", TxVar(Var(x)));
+  atr(u"yMax", TxVar(Var(y)));
   for (int i = 1; i <= mZpoNum; i++) {
     const tZpo& z = mZpo[size_t(i)];
     if (z.Tip == u"Z" || z.Tip == u"P") {
       Tx pec[4], rst = z.Val;
-      int n = z.Tip == u"Z" ? 4 : 2;
-      for (int k = 0; k < n; k++) {
+      int k4 = z.Tip == u"Z" ? 4 : 2;
+      for (int k = 0; k < k4; k++) {
         int p = TxPos(rst, u",");
         if (p == 0) {
           pec[k] = rst;
@@ -56,19 +67,22 @@ void SupWiz::ZpoCalc() {
           rst = TxMeio(rst, p + 1);
         }
       }
-      if (n == 4) {
-        VbsVarAtr(z.Ide + u"_X1", Var(pec[0]), 0);
-        VbsVarAtr(z.Ide + u"_Y1", Var(pec[1]), 0);
-        VbsVarAtr(z.Ide + u"_X2", Var(pec[2]), 0);
-        VbsVarAtr(z.Ide + u"_Y2", Var(pec[3]), 0);
+      if (k4 == 4) {
+        atr(z.Ide + u"_X1", pec[0]);
+        atr(z.Ide + u"_Y1", pec[1]);
+        atr(z.Ide + u"_X2", pec[2]);
+        atr(z.Ide + u"_Y2", pec[3]);
       } else {
-        VbsVarAtr(z.Ide + u"_X", Var(pec[0]), 0);
-        VbsVarAtr(z.Ide + u"_Y", Var(pec[1]), 0);
+        atr(z.Ide + u"_X", pec[0]);
+        atr(z.Ide + u"_Y", pec[1]);
       }
     } else {
-      VbsVarAtr(z.Ide, Var(z.Val), 0);
+      atr(z.Ide, z.Val);
     }
   }
+  cmd.resize(n);
+  int16_t ok = 0;
+  VbsCri().ExeCmdLst(cmd, ok);
 }
 
 void SupWiz::ZpoAdd(int16_t& idx) { idx = WizTabAdi(mZpo, mZpoNum, mZpoW); }

@@ -134,3 +134,29 @@ TEST(TipVL, KindOfAnExpression) {
   EXPECT_EQ(tip(u" Mid$(a, 2)"), u"N");
   EXPECT_EQ(tip(u"(1)"), u"N");
 }
+
+// A statement list runs as its statements would one by one, also after the engine's
+// code or the engine itself changed under the list's compiled code.
+TEST_F(Call, AStatementListPassesOverRefusalsAndFollowsNewCode) {
+  const std::vector<Tx> lst{u"a=1", u"b=", u"c=a+1", u"d=1/0", u"e=Foo()", u"f=c*2 : g=3", u"h=Nada(1)"};
+  int16_t ok = 0;
+  h.ExeCmdLst(lst, ok);
+  EXPECT_EQ(ok, 1);
+  EXPECT_EQ(TxVar(Ev(u"a & c & f & g & \"|\" & IsEmpty(b) & IsEmpty(d) & IsEmpty(e)")), u"1243|TrueTrueTrue");
+  ASSERT_EQ(Pgm({u"Function Foo()", u"  Foo = c + 10", u"End Function"}), 1);
+  h.ExeCmdLst(lst, ok);
+  EXPECT_EQ(TxVar(Ev(u"a & e")), u"112");
+  int16_t k = 0;
+  h.ExeCmd(u"Function Nada(x) : Nada = x + 40 : End Function", k);  // new code, same engine
+  h.ExeCmd(u"c = 5", k);
+  h.ExeCmdLst(lst, ok);
+  EXPECT_EQ(TxVar(Ev(u"c & \"|\" & h")), u"2|41");
+  h.VbsIni();  // a new engine: no code, no variables
+  h.ExeCmdLst(lst, ok);
+  EXPECT_EQ(TxVar(Ev(u"c & \"|\" & IsEmpty(e) & IsEmpty(h)")), u"2|TrueTrue");
+  // Errors of the list are not left behind for the next call to find.
+  int32_t num = -1;
+  Tx des, loc;
+  h.VbsErr(num, des, loc);
+  EXPECT_EQ(num, 0);
+}
