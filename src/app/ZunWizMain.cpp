@@ -10,6 +10,7 @@
 #include "MsgDlgQt.h"
 #include "Pgm.h"
 #include "ShfPrgQt.h"
+#include "TdaOpc.h"
 #include "TxtGlb.h"
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
@@ -32,6 +33,7 @@ void FrmFimQt(int) {
 void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
   DirExe = dirExe;
   LinCmd = linCmd;
+  TdaOpc::LcLin = linCmd;  // the option reader's "KEY=value" words override the file's options
   MsgDlgDef(&gDlgQt);
   ShfPrgDef(&gPrgQt);
   FrmFimDef(FrmFimQt);
