@@ -69,11 +69,19 @@ ans=/dev/null
 ans=${DEMO_ANSWERS:-$ans}
 "$build/tools/zunwiz-run/zunwiz-run" --answers "$ans" --trace /dev/null --shots "$shots" \
   -FP "$PWD/$demo/ZunWiz.par" || true
+# One shot per page, the first time the answers enter it, numbered in that order.
 rm -f "$out"/demo-*.png
+n=0
+declare -A visto=()
 for f in "$shots"/*.png; do
   [ -e "$f" ] || continue
-  case "$f" in *-box.png) continue ;; esac
-  cp "$f" "$out/demo-$(basename "$f")"
+  ide=$(basename "$f" .png)
+  ide=${ide#*-}
+  [ "$ide" = box ] && continue
+  [ -n "${visto[$ide]:-}" ] && continue
+  visto[$ide]=1
+  n=$((n + 1))
+  cp "$f" "$out/demo-$(printf %02d $n)-$ide.png"
 done
 rm -rf "$shots"
 echo "wrote $(ls "$out"/demo-*.png 2>/dev/null | wc -l) demo pages into $out"
