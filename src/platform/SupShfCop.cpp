@@ -15,12 +15,29 @@
 namespace zw::shf {
 
 namespace {
-// A name no other copy of this process uses, in the destination's folder. It starts
-// with a dot so that a listing in a file manager does not show it while it lives.
+// A name that no other copy uses, in the destination's folder. It starts with a dot
+// so that a file manager does not show it while it lives.
 std::string NomTmp(const std::string& d) {
   static std::atomic<unsigned> seq{0};
+  static const std::string pid = std::to_string(getpid());
   std::string dir = Pasta(d);
-  return (dir == "/" ? "" : dir) + "/.zw~" + std::to_string(getpid()) + "~" + std::to_string(++seq) + ".tmp";
+  return (dir == "/" ? "" : dir) + "/.zw~" + pid + "~" + std::to_string(++seq) + ".tmp";
+}
+
+// Creates the temporary file for d: a new name is tried when one is taken (by a
+// process that was forked from this one, say).
+int AbreTmp(const std::string& d, std::string& tmp) {
+  for (int i = 0; i < 100; i++) {
+    tmp = NomTmp(d);
+    int fd = open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (fd >= 0 || errno != EEXIST) return fd;
+  }
+  return -1;
+}
+
+bool Raiz() {
+  static const bool r = geteuid() == 0;
+  return r;
 }
 
 // Parts of at most this size go to the kernel at a time, so a cancel in the
@@ -73,7 +90,7 @@ int CopDad(int fi, int fo, int64_t tam, const std::string& d, const Avanco& av) 
 
 // Mode, owner (when the process may give files away) and times of st on fd.
 void Marca(int fd, const struct stat& st) {
-  if (geteuid() == 0) (void)!fchown(fd, st.st_uid, st.st_gid);
+  if (Raiz()) (void)!fchown(fd, st.st_uid, st.st_gid);
   fchmod(fd, st.st_mode & 07777);
   struct timespec t[2] = {st.st_atim, st.st_mtim};
   futimens(fd, t);
@@ -111,8 +128,8 @@ std::string Canon(const std::string& p) {
 }
 
 int CopFicFd(int fi, const struct stat& st, const std::string& d, const Avanco& av) {
-  std::string tmp = NomTmp(d);
-  int fo = open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+  std::string tmp;
+  int fo = AbreTmp(d, tmp);
   if (fo < 0) return FicErrNat(errno, tmp);
   int r = CopDad(fi, fo, st.st_size, d, av);
   if (r == 0) Marca(fo, st);
@@ -129,7 +146,7 @@ int CopLnk(const std::string& o, const struct stat& st, const std::string& d) {
   alvo.resize(size_t(n));
   std::string tmp = NomTmp(d);
   if (symlink(alvo.c_str(), tmp.c_str()) != 0) return FicErrNat(errno, tmp);
-  if (geteuid() == 0) (void)!lchown(tmp.c_str(), st.st_uid, st.st_gid);
+  if (Raiz()) (void)!lchown(tmp.c_str(), st.st_uid, st.st_gid);
   struct timespec t[2] = {st.st_atim, st.st_mtim};
   utimensat(AT_FDCWD, tmp.c_str(), t, AT_SYMLINK_NOFOLLOW);
   if (rename(tmp.c_str(), d.c_str()) != 0) {

@@ -176,6 +176,9 @@ class Run {
   // a new name. 0 go on (d may have changed), 1 skip this entry, -1 cancel, or an
   // error number.
   int Colisao(std::string& d, bool pastaOrg) {
+    // A file that is replaced without a question needs no look: the rename into
+    // place replaces it, and refuses a folder in its way.
+    if (!pastaOrg && !s_.RenameOnCollision && !s_.ConfirmOperation) return 0;
     struct stat sd;
     if (lstat(d.c_str(), &sd) != 0) return 0;
     bool pastaDes = S_ISDIR(sd.st_mode);
