@@ -199,6 +199,13 @@ TEST_F(Shf, ClashesReplaceAskOrRename) {
   EXPECT_EQ(r, 1);
   EXPECT_EQ(caixas_.n, n);
   EXPECT_EQ(Le(N("d/a.txt")), "alfa");
+  // A folder in the way of a file is never replaced, asked or not.
+  mkdir(N("d/b.dat").c_str(), 0755);
+  s.FxCop(P("org/b.dat"), P("d"), r);
+  EXPECT_EQ(r, 0);
+  struct stat st;
+  EXPECT_TRUE(stat(N("d/b.dat").c_str(), &st) == 0 && S_ISDIR(st.st_mode));
+  EXPECT_EQ(Temporarios(N("d")), 0);
 }
 
 TEST_F(Shf, MoveAndDelete) {
