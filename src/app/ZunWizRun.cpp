@@ -348,13 +348,21 @@ struct Run final : MsgDlg {
         CtlObj* c = i > 0 ? a.Ctl(arr, i) : nullptr;
         const char16_t* tipo = arr == CtlArr::Ckb ? u"check box" : u"option group";
         if (!c) Desajuste(u"no " + Tx(tipo) + u" component named " + rsp.nome, rsp.lin);
-        if (arr == CtlArr::Opc) {
-          std::vector<Var> n{Var()};
-          c->Exe(u"OpcNum", n);
-          if (rsp.num < 1 || rsp.num > PrpNum(n[0]))
-            Desajuste(rsp.nome + u" has no option " + TxDeUtf8(std::to_string(rsp.num)), rsp.lin);
+        bool ok = true;
+        try {
+          if (arr == CtlArr::Opc) {
+            std::vector<Var> n{Var()};
+            c->Exe(u"OpcNum", n);
+            ok = rsp.num >= 1 && rsp.num <= PrpNum(n[0]);
+          }
+          if (ok) c->PrpAtr(arr == CtlArr::Ckb ? u"Value" : u"opcUsa", Var(int16_t(rsp.num)));
+        } catch (const std::exception&) {
+          ok = false;
         }
-        c->PrpAtr(arr == CtlArr::Ckb ? u"Value" : u"opcUsa", Var(int16_t(rsp.num)));
+        if (!ok)
+          Desajuste(rsp.nome + (arr == CtlArr::Opc ? u" has no option " : u" takes no value ") +
+                        TxDeUtf8(std::to_string(rsp.num)),
+                    rsp.lin);
         break;
       }
     }
