@@ -115,23 +115,6 @@ TEST_F(WizCmpTst, CmpVarAltByEachWord) {
   EXPECT_EQ(Alt(u"\"CMSEG\", \"TXT\", \"x\""), u"0");
 }
 
-TEST_F(WizCmpTst, CmpVarConPublishesTheSelection) {
-  frm->C(CtlArr::Opc, 5)->val[u"opcUsa"] = Var(int16_t(2));
-  EXPECT_EQ(Ev(u"Wiz.CmpVarCon(\"OPA\")"), u"1");
-  EXPECT_EQ(Ev(u"cmpIde & \"|\" & opcSel & \"|\" & opcSelAdi & \"|\" & TypeName(opcSel)"), u"opA|2|C|String");
-  frm->C(CtlArr::Ckb, 2)->val[u"Value"] = Var(int16_t(1));
-  EXPECT_EQ(Ev(u"Wiz.CmpVarCon(\"ckA\")"), u"1");
-  EXPECT_EQ(Ev(u"cmpIde & opcSel"), u"ckA1");
-  // An option has no control: the name is published, then the call fails.
-  EXPECT_EQ(Ev(u"Wiz.CmpVarCon(\"o2\")"), u"0");
-  EXPECT_EQ(Ev(u"cmpIde"), u"o2");
-  EXPECT_EQ(Ev(u"Wiz.CmpVarCon(\"Nada\")"), u"0");
-  EXPECT_EQ(Ev(u"cmpIde"), u"");
-  // With nothing selected: the hidden element 0.
-  frm->C(CtlArr::Opc, 5)->val[u"opcUsa"] = Var(int16_t(0));
-  EXPECT_EQ(Ev(u"Wiz.CmpVarCon(\"opA\") & opcSel & \"[\" & opcSelAdi & \"]\""), u"10[]");
-}
-
 TEST_F(WizTst, AnOptionBeforeAnyGroupFailsTheAttempt) {
   fpa = Par("#DEF - D\n[DimX]=500\n[DimY]=380\n##\n#PAG - Um\n##\n#CMP - o\n[Tip]=OPCTXT\n[Txt]=x\n##\n");
   Frm();

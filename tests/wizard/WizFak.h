@@ -149,17 +149,13 @@ struct FrmFak : WizFrm {
   void PagEnt(int idx, const Tx& ide) override { log.push_back(u"page " + TxAsc(std::to_string(idx)) + u" " + ide); }
 };
 
-// Boxes: each one is logged as "box STYLE TITLE|TEXT" and answered from a queue
-// (the default button when the queue is empty).
+// Boxes: each one is logged as "box STYLE TITLE|TEXT" and answered with its default
+// button.
 struct DlgFak : MsgDlg {
   std::vector<Tx>* log = nullptr;
-  std::vector<int> resp;
   int Caixa(int estilo, const Tx& tit, const Tx& tx) override {
     log->push_back(u"box " + TxAsc(std::to_string(estilo)) + u" " + tit + u"|" + tx);
-    if (resp.empty()) return MsgRespOmissao(estilo);
-    int r = resp.front();
-    resp.erase(resp.begin());
-    return r;
+    return MsgRespOmissao(estilo);
   }
   void Bip() override {}
   bool Entrada(const Tx&, const Tx&, const Tx& omi, Tx& r) override {

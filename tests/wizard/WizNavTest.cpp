@@ -1,6 +1,7 @@
-// Navigation: the transition table (every button and kind, the asymmetry of going
-// back and forward), the history, the order of script calls at a change, the ends
-// of a wizard, and the buttons each page sets.
+// Navigation: the asymmetry of going back and forward, the history, the order of
+// script calls at a change, the buttons each page sets, and failures passed over.
+// The ends of a wizard and the other kinds of each button run end to end in
+// tests/wizard/cases.
 #include "WizFak.h"
 
 namespace zw::tst {
@@ -84,60 +85,6 @@ TEST_F(WizTst, HistoryGoesBackOverJumpsAndDoesNotRepeatAPage) {
   // Back from the first visit: no page, the process ends after leaving A.
   EXPECT_THROW(sup->TraAnt(), FimPrc);
   EXPECT_EQ(Ev(u"Right(Rasto, 3)"), u"-A;");
-}
-
-TEST_F(WizTst, PastTheLastPageOrToAMissingPageEndsTheProcess) {
-  Ini(kPags);
-  sup->TraSeg();
-  sup->TraSeg();
-  sup->TraSeg();
-  EXPECT_EQ(Pags(), u"1 A,2 B,3 C,4 D");
-  EXPECT_THROW(sup->TraSeg(), FimPrc);
-  EXPECT_TRUE(Log(u"Unload").empty());
-  EXPECT_EQ(Ev(u"InStr(Rasto, \"fim\")"), u"0");
-
-  sup = std::make_unique<SupWiz>();
-  Ini(ComTra(Tra("SEG", "PAG", "NADA")));
-  EXPECT_THROW(sup->TraSeg(), FimPrc);
-}
-
-TEST_F(WizTst, ConfirmAndCancelFunctionsStayOnThePage) {
-  Ini(ComTra(Tra("CNF", "FX", "", "Faz") + Tra("CAN", "FX", "", "Faz")));
-  sup->TraCnf();
-  sup->TraCan();
-  EXPECT_EQ(Pags(), u"1 A");
-  EXPECT_EQ(Ev(u"Rasto"), u"+A;faz;faz;");
-  EXPECT_EQ(sup->PagAct(), 1);
-}
-
-TEST_F(WizTst, CancelAsksBeforeTheLastPageOnly) {
-  Ini(ComTra(Tra("CAN")));
-  dlg.resp = {0};
-  sup->TraCan();  // No: nothing happens
-  EXPECT_EQ(Log(u"box"), (std::vector<Tx>{u"box 292 Terminar|Sair ?"}));
-  EXPECT_FALSE(frm->unloaded);
-  dlg.resp = {1};
-  sup->TraCan();
-  EXPECT_TRUE(frm->unloaded);
-  EXPECT_EQ(Ev(u"Rasto"), u"+A;fim;");  // "FxFim" and no "FxPagSai"
-
-  // On the last page the default cancel closes without a question.
-  sup = std::make_unique<SupWiz>();
-  Ini(kPags + Tra("CAN"));
-  for (int i = 0; i < 3; i++) sup->TraSeg();
-  sup->TraCan();
-  EXPECT_TRUE(Log(u"box").empty());
-  EXPECT_TRUE(frm->unloaded);
-}
-
-TEST_F(WizTst, CancelFimClosesAtOnceAndConfirmWithoutKindDoesNothing) {
-  Ini(ComTra(Tra("CAN", "fim") + Tra("CNF")));
-  sup->TraCnf();
-  EXPECT_EQ(sup->PagAct(), 1);
-  EXPECT_FALSE(frm->unloaded);
-  sup->TraCan();
-  EXPECT_TRUE(frm->unloaded);
-  EXPECT_TRUE(Log(u"box").empty());
 }
 
 TEST_F(WizTst, ButtonsTakeCaptionPlaceAndSituationFromEachPage) {
