@@ -1,6 +1,7 @@
 // The run without a person: answers, trace and screenshots over the program's own
 // start-up and windows.
 #include "ZunWizRun.h"
+#include "VbsSup.h"
 #include <QDir>
 #include <QMessageBox>
 #include <QPointer>
@@ -395,6 +396,12 @@ void ZunWizRunIni(const RunOpc& opc) {
   // Copies, moves and deletes write their progress to the trace.
   static ShfPrgLin prg([](const Tx& l) { gRun->Trc(l); });
   ShfPrgDef(&prg);
+  // Every script error the wizard passes over: number, description, the option
+  // file's line (0 when it is no program line) and the statement or call.
+  VbsTrcSaiDef([](const VbsTrcReg& r) {
+    gRun->Trc(u"script " + TxAsc(std::to_string(r.num)) + u" " + RunAsp(r.des) + u" line " +
+              TxAsc(std::to_string(r.lin)) + u" " + RunAsp(r.call));
+  });
   AspGan& g = AspGanAct();
   g.PagEnt = [](ZunWizAsp& a, int idx, const Tx& ide) { gRun->PagEnt(a, idx, ide); };
   g.Mostra = [](ZunWizAsp& a) {

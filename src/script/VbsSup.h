@@ -10,6 +10,7 @@
 // (see VbsTrcDef and docs/script-host.md); it changes nothing else.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 #include "ScriptControl.h"
@@ -49,6 +50,18 @@ struct VbsFrm {
 
 // Diagnostic trace of swallowed script errors: on or off for the whole process.
 void VbsTrcDef(bool on);
+// One swallowed script error: the engine's error number and description, the option file's line
+// where the failing program line stands (0 when it is not a program line, or the
+// program's lines are not known), and the statement or call that failed.
+struct VbsTrcReg {
+  int32_t num = 0;
+  Tx des;
+  int32_t lin = 0;
+  Tx call;
+};
+// Where else each swallowed failure goes, besides stderr while the trace is on: an
+// unattended run writes it to its own trace. Null removes it.
+void VbsTrcSaiDef(std::function<void(const VbsTrcReg&)> f);
 bool VbsTrcAct();
 // Reads the command-line word list: a word "DBGVBS=value" switches the trace on when
 // the value is a yes word ("1", "S", "Sim") and off otherwise; without the word the
@@ -84,7 +97,10 @@ class VbsSup {
 
   // Program text. Line arrays run from 1; element 0 is not used.
   void PgmLer(const Tx& fic, int16_t strip, Tx& tx, int16_t& ok);
-  void PgmRegArr(int16_t strip, const std::vector<Tx>& lines, int16_t& ok);
+  // With num, the option file's line of each of lines (element 0 unused): failures
+  // inside the program are then traced with the file's line.
+  void PgmRegArr(int16_t strip, const std::vector<Tx>& lines, int16_t& ok,
+                 const std::vector<int32_t>* num = nullptr);
   void PgmRegExe(const Tx& tx, int16_t& ok);
   void PgmTxJun(int16_t strip, Tx& tx, const Tx& line);
   void ConFxReg(std::vector<Tx>& names, int32_t& n);
@@ -151,8 +167,9 @@ class VbsSup {
   void DocResIni(const Tx& type, Var& res);
   bool DocCall(const Tx& member, Arr& args, Var& res, const Tx& call);
   friend class VbsFxp;
-  // Writes one swallowed failure to the trace: the engine's error for the call.
-  void Trc(const Tx& call);
+  // Writes one swallowed failure to the trace: the engine's error for the call; stm
+  // is the statement or expression the call ran, when it ran one.
+  void Trc(const Tx& call, const Tx* stm = nullptr);
   // The same for a failure that is not the engine's, with its own description.
   void TrcMsg(const Tx& call, const Tx& why);
 
@@ -173,6 +190,7 @@ class VbsSup {
   bool EngCreate(const Tx& progId, Var& ob, Tx& why);
   void EngErr(int32_t& num, Tx& des, Tx& line, Tx& col, Tx& text);
 
+  std::vector<int32_t> pgmLin_;  // option file line of each program line, from 1
   Tx trcName_ = u"VbsSup";
   Tx trcState_;
   std::shared_ptr<vbs::ScriptControl> sc_;

@@ -24,7 +24,7 @@ void VbsSup::ExeCmd(const Tx& cmd, int16_t& ok) {
   ok = 1;
   if (!EngExec(cmd)) {
     ok = 0;
-    Trc(u"ExeCmd \"" + cmd + u"\"");
+    Trc(u"ExeCmd \"" + cmd + u"\"", &cmd);
   }
 }
 
@@ -40,7 +40,7 @@ void VbsSup::ExeCalc(const Tx& expr, Var& res, int16_t& ok) {
   Var v;
   if (!EngEval(expr, v)) {
     ok = 0;
-    Trc(u"ExeCalc \"" + expr + u"\"");
+    Trc(u"ExeCalc \"" + expr + u"\"", &expr);
     return;
   }
   res = res.EhTx() ? Var(TxVar(v)) : Var(NuDbl(v));
@@ -52,7 +52,7 @@ void VbsSup::ExeCalcRa(const Tx& expr, Var& res, int16_t& ok) {
   Var v;
   if (!EngEval(expr, v)) {
     ok = 0;
-    Trc(u"ExeCalcRa \"" + expr + u"\"");
+    Trc(u"ExeCalcRa \"" + expr + u"\"", &expr);
     return;
   }
   res = v.EhTx() ? v : Var(NuDbl(v));
@@ -62,7 +62,7 @@ void VbsSup::ExeCalcRa(const Tx& expr, Var& res, int16_t& ok) {
 void VbsSup::ExeCalcRes(const Tx& expr, Var& res) {
   Var v;
   if (!EngEval(expr, v)) {
-    Trc(u"ExeCalcRes \"" + expr + u"\"");
+    Trc(u"ExeCalcRes \"" + expr + u"\"", &expr);
     res = Var(Tx());
     return;
   }

@@ -60,9 +60,13 @@ void VbsSup::PgmLer(const Tx& fic, int16_t strip, Tx& tx, int16_t& ok) {
 }
 
 // Joins the lines 1..n and hands the whole text to the engine in one piece.
-void VbsSup::PgmRegArr(int16_t strip, const std::vector<Tx>& lines, int16_t& ok) {
+// The file line of each kept line is remembered for the trace.
+void VbsSup::PgmRegArr(int16_t strip, const std::vector<Tx>& lines, int16_t& ok,
+                       const std::vector<int32_t>* num) {
   Tx tx;
-  for (size_t i = 1; i < lines.size(); i++) PgmTxJun(strip, tx, lines[i]);
+  pgmLin_.assign(1, 0);
+  for (size_t i = 1; i < lines.size(); i++)
+    if (LinJun(strip, tx, lines[i])) pgmLin_.push_back(num && i < num->size() ? (*num)[i] : 0);
   PgmRegExe(tx, ok);
 }
 

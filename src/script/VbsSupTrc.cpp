@@ -12,6 +12,7 @@ namespace zw {
 
 namespace {
 std::atomic<bool> trcOn{false};
+std::function<void(const VbsTrcReg&)> trcSai;
 
 void TrcLin(const Tx& lin) {
   std::string s = TxUtf8(lin);
@@ -22,6 +23,7 @@ void TrcLin(const Tx& lin) {
 }  // namespace
 
 void VbsTrcDef(bool on) { trcOn = on; }
+void VbsTrcSaiDef(std::function<void(const VbsTrcReg&)> f) { trcSai = std::move(f); }
 bool VbsTrcAct() { return trcOn; }
 
 // Looks for the word "DBGVBS=value" (the key in any case) in the command line.
@@ -37,19 +39,31 @@ void VbsTrcLc() {
   }
 }
 
-// "VbsSup: <call>: erro <number> <description> [<location>]"
-void VbsSup::Trc(const Tx& call) {
-  if (!trcOn) return;
+// "VbsSup: <call>: erro <number> <description> [<location>]", and the same failure
+// to the other sink. A failure on line 1 of a statement the host was given is the
+// statement's own; any other line is a line of the program, found in the file. The
+// other sink takes the script engine's errors only, and not the calculation of an
+// empty text, which is how an option leaves a value unset.
+void VbsSup::Trc(const Tx& call, const Tx* stm) {
+  bool vazio = stm && TxTrim(*stm).empty();
+  if (!trcOn && !trcSai) return;
   if (!sc_) {
-    TrcLin(u"VbsSup: " + call + u": no script control");
+    TrcMsg(call, u"no script control");
     return;
   }
   int32_t num = 0;
   Tx des, loc;
   VbsErr(num, des, loc);
-  Tx l = u"VbsSup: " + call + u": erro " + TxAsc(std::to_string(num)) + u" " + des;
-  if (!loc.empty()) l += u" [" + loc + u"]";
-  TrcLin(l);
+  const vbs::ScriptError& e = sc_->Error();
+  bool prop = call.rfind(u"Exe", 0) == 0 && e.Line <= 1;  // the statement's own line
+  int32_t lin = !prop && e.Line >= 1 && size_t(e.Line) < pgmLin_.size() ? pgmLin_[size_t(e.Line)] : 0;
+  if (trcOn) {
+    Tx l = u"VbsSup: " + call + u": erro " + TxAsc(std::to_string(num)) + u" " + des;
+    if (!loc.empty()) l += u" [" + loc + u"]";
+    if (lin > 0) l += u" (option file line " + TxAsc(std::to_string(lin)) + u")";
+    TrcLin(l);
+  }
+  if (trcSai && !vazio) trcSai(VbsTrcReg{num, des, lin, call});
 }
 
 void VbsSup::TrcMsg(const Tx& call, const Tx& why) {

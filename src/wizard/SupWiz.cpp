@@ -100,7 +100,7 @@ void SupWiz::WizOpcLer(const Tx& fpa) {
     } else if (grp == u"VBS") {
       std::vector<Tx> lin;
       mTda->ZonArr(u"TX", num, lin);
-      VbsPgmReg(lin);
+      VbsPgmReg(lin, &mTda->regLinNum);
       VbsVarTx(u"WizFpa", Var(WizFpa));
       VbsVarTx(u"LtrCd", Var(LtrCd));
       VbsVarTx(u"DrvCd", Var(DrvCd));

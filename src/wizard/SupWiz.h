@@ -155,7 +155,7 @@ class SupWiz : public WizEng {
   void VbsPrp();
   void VbsFim();
   void VbsObReg(const Tx& nome, const Var& ob);
-  void VbsPgmReg(const std::vector<Tx>& lin);
+  void VbsPgmReg(const std::vector<Tx>& lin, const std::vector<int32_t>* num = nullptr);
   void VbsVarAtr(const Tx& nome, const Var& val, int flag);
   void VbsVarTx(const Tx& nome, const Var& val);
 

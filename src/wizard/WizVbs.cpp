@@ -41,11 +41,12 @@ void SupWiz::VbsObReg(const Tx& nome, const Var& ob) {
 }
 
 // The program of a "VBS" group replaces any earlier one, with all script variables.
-void SupWiz::VbsPgmReg(const std::vector<Tx>& lin) {
+// num gives the option file's line of each line, for the trace of script errors.
+void SupWiz::VbsPgmReg(const std::vector<Tx>& lin, const std::vector<int32_t>* num) {
   VbsSup& h = VbsCri();
   h.VbsIni();
   int16_t ok = 0;
-  h.PgmRegArr(1, lin, ok);
+  h.PgmRegArr(1, lin, ok, num);
 }
 
 // One assignment "name=value": the value goes as an expression (flag 0) or as a
