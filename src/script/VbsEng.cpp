@@ -198,6 +198,9 @@ bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
     for (const Tx& c : cmds) {
       try {
         e.Compile(c, false, vbs::Scope{});
+      } catch (const vbs::Fault& f) {
+        TrcErr(u"ExeCmd \"" + c + u"\"", f.num, f.desc);
+        continue;
       } catch (...) {
         TrcMsg(u"ExeCmdLst \"" + c + u"\"", u"does not compile; left out");
         continue;

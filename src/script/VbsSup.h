@@ -170,6 +170,8 @@ class VbsSup {
   // Writes one swallowed failure to the trace: the engine's error for the call; stm
   // is the statement or expression the call ran, when it ran one.
   void Trc(const Tx& call, const Tx* stm = nullptr);
+  // A script error raised outside the control's calls, with its number and description.
+  void TrcErr(const Tx& call, int32_t num, const Tx& des);
   // The same for a failure that is not the engine's, with its own description.
   void TrcMsg(const Tx& call, const Tx& why);
 

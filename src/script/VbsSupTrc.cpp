@@ -66,6 +66,13 @@ void VbsSup::Trc(const Tx& call, const Tx* stm) {
   if (trcSai && !vazio) trcSai(VbsTrcReg{num, des, lin, call});
 }
 
+// A script error that the engine raised outside the control's own calls (a statement
+// compiled on its own): written as Trc writes one, with no program line.
+void VbsSup::TrcErr(const Tx& call, int32_t num, const Tx& des) {
+  if (trcOn) TrcLin(u"VbsSup: " + call + u": erro " + TxAsc(std::to_string(num)) + u" " + des);
+  if (trcSai) trcSai(VbsTrcReg{num, des, 0, call});
+}
+
 void VbsSup::TrcMsg(const Tx& call, const Tx& why) {
   if (trcOn) TrcLin(u"VbsSup: " + call + u": " + why);
 }
