@@ -2,8 +2,8 @@
 # Takes the screenshots in docs/images: the background window (background.png) and
 # the box that a missing option file brings up over it (missing-file.png), on a
 # virtual X server (the X tools it needs are installed); then each page of the demo
-# wizard (demo-NN-IDE.png), through zunwiz-run --shots driven by the demo's
-# answers. Not part of CI.
+# wizard (demo-NN-IDE.png) and of the component gallery (gallery-KIND.png), through
+# zunwiz-run --shots driven by their answers files. Not part of CI.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 need=()
@@ -84,3 +84,15 @@ for f in "$shots"/*.png; do
 done
 rm -rf "$shots"
 echo "wrote $(ls "$out"/demo-*.png 2>/dev/null | wc -l) demo pages into $out"
+
+# The gallery's three pages, one shot each, named by what they show.
+shots=$(mktemp -d)
+"$build/tools/zunwiz-run/zunwiz-run" --answers examples/gallery/respostas.txt --trace /dev/null \
+  --shots "$shots" -FP "$PWD/examples/gallery/ZunWiz.par"
+declare -A nome=([LAB]=labels [CKB]=options [RTF]=richtext)
+for ide in "${!nome[@]}"; do
+  f=$(ls "$shots"/*-"$ide".png | head -n 1)
+  cp "$f" "$out/gallery-${nome[$ide]}.png"
+done
+rm -rf "$shots"
+echo "wrote ${#nome[@]} gallery pages into $out"
