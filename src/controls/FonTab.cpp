@@ -1,6 +1,7 @@
 // The font table: Windows names to the metric-compatible fonts of the system.
 #include "FonTab.h"
 #include <QFile>
+#include <QHash>
 #include <QFontDatabase>
 
 namespace zw {
@@ -61,16 +62,30 @@ void FonWineCarga() {
 
 }  // namespace
 
+// The family for a Windows name. Asking the font database goes to the system's font
+// configuration each time, and a page of components asks for the same few names
+// hundreds of times, so each answer is kept for the life of the program (the fonts
+// installed do not change while it runs).
 QString FonFam(const QString& nomeWin) {
-  FonWineCarga();
+  static QHash<QString, QString> feitas;
   QString n = nomeWin.trimmed();
+  QString chave = n.toLower();
+  auto it = feitas.constFind(chave);
+  if (it != feitas.constEnd()) return it.value();
+  FonWineCarga();
+  QString r = n;
   for (const FonPar& p : kFonTab) {
     if (n.compare(QLatin1String(p.win), Qt::CaseInsensitive) != 0) continue;
+    r = QLatin1String(p.fam[0]);
     for (const char* fam : p.fam)
-      if (fam && QFontDatabase::hasFamily(QLatin1String(fam))) return QLatin1String(fam);
-    return QLatin1String(p.fam[0]);
+      if (fam && QFontDatabase::hasFamily(QLatin1String(fam))) {
+        r = QLatin1String(fam);
+        break;
+      }
+    break;
   }
-  return n;
+  feitas.insert(chave, r);
+  return r;
 }
 
 }  // namespace zw
