@@ -10,15 +10,21 @@ namespace zw {
 
 // Uppercase of one character. Latin-1 and Latin Extended-A follow the Windows
 // mapping (so "ÿ" becomes "Ÿ" and "ı" becomes "I"); basic Greek and Cyrillic too.
-char16_t ChrMai(char16_t c) {
+// With `todas`, the two letters whose capital lies outside their own block are
+// mapped as well: "µ" to Greek capital mu and the long "ſ" to "S". The script
+// engine asks for that, because the script language's UCase and its case-blind
+// comparisons map them so; the option-file functions keep them as they are.
+char16_t ChrMai(char16_t c, bool todas) {
   if (c < 0x80) return (c >= 'a' && c <= 'z') ? char16_t(c - 32) : c;
   if (c < 0x100) {
     if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return char16_t(c - 32);
     if (c == 0xFF) return 0x178;
+    if (c == 0xB5 && todas) return 0x39C;
     return c;
   }
   if (c < 0x180) {
     if (c == 0x131) return u'I';
+    if (c == 0x17F && todas) return u'S';
     if (c == 0x130 || c == 0x138 || c == 0x149 || c == 0x178 || c == 0x17F) return c;
     bool parUp = (c < 0x138 || (c >= 0x14A && c < 0x178)) ? (c % 2 == 0) : (c % 2 == 1);
     return parUp ? c : char16_t(c - 1);
@@ -50,9 +56,9 @@ char16_t ChrMin(char16_t c) {
   return c;
 }
 
-Tx TxMai(TxV t) {
+Tx TxMai(TxV t, bool todas) {
   Tx r(t);
-  for (auto& c : r) c = ChrMai(c);
+  for (auto& c : r) c = ChrMai(c, todas);
   return r;
 }
 

@@ -20,9 +20,11 @@ using TxArr = std::vector<Tx>;
 
 // ---- Basic text helpers -------------------------------------------------------
 
-char16_t ChrMai(char16_t c);  // uppercase of a character (Latin-1, Latin Extended-A, Greek, Cyrillic)
+// uppercase of a character (Latin-1, Latin Extended-A, Greek, Cyrillic); `todas`
+// also maps "µ" and "ſ", as the script language does
+char16_t ChrMai(char16_t c, bool todas = false);
 char16_t ChrMin(char16_t c);  // lowercase of a character
-Tx TxMai(TxV t);              // uppercase text, so "ã" becomes "Ã"
+Tx TxMai(TxV t, bool todas = false);  // uppercase text, so "ã" becomes "Ã"
 Tx TxMin(TxV t);              // lowercase text
 Tx TxTrim(TxV t);             // blanks (U+0020) off both ends; tabs stay
 Tx TxTrimE(TxV t);            // blanks off the left end

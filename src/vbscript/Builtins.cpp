@@ -16,7 +16,7 @@ Tables& Tab() {
   static Tables t;
   return t;
 }
-Tx Key(const char* n) { return TxMai(zw::TxAsc(n)); }
+Tx Key(const char* n) { return TxMaiVb(zw::TxAsc(n)); }
 }  // namespace
 
 void DefFns(std::initializer_list<FnDef> fns) {
@@ -28,17 +28,17 @@ void DefConst(const char* name, const Value& v) { Tab().consts[Key(name)] = v; }
 void DefProgId(const char* id, Factory f) { Tab().progs[Key(id)] = f; }
 
 const FnDef* FindFn(TxV name) {
-  auto it = Tab().fns.find(TxMai(name));
+  auto it = Tab().fns.find(TxMaiVb(name));
   return it == Tab().fns.end() ? nullptr : &it->second;
 }
 
 const Value* FindConst(TxV name) {
-  auto it = Tab().consts.find(TxMai(name));
+  auto it = Tab().consts.find(TxMaiVb(name));
   return it == Tab().consts.end() ? nullptr : &it->second;
 }
 
 Ref<Obj> NewObj(TxV id) {
-  auto it = Tab().progs.find(TxMai(id));
+  auto it = Tab().progs.find(TxMaiVb(id));
   if (it == Tab().progs.end()) Raise(429);
   Ref<Obj> o = it->second();
   if (!o) Raise(429);

@@ -13,7 +13,7 @@
 namespace vbs {
 
 int Class::Find(TxV name) const {
-  auto it = byName.find(TxMai(name));
+  auto it = byName.find(TxMaiVb(name));
   return it == byName.end() ? -1 : it->second;
 }
 
@@ -185,7 +185,7 @@ class Parser {
   struct Nest {
     Parser& ps;
     explicit Nest(Parser& p) : ps(p) {
-      if (++ps.nest_ > 400) CompErr(28, ps.Cur().line, ps.Cur().col);
+      if (++ps.nest_ > 400 || ps.E.StackLow()) CompErr(28, ps.Cur().line, ps.Cur().col);
     }
     ~Nest() { --ps.nest_; }
   };
@@ -530,7 +530,7 @@ class Parser {
   bool Declared(const Tx& name) {
     if (P->kind != Proc::Global)
       for (auto& s : P->slotNames) if (EqNoCase(s, name)) return true;
-    return gdecl.count(TxMai(name)) || E.FindCell(name) >= 0;
+    return gdecl.count(TxMaiVb(name)) || E.FindCell(name) >= 0;
   }
 
   // ---------------------------------------------------------------- statements
@@ -820,12 +820,12 @@ class Parser {
       m.field = C->nfields++;
       m.isArr = isArr;
       m.ub = ub;
-      C->byName[TxMai(name)] = int(C->mems.size());
+      C->byName[TxMaiVb(name)] = int(C->mems.size());
       C->mems.push_back(std::move(m));
       return;
     }
     if (P->kind == Proc::Global) {
-      gdecl[TxMai(name)] = 1;
+      gdecl[TxMaiVb(name)] = 1;
       if (isArr && !ub.empty()) {
         // a script-level array with bounds is made when its Dim runs
         int from = Here();
@@ -847,7 +847,7 @@ class Parser {
   bool fieldPub_ = true;
 
   const Value* FindConstVal(const Tx& name) {
-    Tx up = TxMai(name);
+    Tx up = TxMaiVb(name);
     auto it = consts[P].find(up);
     if (it != consts[P].end()) return &it->second;
     auto g = consts[U->main.get()].find(up);
@@ -862,8 +862,8 @@ class Parser {
       WantOp('=', 1011);
       Ex* e = Expr();
       Value v = Fold(e);
-      consts[P][TxMai(name)] = v;
-      if (P->kind == Proc::Global && !C) gdecl[TxMai(name)] = 2;
+      consts[P][TxMaiVb(name)] = v;
+      if (P->kind == Proc::Global && !C) gdecl[TxMaiVb(name)] = 2;
       if (!IsOp(',')) break;
       Next();
     }
@@ -920,7 +920,7 @@ class Parser {
       }
       WantOp(')', 1006);
       if (P->kind != Proc::Global && !C) DeclLocalIfNew(name);
-      if (P->kind == Proc::Global && !P->cls) gdecl[TxMai(name)] = 1;
+      if (P->kind == Proc::Global && !P->cls) gdecl[TxMaiVb(name)] = 1;
       EmitName(oReDim, name, n);
       Emit(oWord, preserve ? 1 : 0);
       if (!IsOp(',')) break;
@@ -931,7 +931,7 @@ class Parser {
   void DeclLocalIfNew(const Tx& name) {
     for (auto& s : P->slotNames) if (EqNoCase(s, name)) return;
     if (P->cls && P->cls->Find(name) >= 0) return;
-    if (E.FindCell(name) >= 0 || gdecl.count(TxMai(name))) return;
+    if (E.FindCell(name) >= 0 || gdecl.count(TxMaiVb(name))) return;
     DeclLocal(name);
   }
 
@@ -1004,7 +1004,7 @@ class Parser {
     if (C) {
       ClassMember(raw, line, col);
     } else {
-      gdecl[TxMai(raw->name)] = 3;
+      gdecl[TxMaiVb(raw->name)] = 3;
     }
   }
 
@@ -1020,7 +1020,7 @@ class Parser {
       Member mm;
       mm.name = pr->name;
       C->mems.push_back(mm);
-      C->byName[TxMai(pr->name)] = m;
+      C->byName[TxMaiVb(pr->name)] = m;
     }
     Member& mb = C->mems[m];
     if (mb.field >= 0) CompErr(1041, line, col);
@@ -1082,7 +1082,7 @@ class Parser {
     }
     Next();
     Next();
-    gdecl[TxMai(C->name)] = 4;
+    gdecl[TxMaiVb(C->name)] = 4;
     U->classes.push_back(std::move(cl));
     C = nullptr;
   }
@@ -1473,7 +1473,7 @@ class Parser {
       int m = cl->Find(name);
       if (m >= 0) { r.k = Res::Member; r.idx = m; return r; }
     }
-    Tx up = TxMai(name);
+    Tx up = TxMaiVb(name);
     auto lc = consts[pr].find(up);
     if (lc != consts[pr].end()) { r.k = Res::Const; r.v = lc->second; return r; }
     auto gc = consts[U->main.get()].find(up);
@@ -1603,6 +1603,8 @@ class Parser {
 }  // namespace
 
 std::unique_ptr<Unit> Engine::Compile(TxV text, bool expr, const Scope& sc) {
+  char top;
+  if (depth == 0) stackTop = &top;  // a compile from the host begins a run
   Parser ps(*this, text, sc);
   auto u = expr ? ps.Expression() : ps.Program();
   auto src = std::make_shared<const Tx>(text);

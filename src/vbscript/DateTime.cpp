@@ -120,7 +120,7 @@ void Num(Tx& r, int v, int largura) {
 
 }  // namespace
 
-Tx DtFmt(double d, TxV pic, const Locale& loc) {
+Tx DtFmtVb(double d, TxV pic, const Locale& loc) {
   DtPartes p;
   if (!DtPartesDe(d, p)) return Tx();
   Tx r;
@@ -189,9 +189,9 @@ Tx DtTx(double d, const Locale& loc) {
   if (!DtPartesDe(d, p)) return Tx();
   bool temHora = p.hora || p.min || p.seg;
   bool temDia = !(p.ano == 1899 && p.mes == 12 && p.dia == 30);
-  if (temDia && !temHora) return DtFmt(d, loc.dtCurta, loc);
-  if (!temDia) return DtFmt(d, loc.hrLonga, loc);
-  return DtFmt(d, loc.dtCurta, loc) + u' ' + DtFmt(d, loc.hrLonga, loc);
+  if (temDia && !temHora) return DtFmtVb(d, loc.dtCurta, loc);
+  if (!temDia) return DtFmtVb(d, loc.hrLonga, loc);
+  return DtFmtVb(d, loc.dtCurta, loc) + u' ' + DtFmtVb(d, loc.hrLonga, loc);
 }
 
 // ---- Reading dates ----

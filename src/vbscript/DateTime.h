@@ -54,7 +54,7 @@ int DtSemana(double d, int priDia = kDom);
 Tx DtTx(double d, const Locale& loc = LocAct());
 // Renders a date through a picture of the Windows kind: d dd ddd dddd, M MM MMM MMMM,
 // y yy yyyy, h hh H HH, m mm, s ss, t tt, 'quoted text'; other characters as they are.
-Tx DtFmt(double d, TxV pic, const Locale& loc = LocAct());
+Tx DtFmtVb(double d, TxV pic, const Locale& loc = LocAct());
 // Reads a date and/or time as CDate, IsDate and DateValue read it: numbers in the
 // locale's order with "/", "-", "." or blanks between, a month name or abbreviation of
 // the locale or of English anywhere, a four-digit year first for year-month-day; a

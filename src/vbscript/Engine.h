@@ -84,6 +84,14 @@ class Engine {
   Value* sp = nullptr;
   Value* stkEnd = nullptr;
   int depth = 0;
+  // the native stack: where the outermost run began, and the most that calls,
+  // Execute and the parser's nesting may take below it before failing with 28
+  char* stackTop = nullptr;
+  static constexpr long kNativeStack = 4L << 20;
+  bool StackLow() const {
+    char here;
+    return stackTop && stackTop - &here > kNativeStack;
+  }
   // arrays locked while one of their elements is passed by reference: the
   // stack slot holding the reference, and the array
   std::vector<std::pair<Value*, Arr*>> elemLocks;

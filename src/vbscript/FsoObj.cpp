@@ -80,59 +80,26 @@ char16_t LetraDe(const std::string& p) {
   return best;
 }
 
-// A list of objects with Count, Item by name or position, and For Each; the
-// Folders collection also has Add.
-class FsoCol : public Obj {
+// The file system's lists (Colecao, by name or position); Folders also has Add.
+class FsoCol : public Colecao {
  public:
   // `erro` is what Item raises for a name that is not there.
-  FsoCol(const char16_t* tipo, int erro, std::string dir = "")
-      : tipo_(tipo), erro_(erro), dir_(std::move(dir)) {}
-  std::vector<Tx> nomes;
-  std::vector<Value> v;
-  Tx TypeName() override { return tipo_; }
-  int Id(TxV n) override {
-    int k = NameIx(n, {"Item", "Count", "Add"});
-    return k == 1 ? 0 : k;
-  }
-  void Invoke(int id, Inv k, Args a, Value& r) override {
-    if (k == Inv::Let || k == Inv::Set) Raise(438);
-    if (id == 2) {
-      r = Value(int32_t(v.size()));
-      return;
-    }
-    if (id == 3 && !dir_.empty()) {
-      if (a.size() != 1) Raise(450);
-      std::string n = dir_;
-      if (n != "/") n += '/';
-      n += zw::TxUtf8(ToTx(a[0]));
-      if (zw::FicInfTip(n) != zw::kFicNada) Raise(58);
-      if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);
-      r = Value(FsoPasta(n));
-      return;
-    }
-    if (id != 0) Raise(438);
+  FsoCol(const char16_t* tipo, int erro, std::string dir = "") : Colecao(tipo, erro), dir_(std::move(dir)) {}
+
+ protected:
+  int IdMais(TxV n) override { return !dir_.empty() && NameIx(n, {"Add"}) == 1 ? 3 : -1; }
+  void Mais(int id, Args a, Value& r) override {
+    if (id != 3) Raise(438);
     if (a.size() != 1) Raise(450);
-    const Value& key = a[0];
-    if (key.IsStr()) {
-      for (size_t i = 0; i < nomes.size(); i++)
-        if (TxCmpTx(nomes[i], key.Sv()) == 0) {
-          r = v[i];
-          return;
-        }
-      Raise(erro_);
-    }
-    int32_t i = ToLng(key);
-    if (i < 0 || size_t(i) >= v.size()) Raise(5);
-    r = v[size_t(i)];
-  }
-  bool Items(std::vector<Value>& out) override {
-    out = v;
-    return true;
+    std::string n = dir_;
+    if (n != "/") n += '/';
+    n += zw::TxUtf8(ToTx(a[0]));
+    if (zw::FicInfTip(n) != zw::kFicNada) Raise(58);
+    if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);
+    r = Value(FsoPasta(n));
   }
 
  private:
-  const char16_t* tipo_;
-  int erro_;
   std::string dir_;
 };
 
@@ -210,7 +177,7 @@ class Entrada : public Obj {
         }
         std::string n = Nome(p_);
         size_t k2 = n.rfind('.');
-        r = Value(k2 == std::string::npos || k2 == 0 ? Tx(u"File") : TxMai(FsoTx(n.substr(k2 + 1))) + u" File");
+        r = Value(k2 == std::string::npos || k2 == 0 ? Tx(u"File") : TxMaiVb(FsoTx(n.substr(k2 + 1))) + u" File");
         break;
       }
       case 13: {  // Copy(destination[, overwrite])

@@ -216,7 +216,7 @@ std::vector<Tok> Lex(TxV src) {
       Tok t;
       // after a dot a word is always a member name
       bool member = !out.empty() && out.back().k == tOp && out.back().op == '.' && !space;
-      Tx up = TxMai(s);
+      Tx up = TxMaiVb(s);
       if (!member && up == u"REM") {
         while (i < n && src[i] != '\r' && src[i] != '\n') ++i;
         continue;

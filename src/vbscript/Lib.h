@@ -54,6 +54,34 @@ inline void RetTx(Value& r, TxV t) { r = Value(t); }
 TxV CortaEsq(TxV t);
 TxV CortaDir(TxV t);
 
+// A read-only list of values with Count, Item (the default member) and For Each:
+// the Matches and SubMatches of RegExp, the Files, Folders and Drives of the file
+// system. Item takes a position from 0 or, when the list keeps a name per value,
+// a name (case-blind); a name that is not there raises `erroNome`. A list with
+// more members (Folders' Add) derives and answers them in IdMais and Mais, with
+// ids from 3.
+class Colecao : public Obj {
+ public:
+  explicit Colecao(const char16_t* tipo, int erroNome = 5) : tipo_(tipo), erroNome_(erroNome) {}
+  std::vector<Value> v;
+  std::vector<Tx> nomes;  // empty, or one per value
+  Tx TypeName() override { return tipo_; }
+  int Id(TxV n) override;
+  void Invoke(int id, Inv k, Args a, Value& r) override;
+  bool Items(std::vector<Value>& out) override {
+    out = v;
+    return true;
+  }
+
+ protected:
+  virtual int IdMais(TxV) { return -1; }
+  virtual void Mais(int, Args, Value&) { Raise(438); }
+
+ private:
+  const char16_t* tipo_;
+  int erroNome_;
+};
+
 // Finds b in a from position `de` (0-based), binary or case-blind; npos when absent.
 size_t TxAcha(TxV a, TxV b, size_t de, bool texto);
 // Finds b in a backwards, starting no later than `ate` (0-based start of the match).

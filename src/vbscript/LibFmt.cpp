@@ -179,10 +179,10 @@ void FnFormatDateTime(Args a, Value& r) {
   const Locale& l = LocAct();
   switch (f) {
     case 0: r = Value(DtTx(d, l)); break;
-    case 1: r = Value(DtFmt(d, l.dtLonga, l)); break;
-    case 2: r = Value(DtFmt(d, l.dtCurta, l)); break;
-    case 3: r = Value(DtFmt(d, l.hrLonga, l)); break;
-    default: r = Value(DtFmt(d, l.hrCurta, l)); break;
+    case 1: r = Value(DtFmtVb(d, l.dtLonga, l)); break;
+    case 2: r = Value(DtFmtVb(d, l.dtCurta, l)); break;
+    case 3: r = Value(DtFmtVb(d, l.hrLonga, l)); break;
+    default: r = Value(DtFmtVb(d, l.hrCurta, l)); break;
   }
 }
 

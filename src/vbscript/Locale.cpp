@@ -1,5 +1,6 @@
 // Locale: the table of regional settings, the locale in force, numbers as text.
 #include "Locale.h"
+#include "TxtGlb.h"
 
 #include <cmath>
 #include <cstdio>
@@ -101,52 +102,12 @@ int LocSistema() {
 
 // ---- Letter case ----
 
-char16_t ChMai(char16_t c) {
-  if (c < 0x80) return (c >= u'a' && c <= u'z') ? c - 32 : c;
-  if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return c - 32;
-  if (c == 0xFF) return 0x178;
-  if (c == 0xB5) return 0x39C;
-  if (c >= 0x100 && c <= 0x17F) {
-    if (c == 0x131) return u'I';
-    if (c == 0x17F) return u'S';
-    if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E)) return (c & 1) ? c : c - 1;
-    if (c == 0x130 || c == 0x138 || c == 0x149 || c == 0x178) return c;
-    return (c & 1) ? c - 1 : c;
-  }
-  if (c >= 0x3B1 && c <= 0x3C9 && c != 0x3C2) return c - 32;
-  if (c == 0x3C2) return 0x3A3;
-  if (c >= 0x430 && c <= 0x44F) return c - 32;
-  if (c >= 0x450 && c <= 0x45F) return c - 80;
-  return c;
-}
-
-char16_t ChMin(char16_t c) {
-  if (c < 0x80) return (c >= u'A' && c <= u'Z') ? c + 32 : c;
-  if (c >= 0xC0 && c <= 0xDE && c != 0xD7) return c + 32;
-  if (c == 0x178) return 0xFF;
-  if (c >= 0x100 && c <= 0x17F) {
-    if (c == 0x130) return u'i';
-    if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E)) return (c & 1) ? c + 1 : c;
-    if (c == 0x131 || c == 0x138 || c == 0x149 || c == 0x17F) return c;
-    return (c & 1) ? c : c + 1;
-  }
-  if (c >= 0x391 && c <= 0x3A9 && c != 0x3A2) return c + 32;
-  if (c >= 0x410 && c <= 0x42F) return c + 32;
-  if (c >= 0x400 && c <= 0x40F) return c + 80;
-  return c;
-}
-
-Tx TxMai(TxV t) {
-  Tx r(t);
-  for (char16_t& c : r) c = ChMai(c);
-  return r;
-}
-
-Tx TxMin(TxV t) {
-  Tx r(t);
-  for (char16_t& c : r) c = ChMin(c);
-  return r;
-}
+// The letter case of the foundation's tables, with µ and ſ mapped as the
+// script language maps them.
+char16_t ChMai(char16_t c) { return zw::ChrMai(c, true); }
+char16_t ChMin(char16_t c) { return zw::ChrMin(c); }
+Tx TxMaiVb(TxV t) { return zw::TxMai(t, true); }
+Tx TxMinVb(TxV t) { return zw::TxMin(t); }
 
 int TxCmpTx(TxV a, TxV b) {
   size_t n = a.size() < b.size() ? a.size() : b.size();

@@ -71,11 +71,12 @@ Tx CurTx(int64_t c, const Locale& loc = LocAct());
 // symbol and parentheses for negatives. False when the text is not a number.
 bool TxNum(TxV t, double& d, const Locale& loc = LocAct());
 
-// Letter case: the full 16-bit range, so that 'ã' and 'Ã' meet.
+// Letter case as the script language has it: the foundation's tables (ChrMai,
+// TxMai in zw), with µ and ſ also mapped; "Vb" marks the language's forms.
 char16_t ChMai(char16_t c);
 char16_t ChMin(char16_t c);
-Tx TxMai(TxV t);
-Tx TxMin(TxV t);
+Tx TxMaiVb(TxV t);
+Tx TxMinVb(TxV t);
 // Case-blind comparison as vbTextCompare does it: <0, 0, >0.
 int TxCmpTx(TxV a, TxV b);
 

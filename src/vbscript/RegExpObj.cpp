@@ -9,38 +9,6 @@ namespace vbs {
 
 namespace {
 
-// A read-only list of values with Count and Item (the default member), for Each.
-class Colecao : public Obj {
- public:
-  Colecao(const char16_t* nome) : nome_(nome) {}
-  std::vector<Value> v;
-  Tx TypeName() override { return nome_; }
-  int Id(TxV n) override {
-    int k = NameIx(n, {"Item", "Count"});
-    return k == 1 ? 0 : k;
-  }
-  void Invoke(int id, Inv k, Args a, Value& r) override {
-    if (k == Inv::Let || k == Inv::Set) Raise(438);
-    if (id == 2) {
-      if (a.size()) Raise(450);
-      r = Value(int32_t(v.size()));
-      return;
-    }
-    if (id != 0) Raise(438);
-    if (a.size() != 1) Raise(450);
-    int32_t i = ToLng(a[0]);
-    if (i < 0 || size_t(i) >= v.size()) Raise(5);
-    r = v[size_t(i)];
-  }
-  bool Items(std::vector<Value>& out) override {
-    out = v;
-    return true;
-  }
-
- private:
-  const char16_t* nome_;
-};
-
 // One match: Value (the default), FirstIndex (0-based), Length, SubMatches.
 class Casamento : public Obj {
  public:

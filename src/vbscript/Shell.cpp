@@ -270,7 +270,7 @@ Ref<Obj> Executa(const Tx& linha) {
 // in "\" reads the key's default value.
 void ChaveReg(TxV s, int32_t& raiz, Tx& path, Tx& nome) {
   size_t b = s.find(u'\\');
-  Tx r = TxMai(b == TxV::npos ? s : s.substr(0, b));
+  Tx r = TxMaiVb(b == TxV::npos ? s : s.substr(0, b));
   if (r == u"HKLM" || r == u"HKEY_LOCAL_MACHINE") raiz = zw::kHklm;
   else if (r == u"HKCU" || r == u"HKEY_CURRENT_USER") raiz = zw::kHkcu;
   else if (r == u"HKCR" || r == u"HKEY_CLASSES_ROOT") raiz = zw::kHkcr;
@@ -348,7 +348,7 @@ class Shell : public Obj {
       }
       case 7: {  // RegWrite(name, value[, type]): text values
         if (a.size() < 2 || a.size() > 3) Raise(450);
-        Tx tipo = a.Has(2) ? TxMai(ToTx(a[2])) : Tx(u"REG_SZ");
+        Tx tipo = a.Has(2) ? TxMaiVb(ToTx(a[2])) : Tx(u"REG_SZ");
         if (tipo != u"REG_SZ" && tipo != u"REG_EXPAND_SZ") Raise(5);
         Tx s = ToTx(a[0]), path, nome;
         int32_t raiz;
@@ -370,7 +370,7 @@ class Shell : public Obj {
         Tx home = Env(u"HOME");
         if (home == Tx(1, u'\x01')) home = u"/";
         if (a.size() == 0) Raise(450);
-        Tx n = TxMai(ToTx(a[0]));
+        Tx n = TxMaiVb(ToTx(a[0]));
         if (n == u"DESKTOP" || n == u"ALLUSERSDESKTOP") r = Value(home + u"/Desktop");
         else if (n == u"MYDOCUMENTS") r = Value(home + u"/Documents");
         else if (n == u"APPDATA") r = Value(home + u"/.config");

@@ -167,12 +167,12 @@ void Engine::Reset() {
 }
 
 int Engine::FindCell(TxV name) const {
-  auto it = byName.find(TxMai(name));
+  auto it = byName.find(TxMaiVb(name));
   return it == byName.end() ? -1 : it->second;
 }
 
 int Engine::CellOf(TxV name) {
-  Tx up = TxMai(name);
+  Tx up = TxMaiVb(name);
   auto it = byName.find(up);
   if (it != byName.end()) return it->second;
   cells.emplace_back();
@@ -205,7 +205,7 @@ void Engine::Install(Unit& u) {
       if (EqNoCase(q->name, pr->name)) { q = pr.get(); found = true; }
     if (!found) procOrder.push_back(pr.get());
   }
-  for (auto& cl : u.classes) classes[TxMai(cl->name)] = cl.get();
+  for (auto& cl : u.classes) classes[TxMaiVb(cl->name)] = cl.get();
 }
 
 void Engine::StartClock() {
@@ -359,7 +359,7 @@ Value Engine::NewInst(TxV name) {
   // RegExp is the one class the language itself provides to New, and a script's
   // own class of that name does not hide it
   if (EqNoCase(name, u"RegExp")) return Value(NewObj(u"VBScript.RegExp"));
-  auto it = classes.find(TxMai(name));
+  auto it = classes.find(TxMaiVb(name));
   if (it == classes.end()) Raise(506);
   Ref<Inst> o(new Inst(this, it->second));
   if (it->second->init) {
@@ -402,7 +402,7 @@ void Engine::CallStk(const Proc& p, Inst* me, int argc) {
   if (argc != p.nargs) Raise(450);
   Value* bp = sp - argc;
   Tick();
-  if (depth >= kMaxDepth || bp + p.nslots + p.maxStack + kSlack > stkEnd) Raise(28);
+  if (depth >= kMaxDepth || bp + p.nslots + p.maxStack + kSlack > stkEnd || StackLow()) Raise(28);
   // a ByVal parameter, and an argument passed as a value (an expression, a
   // name in its own parentheses), gets its own copy of an array
   for (int k = 0; k < argc; ++k) {
@@ -433,6 +433,8 @@ void Engine::CallStk(const Proc& p, Inst* me, int argc) {
 }
 
 void Engine::CallProc(const Proc& p, Inst* me, Args a, Value& r) {
+  char top;
+  if (depth == 0) stackTop = &top;  // a call from the host begins a run
   Value* base = sp;
   if (sp + a.n + kSlack > stkEnd) Raise(28);
   for (int k = 0; k < a.n; ++k) *sp++ = a.v[k];
@@ -453,6 +455,8 @@ void CallObj(Obj* o, Args a, Value& r) {
 }
 
 void Engine::RunMain(Proc& p, Value* up, Inst* me, Value* result) {
+  char top;
+  if (depth == 0) stackTop = &top;  // a run from the host begins here
   Engine* saved = tlEngine;
   tlEngine = this;
   Value* bp = sp;
@@ -480,7 +484,7 @@ void Engine::ExecText(const Value& text, int kind, const Proc& p, Value* bp, Ins
     sc.cls = p.cls;
   }
   // Execute and Eval that run themselves nest as calls do, under the same limit
-  if (depth >= kMaxDepth) Raise(28);
+  if (depth >= kMaxDepth || StackLow()) Raise(28);
   ++depth;
   struct Down {
     int& d;

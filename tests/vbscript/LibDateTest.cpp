@@ -83,9 +83,9 @@ TEST(LibDate, TextAsCStrGivesIt) {
   EXPECT_EQ(Str(0), u"12:00:00 AM");
   EXPECT_EQ(Str(0.25, 2070), u"06:00:00");
   EXPECT_EQ(Str(-1.5), u"12/29/1899 12:00:00 PM");
-  EXPECT_EQ(DtFmt(d, u"dddd, d' de 'MMMM' de 'yyyy", *LocPorId(2070)),
+  EXPECT_EQ(DtFmtVb(d, u"dddd, d' de 'MMMM' de 'yyyy", *LocPorId(2070)),
             u"quinta-feira, 2 de janeiro de 2020");
-  EXPECT_EQ(DtFmt(d, u"ddd MMM yy h t ''x''", LocEua()), u"Thu Jan 20 3 P 'x'");
+  EXPECT_EQ(DtFmtVb(d, u"ddd MMM yy h t ''x''", LocEua()), u"Thu Jan 20 3 P 'x'");
 }
 
 TEST(LibDate, ReadingDatesInLocaleOrder) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Locale.h"
+#include "TxtGlb.h"
 
 using namespace vbs;
 
@@ -75,11 +76,16 @@ TEST(LibLocale, NumbersAsCDblReadsThem) {
 }
 
 TEST(LibLocale, CaseOverTheWholeRange) {
-  EXPECT_EQ(TxMai(u"a\u00e7\u00e3o \u00ff \u0101 \u03b1 \u0430"), u"A\u00c7\u00c3O \u0178 \u0100 \u0391 \u0410");
-  EXPECT_EQ(TxMin(u"\u00c9\u0178\u0100\u0139\u0410\u0401"), u"\u00e9\u00ff\u0101\u013a\u0430\u0451");
+  EXPECT_EQ(TxMaiVb(u"a\u00e7\u00e3o \u00ff \u0101 \u03b1 \u0430"), u"A\u00c7\u00c3O \u0178 \u0100 \u0391 \u0410");
+  EXPECT_EQ(TxMinVb(u"\u00c9\u0178\u0100\u0139\u0410\u0401"), u"\u00e9\u00ff\u0101\u013a\u0430\u0451");
   EXPECT_EQ(ChMai(u'\u00f7'), u'\u00f7');
   EXPECT_EQ(ChMin(u'\u00d7'), u'\u00d7');
   EXPECT_EQ(TxCmpTx(u"abc", u"ABD"), -1);
   EXPECT_EQ(TxCmpTx(u"A\u00c7", u"a\u00e7"), 0);
   EXPECT_EQ(TxCmpTx(u"ab", u"a"), 1);
+  // µ and the long s have capitals outside their block: the language maps them,
+  // the foundation's plain uppercase (the option files') keeps them
+  EXPECT_EQ(TxMaiVb(u"\u00b5\u017f"), u"\u039cS");
+  EXPECT_EQ(zw::TxMai(u"\u00b5\u017f"), u"\u00b5\u017f");
+  EXPECT_EQ(TxCmpTx(u"\u017f", u"s"), 0);
 }
