@@ -1050,10 +1050,9 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oForNext: {
             const Ins& W = *ip++;
             Tick();
+            Value& v = I->b == mLocal ? bp[I->a].Deref() : var(*I, true);
             const Value& lim = bp[I->c];
             const Value& step = bp[I->c + 1];
-            if (step.t == vtEmpty) Raise(92);
-            Value& v = I->b == mLocal ? bp[I->a].Deref() : var(*I, true);
             if (IsIntK(v) && IsIntK(step) && IsIntK(lim)) {
               int64_t n = IntOf(v) + IntOf(step);
               int64_t l = IntOf(lim);
@@ -1064,6 +1063,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               if (IntOf(step) >= 0 ? n <= l : n >= l) ip = code + W.a;
               FAST;
             }
+            if (step.t == vtEmpty) Raise(92);  // its For failed before the loop began
             Value n = Arith(oAdd, v, step);
             v = n;
             int c = Cmp(n, lim);
