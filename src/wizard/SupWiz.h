@@ -199,6 +199,7 @@ class SupWiz : public WizEng {
   int16_t mZpoNum = 0;
   std::vector<tZpo> mZpo;
   std::vector<Tx> mZpoCmd;  // the statements of the last calculation pass
+  int16_t mZpoCmdNum = 0;   // records whose statements mZpoCmd holds already
   tZpo mZpoW;
   int16_t mPagNum = 0;
   std::vector<tPag> mPag;

@@ -18,11 +18,22 @@ int16_t WizTabAdi(std::vector<R>& tab, int16_t& num, const R& reg) {
 }
 
 // The first record whose Ide equals ide, both trimmed and in capitals; 0 when none.
+// Page entry looks components up by name hundreds of times, so a record's Ide is
+// compared in place, without making its trimmed capitals.
 template <class R>
 int16_t WizTabPsq(const std::vector<R>& tab, int16_t num, const Tx& ide) {
   Tx k = TxMai(TxTrim(ide));
-  for (int i = 1; i <= num; i++)
-    if (TxMai(TxTrim(tab[size_t(i)].Ide)) == k) return int16_t(i);
+  for (int i = 1; i <= num; i++) {
+    TxV r = tab[size_t(i)].Ide;
+    size_t a = r.find_first_not_of(u' ');
+    if (a == TxV::npos) a = r.size();
+    size_t b = r.find_last_not_of(u' ');
+    r = r.substr(a, b == TxV::npos ? 0 : b + 1 - a);
+    if (r.size() != k.size()) continue;
+    size_t j = 0;
+    while (j < r.size() && ChrMai(r[j]) == k[j]) j++;
+    if (j == r.size()) return int16_t(i);
+  }
   return 0;
 }
 

@@ -44,15 +44,13 @@ static double ZpoPix(const Var& twp, double tpp) {
 void SupWiz::ZpoCalc() {
   double x = ZpoPix(DimX, TwpPix('X')), y = ZpoPix(DimY, TwpPix('Y'));
   std::vector<Tx>& cmd = mZpoCmd;
-  size_t n = 0;
-  auto atr = [&](const Tx& nome, const Tx& val) {
-    if (n == cmd.size()) cmd.emplace_back();
-    Tx& c = cmd[n++];
-    c.assign(nome).append(u"=").append(val);
-  };
-  atr(u"xMax", TxVar(Var(x)));
-  atr(u"yMax", TxVar(Var(y)));
-  for (int i = 1; i <= mZpoNum; i++) {
+  if (cmd.size() < 2) cmd.resize(2);
+  cmd[0] = u"xMax=" + TxVar(Var(x));
+  cmd[1] = u"yMax=" + TxVar(Var(y));
+  // A record's texts do not change once read and records are only appended, so the
+  // statements of each record are made once, when it first takes part in a pass.
+  auto atr = [&](const Tx& nome, const Tx& val) { cmd.push_back(nome + u"=" + val); };
+  for (int i = mZpoCmdNum + 1; i <= mZpoNum; i++) {
     const tZpo& z = mZpo[size_t(i)];
     if (z.Tip == u"Z" || z.Tip == u"P") {
       Tx pec[4], rst = z.Val;
@@ -80,7 +78,7 @@ void SupWiz::ZpoCalc() {
       atr(z.Ide, z.Val);
     }
   }
-  cmd.resize(n);
+  mZpoCmdNum = mZpoNum;
   int16_t ok = 0;
   VbsCri().ExeCmdLst(cmd, ok);
 }
