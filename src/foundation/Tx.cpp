@@ -128,6 +128,8 @@ Tx TxDeBytes(std::string_view bytes, Cod* cod) {
   return TxDe1252(bytes);
 }
 
+Tx TxDeCod(std::string_view bytes, Cod cod) { return cod == Cod::W1252 ? TxDe1252(bytes) : TxDeUtf8(bytes); }
+
 std::string TxBytes(TxV t, Cod cod) {
   if (cod == Cod::Utf8Bom) return "\xEF\xBB\xBF" + TxUtf8(t);
   if (cod == Cod::Utf8) return TxUtf8(t);

@@ -25,6 +25,7 @@ char16_t ChrDe1252(unsigned char b);  // the character of a Windows-1252 byte
 Cod CodDetecta(std::string_view bytes);
 Tx TxDeBytes(std::string_view bytes, Cod* cod = nullptr);  // detects, drops the mark
 std::string TxBytes(TxV t, Cod cod);                        // writes the mark back for Utf8Bom
+Tx TxDeCod(std::string_view bytes, Cod cod);                // bytes of a known encoding, no mark
 
 // Short spellings for ASCII literals at the edges: Tx(u"...") is the usual form.
 inline Tx TxAsc(std::string_view a) { return Tx(a.begin(), a.end()); }

@@ -196,6 +196,7 @@ void TdaOpc::IdxLinAdi(OpcIdx& idx, const Tx& lin, int32_t n) {
 // conversion), so that writing it back changes only what was edited.
 void TdaOpc::RegPrp(const Tx& fic, int32_t& nli) {
   regLin.assign(1, fic);
+  regByt_.assign(1, std::string());
   memIdx.Lpz();
   int16_t num = 0;
   FicPilAdi(num);
@@ -205,6 +206,7 @@ void TdaOpc::RegPrp(const Tx& fic, int32_t& nli) {
   Tx l;
   while (LinLer(l)) {
     regLin.push_back(l);
+    regByt_.push_back(FicLinByt(num));
     IdxLinAdi(memIdx, l, int32_t(regLin.size() - 1));
   }
   RegFim();
@@ -309,21 +311,32 @@ void TdaOpc::RegCabAlt(int32_t n, const Tx& txt) {
 
 // Writes the held file back in the encoding it was read in, every line with CR
 // LF; lpz 1 drops the lines marked deleted, lpz 0 keeps them, any other value
-// writes no line. The old file is replaced; regLin is freed.
-void TdaOpc::RegExe(const Tx& fic, int16_t lpz) {
+// writes no line. A line whose text is still what its bytes said is written with
+// those bytes, so that what nobody changed (bytes that were not valid in the
+// file's encoding among them) comes back as it was. The old file is replaced
+// only when everything was written; regLin is freed.
+int TdaOpc::RegExe(const Tx& fic, int16_t lpz) {
   Tx f = fic.empty() && !regLin.empty() ? regLin[0] : fic;
   int r = 0;
   FicCriVaz(f, r);
   int num = FicNumLiv();
   FicAbrNum(num, f, u"O", r);
-  if (r == 1) {
+  int e = r == 1 ? 0 : r < 0 ? -r : kErrNumFic;
+  if (!e) {
     FicCodDef(num, regCod_);
-    for (size_t i = 1; i < regLin.size(); i++) {
-      if (lpz == 0 || (lpz == 1 && regLin[i] != kElim)) FicLinGra(num, regLin[i]);
+    for (size_t i = 1; !e && i < regLin.size(); i++) {
+      if (!(lpz == 0 || (lpz == 1 && regLin[i] != kElim))) continue;
+      if (i < regByt_.size() && TxDeCod(regByt_[i], regCod_) == regLin[i])
+        e = FicBytGra(num, regByt_[i] + "\r\n");
+      else
+        e = FicLinGra(num, regLin[i]);
     }
-    FicFec(num);
+    int c = FicFec(num);
+    if (!e) e = c;
   }
   regLin.clear();
+  regByt_.clear();
+  return e;
 }
 
 // ---- zones of a held file

@@ -205,7 +205,9 @@ class TdaOpc {
   void RegVarEli(const Tx& chv);
   void RegCabAct(const Tx& cpo, const Var& val);
   void RegCabAlt(int32_t n, const Tx& txt);
-  void RegExe(const Tx& fic, int16_t lpz);
+  // Writes the held file back; 0, or the file layer's error number (the file is
+  // then as it was).
+  int RegExe(const Tx& fic, int16_t lpz);
   void RegZonCon(Tx& ide, std::vector<Tx>& lin, int32_t& cnt);
   void RegZonIdz(std::vector<Tx>& ides, int16_t& cnt);
   static void RegZonRed(std::vector<Tx>& lin, int32_t& ult);
@@ -232,6 +234,7 @@ class TdaOpc {
   bool lcPrp_ = false;             // the word list exists (LcPrpArg ran)
   bool opcGerOk_ = false;          // opcGer is whole (OpcIni "A" or OpcPrp), not reduced
   Cod regCod_ = Cod::W1252;        // encoding of the file held for editing
+  std::vector<std::string> regByt_;  // the bytes each line of it had when read
   // RegZonCon's place between calls.
   int16_t rzcIni_ = 0;
   int32_t rzcPos_ = 0;

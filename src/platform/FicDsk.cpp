@@ -175,30 +175,6 @@ void FicTipCon(const Tx& path, int& atr, Tx& tip) {
 
 void FicTip(const Tx& path, Tx& tip, int& atr) { FicTipCon(path, atr, tip); }
 
-// Opens the file for input on a free number and closes it again, so a folder is
-// not an existing file (opening one gives 75).
-void FicExi(const Tx& path, int& res) {
-  int n = FicNumLiv();
-  if (n == 0) {
-    res = -kErrFicMui;
-    return;
-  }
-  int r = 0;
-  FicAbrNum(n, path, u"I", r);
-  if (r == 1) {
-    FicFec(n);
-    res = 1;
-  } else {
-    res = r == -kErrFicNao ? 0 : r;
-  }
-}
-
-int FicExi(const Tx& path) {
-  int r = 0;
-  FicExi(path, r);
-  return r;
-}
-
 // Deletes files only; "*" and "?" in the name delete every file that matches, and
 // no match at all is 53, as for a single missing file. A folder is not a file: 53.
 void FicEli(const Tx& path, int& res) {

@@ -11,6 +11,7 @@
 #pragma once
 #include <initializer_list>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 #include "Tx.h"
@@ -27,6 +28,9 @@ enum : int {
 enum : int { kFicPolNada = 0, kFicPolFim = 1, kFicPolCaixa = 2, kFicPolCaixaFim = 3 };
 // Highest file number.
 constexpr int kFicNumMax = 511;
+// The largest file read for input: no option file comes near it, and a larger one
+// is not read into memory but refused with 57.
+constexpr long long kFicLerMax = 64LL << 20;
 
 // --- path texts ---
 void FicSepDef(const Tx& sep);  // sets the separator; "" sets "\"
@@ -87,21 +91,28 @@ void FicVerNot(const Tx& path, int estilo);
 
 // --- open files on file numbers ---
 int FicNumLiv();  // the lowest free file number, 0 when all are taken
-// Opens: mode "O" output (the file is deleted first), "A" append, anything else
-// input. On error the error number goes to err, and the policy err held on entry
-// is applied.
+// Opens: mode "O" output (the file is replaced whole at the close), "A" append,
+// anything else input. Only regular files open (anything else is 75), and input
+// reads at most kFicLerMax bytes. Output and append are safe (see FicGra.h): when
+// a write or the close fails, the file is as it was before the open. On error the
+// error number goes to err, and the policy err held on entry is applied.
 void FicAbr(int num, const Tx& path, const Tx& modo, const Tx& reserva, const Tx& contexto, int& err);
 void FicAbrNum(int num, const Tx& path, const Tx& modo, int& res);  // 1 or -error
 // Opens in binary mode: read and write, created when missing, never truncated.
 void FicAbrBin(int num, const Tx& path, int& res);  // 1 or -error
 void FicLinLer(int num, Tx& lin, int& err);  // next line; err untouched on success
+// The bytes of the line FicLinLer gave last, as they stand in the file (without
+// its end and the byte-order mark); "" for a number not open for input.
+const std::string& FicLinByt(int num);
 bool FicEof(int num);                        // true at the end, or when not open for input
 // Writes text, or a line ended by CR LF, in the file's encoding. 0 or error number.
 int FicTxGra(int num, const Tx& tx);
 int FicLinGra(int num, const Tx& lin);
+// Writes bytes as they are (after the byte-order mark, when the file gets one).
+int FicBytGra(int num, std::string_view b);
 Cod FicCod(int num);             // encoding found at open (input) or in force (output)
 void FicCodDef(int num, Cod c);  // encoding of what is written (Windows-1252 by default)
-int FicFec(int num);             // closes; 0, or 52 when the number is not open
+int FicFec(int num);  // closes and puts output in place; 0, the write's error, or 52 when not open
 void FicFecTot();                // closes every open file
 Tx FicNom(int num);              // the path a number was opened with, "" when free
 

@@ -1,15 +1,21 @@
 // Files open on file numbers: opening with a failure policy, reading lines,
 // writing text, closing. A file opened for input is read whole and decoded at once
 // (Windows-1252, or UTF-8 when it has the mark or valid multi-byte sequences), so
-// lines come from memory and the encoding is known to whoever writes it back.
+// lines come from memory and the encoding is known to whoever writes it back; the
+// bytes of each line are kept as well, so that a line nobody changed can be
+// written back exactly as it was. Only regular files up to kFicLerMax bytes are
+// read. Output and append go through FicGra, so a write that fails leaves the file
+// as it was.
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <algorithm>
 #include <cerrno>
+#include <memory>
 #include "DbgFx.h"
 #include "FicGlb.h"
+#include "FicGra.h"
 #include "MsgDlg.h"
 
 namespace zw {
@@ -17,10 +23,14 @@ namespace zw {
 namespace {
 struct Arq {
   char modo = 0;  // 0 free, 'I' input, 'O' output, 'A' append, 'B' binary
-  int fd = -1;
+  int fd = -1;    // binary
+  std::unique_ptr<FicGra> gra;  // output and append
   Tx nome;
-  Tx dados;        // input: the decoded text
-  size_t pos = 0;  // input: where the next line starts
+  Tx dados;         // input: the decoded text
+  size_t pos = 0;   // input: where the next line starts
+  std::string byt;  // input: the bytes after the mark, and where the next line starts
+  size_t bpos = 0;
+  std::string linByt;  // input: the bytes of the line read last
   Cod cod = Cod::W1252;
   bool escrito = false;
 };
@@ -34,20 +44,30 @@ Arq* Num(int num) {
 // Decimal text of a number with the blank that a positive number carries in front.
 Tx TxStrNu(int n) { return n >= 0 ? u" " + TxAsc(std::to_string(n)) : TxAsc(std::to_string(n)); }
 
-int Grava(int fd, const std::string& b) {
-  for (size_t w = 0; w < b.size();) {
-    ssize_t k = write(fd, b.data() + w, b.size() - w);
-    if (k < 0) {
+// Reads a regular file of at most kFicLerMax bytes. A device, a pipe or a socket is
+// refused as a folder is (75) before anything is read: opening does not wait for a
+// pipe's writer, and nothing endless is read. A larger file is 57.
+int LerFd(int fd, std::string& b) {
+  struct stat st;
+  if (fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) return kErrAces;
+  if (st.st_size > kFicLerMax) return kErrIO;
+  b.clear();
+  char buf[65536];
+  for (;;) {
+    ssize_t r = read(fd, buf, sizeof buf);
+    if (r == 0) return 0;
+    if (r < 0) {
       if (errno == EINTR) continue;
-      return errno == ENOSPC || errno == EDQUOT ? kErrDisco : kErrIO;
+      return kErrIO;
     }
-    w += size_t(k);
+    b.append(buf, size_t(r));
+    if (b.size() > size_t(kFicLerMax)) return kErrIO;  // a file that grows while read
   }
-  return 0;
 }
 
-// The open itself: 0 or the error number.
-int Abre(int num, const Tx& path, char m) {
+// The open itself: 0 or the error number. With ler false an input file is only
+// opened and tested, not read.
+int Abre(int num, const Tx& path, char m, bool ler = true) {
   if (num < 1 || num > kFicNumMax) return kErrNumFic;
   if (gArq[num].modo) return kErrFicAbe;
   int e = 0;
@@ -58,67 +78,51 @@ int Abre(int num, const Tx& path, char m) {
   a.modo = m;
   a.nome = path;
   if (m == 'I') {
-    int fd = open(n.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) return FicErrNat(errno, n);
+    // Not blocking, so that a pipe without a writer does not hold the open.
+    int fd = open(n.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (fd < 0) return errno == ENXIO ? kErrAces : FicErrNat(errno, n);
     struct stat st;
-    if (fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
-      close(fd);
-      return kErrAces;
-    }
-    if (flock(fd, LOCK_SH | LOCK_NB) != 0) {  // a writer holds it
-      close(fd);
-      return kErrPerm;
-    }
+    int e = fstat(fd, &st) != 0 || !S_ISREG(st.st_mode) ? kErrAces : st.st_size > kFicLerMax ? kErrIO : 0;
+    if (!e && flock(fd, LOCK_SH | LOCK_NB) != 0) e = kErrPerm;  // a writer holds it
     std::string b;
-    char buf[65536];
-    for (;;) {
-      ssize_t r = read(fd, buf, sizeof buf);
-      if (r == 0) break;
-      if (r < 0) {
-        if (errno == EINTR) continue;
-        close(fd);
-        return kErrIO;
-      }
-      b.append(buf, size_t(r));
+    if (!e && ler) {
+      fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+      e = LerFd(fd, b);
     }
     close(fd);
+    if (e) return e;
     a.dados = TxDeBytes(b, &a.cod);
-  } else {
-    if (m == 'O') {  // the outcome does not matter, but a file held by another writer stays
-      int f0 = open(n.c_str(), O_WRONLY | O_CLOEXEC);
-      if (f0 >= 0) {
-        if (flock(f0, LOCK_EX | LOCK_NB) != 0) {
-          close(f0);
-          return kErrPerm;
-        }
-        unlink(n.c_str());
-        close(f0);
-      }
-    }
-    int fl = O_CLOEXEC | (m == 'B' ? O_RDWR | O_CREAT : O_WRONLY | O_CREAT | (m == 'A' ? O_APPEND : O_TRUNC));
-    int fd = open(n.c_str(), fl, 0666);
+    a.byt = a.cod == Cod::Utf8Bom ? b.substr(3) : std::move(b);
+  } else if (m == 'B') {
+    int fd = open(n.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
     if (fd < 0) return errno == EISDIR ? kErrAces : FicErrNat(errno, n);
+    struct stat st;
+    int e = fstat(fd, &st) != 0 || !S_ISREG(st.st_mode) ? kErrAces : 0;
+    // Held as an output file is: another writer gets "Permission denied".
+    if (!e && flock(fd, LOCK_EX | LOCK_NB) != 0) e = kErrPerm;
+    if (e) {
+      close(fd);
+      return e;
+    }
+    fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    a.escrito = st.st_size > 0;
+    a.fd = fd;
+  } else {
     // A file open for writing is held: another writer, in this process or another,
     // gets "Permission denied" until it is closed, as on the system the wizards
     // come from.
-    if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
-      close(fd);
-      return kErrPerm;
-    }
-    struct stat st;
-    if (fstat(fd, &st) == 0 && st.st_size > 0) {
+    a.gra = std::make_unique<FicGra>();
+    if (int e = a.gra->Abre(n, m)) return e;
+    if (m == 'A' && a.gra->TamIni() > 0) {  // append in the encoding the file already has
       a.escrito = true;
-      if (m == 'A') {  // append in the encoding the file already has
-        std::string b(size_t(std::min<off_t>(st.st_size, 1 << 20)), '\0');
-        ssize_t r = pread(fd, b.data(), b.size(), 0);
-        if (r > 0) {
-          b.resize(size_t(r));
-          Cod c = CodDetecta(b);
-          a.cod = c == Cod::W1252 ? Cod::W1252 : Cod::Utf8;
-        }
+      std::string b(size_t(std::min<int64_t>(a.gra->TamIni(), 1 << 20)), '\0');
+      ssize_t r = pread(a.gra->Fd(), b.data(), b.size(), 0);
+      if (r > 0) {
+        b.resize(size_t(r));
+        Cod c = CodDetecta(b);
+        a.cod = c == Cod::W1252 ? Cod::W1252 : Cod::Utf8;
       }
     }
-    a.fd = fd;
   }
   gArq[num] = std::move(a);
   return 0;
@@ -161,6 +165,26 @@ void FicAbrBin(int num, const Tx& path, int& res) {
   res = e ? -e : 1;
 }
 
+// Opens the file for input on a free number and closes it again, without reading
+// it, so a folder, a device or a pipe is not an existing file (75), as a file
+// held by a writer is not (70).
+void FicExi(const Tx& path, int& res) {
+  int n = FicNumLiv();
+  if (n == 0) {
+    res = -kErrFicMui;
+    return;
+  }
+  int e = Abre(n, path, 'I', false);
+  if (e == 0) gArq[n] = Arq();
+  res = e == 0 ? 1 : e == kErrFicNao ? 0 : -e;
+}
+
+int FicExi(const Tx& path) {
+  int r = 0;
+  FicExi(path, r);
+  return r;
+}
+
 // A line ends at CR LF. A bare CR or a bare LF ends a line as well, so files
 // written on Linux (LF) or on old Macintosh systems (CR) read line by line; a
 // file's last line needs no end. Past the last line the error is 62.
@@ -181,10 +205,23 @@ void FicLinLer(int num, Tx& lin, int& err) {
   if (e == Tx::npos) {
     lin = d.substr(a->pos);
     a->pos = d.size();
-    return;
+  } else {
+    lin = d.substr(a->pos, e - a->pos);
+    a->pos = e + (d[e] == u'\r' && e + 1 < d.size() && d[e + 1] == u'\n' ? 2 : 1);
   }
-  lin = d.substr(a->pos, e - a->pos);
-  a->pos = e + (d[e] == u'\r' && e + 1 < d.size() && d[e + 1] == u'\n' ? 2 : 1);
+  // CR and LF are the same single bytes in every encoding read, so the bytes part
+  // into lines at the same places.
+  const std::string& b = a->byt;
+  size_t f = b.find_first_of("\r\n", a->bpos);
+  if (f == std::string::npos) f = b.size();
+  a->linByt = b.substr(a->bpos, f - a->bpos);
+  a->bpos = f < b.size() ? f + (b[f] == '\r' && f + 1 < b.size() && b[f + 1] == '\n' ? 2 : 1) : f;
+}
+
+const std::string& FicLinByt(int num) {
+  static const std::string nada;
+  Arq* a = Num(num);
+  return a && a->modo == 'I' ? a->linByt : nada;
 }
 
 bool FicEof(int num) {
@@ -192,14 +229,28 @@ bool FicEof(int num) {
   return !a || a->modo != 'I' || a->pos >= a->dados.size();
 }
 
-int FicTxGra(int num, const Tx& tx) {
+// The mark of UTF-8 goes in front of the first bytes of a file that has none yet.
+int FicBytGra(int num, std::string_view b) {
   Arq* a = Num(num);
   if (!a) return kErrNumFic;
   if (a->modo == 'I') return kErrModo;
-  std::string b = TxBytes(tx, a->cod);
-  if (a->cod == Cod::Utf8Bom && a->escrito && b.size() >= 3) b.erase(0, 3);  // the mark only once
+  std::string m = a->cod == Cod::Utf8Bom && !a->escrito ? "\xEF\xBB\xBF" : "";
   a->escrito = true;
-  return Grava(a->fd, b);
+  std::string_view w = b;
+  if (!m.empty()) w = (m += b);
+  if (a->gra) return a->gra->Grava(w);
+  for (size_t k = 0; k < w.size();) {
+    ssize_t r = write(a->fd, w.data() + k, w.size() - k);
+    if (r < 0 && errno == EINTR) continue;
+    if (r < 0) return errno == ENOSPC || errno == EDQUOT || errno == EFBIG ? kErrDisco : kErrIO;
+    k += size_t(r);
+  }
+  return 0;
+}
+
+int FicTxGra(int num, const Tx& tx) {
+  Cod c = FicCod(num);
+  return FicBytGra(num, TxBytes(tx, c == Cod::Utf8Bom ? Cod::Utf8 : c));
 }
 
 int FicLinGra(int num, const Tx& lin) { return FicTxGra(num, lin + u"\r\n"); }
@@ -213,10 +264,13 @@ void FicCodDef(int num, Cod c) {
   if (Arq* a = Num(num)) a->cod = c;
 }
 
+// An output file is put in place here; when that fails the old file stays and the
+// error comes back.
 int FicFec(int num) {
   Arq* a = Num(num);
   if (!a) return kErrNumFic;
   int r = 0;
+  if (a->gra) r = a->gra->Fecha();
   if (a->fd >= 0 && close(a->fd) != 0) r = errno == ENOSPC ? kErrDisco : kErrIO;
   *a = Arq();
   return r;

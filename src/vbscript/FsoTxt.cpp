@@ -3,12 +3,17 @@
 // (its mark dropped), otherwise UTF-8 when the bytes are UTF-8 and Windows-1252 when
 // not. A stream for writing or appending writes each call through: UTF-16LE with a
 // mark at the start of a new file, or Windows-1252. Lines end in CR LF when written;
-// on reading CR LF, LF and CR all end a line.
+// on reading CR LF, LF and CR all end a line. Writing goes through the platform's
+// safe writer: a file replaced whole appears only at the close, when every byte
+// of it was written, and a failed write leaves the old file as it was.
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <memory>
 
+#include "FicGra.h"
+#include "FicInf.h"
 #include "Fso.h"
 
 namespace vbs {
@@ -20,8 +25,10 @@ class Texto : public Obj {
   Texto(int modo, bool uni) : modo_(modo), uni_(uni) {}
   ~Texto() override { Fecha(); }
 
-  // Opens the file; raises 53, 76, 70 as the file layer does.
+  // Opens the file; raises 53, 76, 70, 75 as the file layer does.
   void Abre(const std::string& nat, bool criar) {
+    // A device, a pipe or a socket would never end or never answer: refused.
+    if (zw::FicInfTip(nat) == zw::kFicOut) Raise(75);
     FILE* f = std::fopen(nat.c_str(), "rb");
     bool existe = f != nullptr;
     if (!existe && errno != ENOENT) FsoErr(errno, false);
@@ -39,17 +46,14 @@ class Texto : public Obj {
       Decodifica(b);
       return;
     }
-    long tam = 0;
-    if (existe) {
-      std::fseek(f, 0, SEEK_END);
-      tam = std::ftell(f);
-      std::fclose(f);
-    } else if (!criar) {
-      FsoErr(ENOENT, false);
+    if (existe) std::fclose(f);
+    else if (!criar) FsoErr(ENOENT, false);
+    g_ = std::make_unique<zw::FicGra>();
+    if (int e = g_->Abre(nat, modo_ == 8 ? 'A' : 'O')) {
+      g_.reset();
+      Raise(e);
     }
-    f_ = std::fopen(nat.c_str(), (modo_ == 8 && existe) ? "ab" : "wb");
-    if (!f_) FsoErr(errno == ENOENT ? ENOTDIR : errno, false);
-    if (uni_ && (modo_ == 2 || tam == 0)) std::fwrite("\xFF\xFE", 1, 2, f_);
+    if (uni_ && (modo_ == 2 || g_->TamIni() == 0)) Grava("\xFF\xFE");
   }
 
   void Padrao(int fd) {
@@ -66,7 +70,7 @@ class Texto : public Obj {
   void Invoke(int id, Inv k, Args a, Value& r) override {
     if (k == Inv::Let || k == Inv::Set) Raise(438);
     if (id == 5) {
-      Fecha();
+      Fecha(true);
       return;
     }
     if (fechado_) Raise(52);
@@ -127,7 +131,7 @@ class Texto : public Obj {
  private:
   int modo_;
   bool uni_;
-  FILE* f_ = nullptr;
+  std::unique_ptr<zw::FicGra> g_;  // the file being written
   int fd_ = -1;
   bool lido_ = true;
   bool fechado_ = false;
@@ -191,16 +195,23 @@ class Texto : public Obj {
     }
     if (fd_ > 0) {
       std::fwrite(b.data(), 1, b.size(), fd_ == 1 ? stdout : stderr);
-    } else if (std::fwrite(b.data(), 1, b.size(), f_) != b.size()) {
-      Raise(61);
+    } else {
+      Grava(b);
     }
     Conta(s);
   }
 
-  void Fecha() {
-    if (f_) std::fclose(f_);
-    f_ = nullptr;
+  void Grava(std::string_view b) {
+    if (int e = g_->Grava(b)) Raise(e);
+  }
+
+  // Puts what was written in place; Close reports a failure, the end of the
+  // stream's life cannot and drops it (the old file stays either way).
+  void Fecha(bool lanca = false) {
+    int e = g_ ? g_->Fecha() : 0;
+    g_.reset();
     fechado_ = true;
+    if (e && lanca) Raise(e);
   }
 };
 

@@ -1,5 +1,6 @@
 // Writing: the round trip of a held file, editing values and the header, zones of
 // a held file, model zones, and the line forms of stream writing.
+#include <sys/resource.h>
 #include <filesystem>
 #include <stdexcept>
 #include "FicGlb.h"
@@ -201,4 +202,32 @@ TEST(OpcGra, StreamWritingLineForms) {
   t = u"antes";
   TdaOpc::CabOpcDt(Var(int16_t(3)), t);
   EXPECT_EQ(t, u"antes");
+}
+
+TEST(OpcGra, UntouchedLinesKeepTheirBytesAndAFailedWriteChangesNothing) {
+  // UTF-8 with a mark, whose other lines hold bytes that are not UTF-8.
+  std::string cab = "\xef\xbb\xbf'Nome : T\r\n'Tipo : par\r\n'Data :\r\n'Versao :\r\n'Descricao :\r\n";
+  std::string antes = cab + "#DEF:IDE - D\r\nA [A]=\xe7\xe3o\r\nB [B]=x\xff\r\nC [C]=\xc3\xa7\r\n##\r\n";
+  Tx f = TmpBytes("bytes.par", antes);
+  TdaOpc o;
+  int32_t n = 0;
+  o.RegPrp(f, n);
+  o.RegVarAlt(u"B", Var(Tx(u"\u00e7")), 2);
+  EXPECT_EQ(o.RegExe(f, 1), 0);
+  std::string depois = cab + "#DEF:IDE - D\r\nA [A]=\xe7\xe3o\r\nB [B]=\xc3\xa7\r\nC [C]=\xc3\xa7\r\n##\r\n";
+  EXPECT_EQ(Bytes(TxUtf8(f)), depois);
+
+  // Under a file-size limit smaller than the file: the error comes back, the
+  // file stays as it was.
+  o.RegPrp(f, n);
+  o.RegVarAlt(u"B", Var(Tx(500, u'x')), 2);
+  rlimit velho;
+  getrlimit(RLIMIT_FSIZE, &velho);
+  rlimit lim = velho;
+  lim.rlim_cur = 200;
+  setrlimit(RLIMIT_FSIZE, &lim);
+  int e = o.RegExe(f, 1);
+  setrlimit(RLIMIT_FSIZE, &velho);
+  EXPECT_EQ(e, kErrDisco);
+  EXPECT_EQ(Bytes(TxUtf8(f)), depois);
 }

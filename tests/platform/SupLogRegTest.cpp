@@ -1,5 +1,6 @@
 // The log class: header blocks, records in their registers, locks and clearing.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -179,4 +180,21 @@ TEST_F(Log, ClearingAndGroupMessages) {
   EXPECT_EQ(FicExi(log_.RegFic(u"MSG")), 0);
   EXPECT_EQ(FicExi(log_.RegLck(u"MSG")), 0);
   EXPECT_EQ(log_.GrpLpz(0), 1);  // nothing left to delete is done as well
+}
+
+TEST_F(Log, AFailedRecordLeavesTheRegisterAsItWas) {
+  ASSERT_EQ(log_.RegIniMsg(u"primeiro"), 1);
+  std::ifstream in(dir_ + "/LogIni.txt", std::ios::binary);
+  std::string antes((std::istreambuf_iterator<char>(in)), {});
+  rlimit velho;
+  getrlimit(RLIMIT_FSIZE, &velho);
+  rlimit lim = velho;
+  lim.rlim_cur = rlim_t(antes.size() + 100);
+  setrlimit(RLIMIT_FSIZE, &lim);
+  int r = log_.RegIniMsg(Tx(4000, u'x'));
+  setrlimit(RLIMIT_FSIZE, &velho);
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(g_.cx.size(), 1u);  // the box that says the record was not written
+  std::ifstream de(dir_ + "/LogIni.txt", std::ios::binary);
+  EXPECT_EQ(std::string((std::istreambuf_iterator<char>(de)), {}), antes);
 }

@@ -1,5 +1,6 @@
 // FileSystemObject and WScript.Shell reached from C++: path functions, reading line
 // ends of every kind, encodings on disk, and environment expansion.
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -135,4 +136,30 @@ TEST(LibShell, RegReadAndRegWriteOverTheStandIn) {
   M(s, "RegWrite", {S(u"HKLM\\Software\\ZunWiz\\N"), I(1), S(u"REG_DWORD")}, &e);
   EXPECT_EQ(e, 5);
   zw::RegFicDef(u"");
+}
+
+TEST(LibFso, AFailedTextWriteLeavesTheFileAsItWas) {
+  Pasta d;
+  std::string velho(3000, 'v');
+  d.Escreve("a.txt", velho);
+  Value f = Cria(u"Scripting.FileSystemObject");
+  rlimit antes;
+  getrlimit(RLIMIT_FSIZE, &antes);
+  rlimit lim = antes;
+  lim.rlim_cur = 4096;
+  setrlimit(RLIMIT_FSIZE, &lim);
+  int e1 = 0, e2 = 0, e3 = 0, e4 = 0;
+  for (int modo : {2, 8}) {  // replacing and appending
+    Value t = M(f, "OpenTextFile", {d.Caminho("a.txt"), Value(int32_t(modo))});
+    M(t, "Write", {Value(zw::Tx(8000, u'n'))}, &e1);
+    M(t, "Close", {}, &e2);
+  }
+  Value t = M(f, "CreateTextFile", {d.Caminho("novo.txt")});
+  M(t, "Write", {Value(zw::Tx(8000, u'n'))}, &e3);
+  M(t, "Close", {}, &e4);
+  setrlimit(RLIMIT_FSIZE, &antes);
+  EXPECT_EQ(e1 + e3, 61 + 61);
+  EXPECT_EQ(e2 + e4, 61 + 61);
+  EXPECT_EQ(d.Le("a.txt"), velho);
+  EXPECT_EQ(std::system(("test \"$(ls -A " + d.p + ")\" = a.txt").c_str()), 0);  // nothing else left
 }

@@ -2,7 +2,11 @@
 // wizard's reader sees in a file (dump), answers an option query as the wizard
 // would after reading the whole file (get), and changes or adds one variable in
 // place, leaving the rest of the file as it was (set).
-#include <unistd.h>
+//
+// Exit status: 0 done; 1 an option file the reader fails on; 2 the file cannot be
+// read (missing, not a regular file, unreadable, too large); 3 it cannot be
+// written (permission, disk full, file-size limit), and then it is as it was;
+// 64 wrong arguments. Every failure says why on the standard error.
 #include <cmath>
 #include <cstdio>
 #include <exception>
@@ -66,14 +70,23 @@ Tx Linha(const std::vector<Tx>& pal) {
   return l;
 }
 
+// What a file-layer error number means to the user of the tool.
+const char* Porque(int e) {
+  switch (e) {
+    case 0: case kErrFicNao: case kErrDirNao: return "file not found";
+    case kErrPerm: return "permission denied";
+    case kErrAces: return "not a regular file";
+    case kErrIO: return "larger than 64 MiB, or an input/output error";
+    case kErrDisco: return "disk full or file-size limit reached";
+    default: return "file error";
+  }
+}
+
 // A file the reader cannot open ends the tool with a one-line message.
 bool Legivel(const Tx& fic) {
   int r = FicExi(fic);
   if (r == 1) return true;
-  const char* why = r == 0 || r == -kErrFicNao || r == -kErrDirNao ? "file not found"
-                    : r == -kErrPerm                               ? "permission denied"
-                                                                   : "not a readable file";
-  std::fprintf(stderr, "zunwiz-opc: cannot read %s (%s)\n", TxUtf8(fic).c_str(), why);
+  std::fprintf(stderr, "zunwiz-opc: cannot read %s (%s)\n", TxUtf8(fic).c_str(), Porque(-r));
   return false;
 }
 
@@ -133,7 +146,10 @@ int Set(TdaOpc& o, const Tx& fic, const Tx& chv, const Tx& val) {
   int32_t n = 0;
   o.RegPrp(fic, n);
   o.RegVarAlt(chv, Var(val), 2);
-  o.RegExe(fic, 1);
+  if (int e = o.RegExe(fic, 1)) {
+    std::fprintf(stderr, "zunwiz-opc: cannot write %s (%s); it is unchanged\n", TxUtf8(fic).c_str(), Porque(e));
+    return 3;
+  }
   return 0;
 }
 
@@ -171,10 +187,6 @@ int main(int argc, char** argv) {
     if (cmd == u"set") {
       if (a.size() != 4) return Uso();
       if (!Legivel(fic)) return 2;
-      if (access(FicNat(fic).c_str(), W_OK) != 0) {  // the writer would fail without a word
-        std::fprintf(stderr, "zunwiz-opc: cannot write %s (permission denied)\n", TxUtf8(fic).c_str());
-        return 2;
-      }
       TdaOpc o;
       return Set(o, fic, a[2], a[3]);
     }
