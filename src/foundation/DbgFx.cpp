@@ -117,6 +117,9 @@ void EvtPmp() {
 
 void EvtPmpDef(std::function<void()> f) { gEvt = std::move(f); }
 
+// Every class calls these at its start and end; recording the objects they
+// announce belongs to a debug build, which the system does not have, so only the
+// instance stamp is made.
 void DbgObjIni(const Tx&, Tx& stamp, const Tx&) { DbgHorUni(stamp); }
 void DbgObjFim(const Tx&, const Tx&, const Tx&) {}
 void DbgFxIni(const Tx&, const Tx&, const Tx&) {}

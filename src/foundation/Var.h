@@ -41,6 +41,10 @@ class Var {
   Var(const Tx& t) : v_(t) {}
   Var(Tx&& t) : v_(std::move(t)) {}
   Var(const char16_t* t) : v_(Tx(t)) {}
+  // Any other pointer would turn into a Boolean without a word ("abc" is true):
+  // a narrow literal or a pointer is refused at compile time.
+  template <class T>
+  Var(const T*) = delete;
   Var(TxV t) : v_(Tx(t)) {}
   Var(std::shared_ptr<VarObj> o) : v_(std::move(o)) {}
   static Var Falta() { Var v; v.v_ = VarFalta{}; return v; }

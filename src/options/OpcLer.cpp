@@ -173,20 +173,9 @@ void TdaOpc::ZonCabLer(Tx& ide, Tx& tip, Tx& des) {
     ParLer(exi);
   } while (exi == 1 && parAct.tpp != u"#");
   zonLin = exi == 1 ? parAct.lin : 0;
-  Tx a = exi == 1 ? TxMeio(parAct.txp, 2) : Tx(), b;
-  TxDivTip(u"SE T", a, u" ", b);
-  a = TxMaiTrm(a);
-  int p = TxPos(a, u":");
   Tx kw;
-  if (p) {
-    ide = TxEsq(a, p - 1);
-    kw = TxMaiTrm(TxMeio(a, p + 1));
-  } else {
-    ide = a;
-  }
-  tip = kw == u"TX" ? u"TX" : kw == u"ZTX" ? u"ZTX" : u"IDE";
-  int h = TxPos(b, u"-");
-  des = h ? TxTrim(TxMeio(b, h + 1)) : Tx();
+  ZonCabDiv(exi == 1 ? parAct.txp : Tx(), ide, kw, des);
+  tip = kw == u"TX" || kw == u"ZTX" ? kw : Tx(u"IDE");
   int16_t f = 0;
   OpcEspUsa(des, f);
 }

@@ -20,7 +20,7 @@ static Tx DirExe() {
   return s == Tx::npos ? Tx() : p.substr(0, s);
 }
 
-Tx TdaOpc::DirPgm = DirExe();
+Tx TdaOpc::DirApp = DirExe();
 Tx TdaOpc::LcLin;
 
 // "A" makes the general table whole and empty; any other mode leaves it reduced,
@@ -55,7 +55,7 @@ void TdaOpc::OpcFixAct(const Tx& chv, const Var& val) {
 void TdaOpc::OpcCon(const Tx& chv, Var& val) {
   Tx k = TxMaiTrm(chv), t;
   if (k == u"APP:PATH") {
-    t = DirPgm;
+    t = DirApp;
   } else if (k == u"WIN:DIR") {
     t = WinDirCon();
   } else if (k == u"WIN:SYS") {
@@ -219,7 +219,7 @@ void TdaOpc::LcPrpFpa(const Tx& fic) {
   int16_t exi = 0;
   LcCon(Var(Tx(u"-FP")), w, exi);
   if (exi != 1) {
-    if (!fic.empty()) FicJun(DirPgm, fic, p);
+    if (!fic.empty()) FicJun(DirApp, fic, p);
   } else {
     Tx tip;
     int atr = 0;

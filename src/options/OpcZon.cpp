@@ -161,23 +161,32 @@ void TdaOpc::ZonArr(const Tx& mod, int16_t cnt, std::vector<Tx>& arr) {
   }
 }
 
-// A zone head given as text: kind "TX" or else "IDE" ("ZTX" reads as "IDE"), and
-// the special options stay in the description.
-void TdaOpc::ZonIde(const Tx& lin, Tx& ide, Tx& tip, Tx& des) {
+// The parts of a zone head "#IDENT:KIND anything - description": the identifier and
+// the kind word in capitals, and the description after the first "-" of the rest.
+// Both readers of heads come here and differ only in the kinds they keep.
+void TdaOpc::ZonCabDiv(const Tx& lin, Tx& ide, Tx& kw, Tx& des) {
   Tx a = TxMeio(lin, 2), b;
   TxDivTip(u"SE T", a, u" ", b);
   a = TxMaiTrm(a);
   int p = TxPos(a, u":");
-  Tx kw;
+  kw.clear();
   if (p) {
     ide = TxEsq(a, p - 1);
     kw = TxMaiTrm(TxMeio(a, p + 1));
   } else {
     ide = a;
   }
-  tip = kw == u"TX" ? u"TX" : u"IDE";
   int h = TxPos(b, u"-");
   des = h ? TxTrim(TxMeio(b, h + 1)) : Tx();
+}
+
+// A zone head given as text, for the walks of lines in memory: kind "TX" or else
+// "IDE", so a "ZTX" head reads as "IDE" here (the file reader keeps "ZTX"), and
+// the special options stay in the description.
+void TdaOpc::ZonIde(const Tx& lin, Tx& ide, Tx& tip, Tx& des) {
+  Tx kw;
+  ZonCabDiv(lin, ide, kw, des);
+  tip = kw == u"TX" ? u"TX" : u"IDE";
 }
 
 }  // namespace zw

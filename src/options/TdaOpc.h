@@ -64,9 +64,10 @@ class TdaOpc {
   TdaOpc(const TdaOpc&) = delete;
   TdaOpc& operator=(const TdaOpc&) = delete;
 
-  // The program's folder for "[APP:PATH]" and the default file of LcPrpFpa; the
-  // folder of the running executable unless set.
-  static Tx DirPgm;
+  // The executable's folder: what "[APP:PATH]" gives and where LcPrpFpa looks for
+  // the default file; the folder of the running executable unless set. (The
+  // option file's folder is the wizard's DirPgm, another thing.)
+  static Tx DirApp;
   // The program's command line (whole text) that LcIni takes; set by main().
   static Tx LcLin;
 
@@ -139,6 +140,7 @@ class TdaOpc {
   void ZonArr(const Tx& mod, int16_t cnt, std::vector<std::array<Tx, 3>>& mul);  // "MUL"
   void ZonArr(const Tx& mod, int16_t cnt, std::vector<Tx>& arr);                 // "FIC", others
   static void ZonIde(const Tx& lin, Tx& ide, Tx& tip, Tx& des);
+  static void ZonCabDiv(const Tx& lin, Tx& ide, Tx& kw, Tx& des);  // the parts of a head
   void ZonSegIde(int16_t& cnt);
   void ZonSegTx(int16_t& cnt);
   void ZonSegZtx(int16_t& cnt);

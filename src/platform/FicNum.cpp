@@ -138,7 +138,8 @@ int FicNumLiv() {
 
 // On failure the number goes into err, and the policy that err held on entry
 // decides: 2 and 3 show the box "Erro a abrir ficheiro", 1 and 3 close every file
-// and every form and end the program.
+// and every form and end the program. The spare text is part of the call every
+// caller makes, and no open reads it.
 void FicAbr(int num, const Tx& path, const Tx& modo, const Tx& reserva, const Tx& contexto, int& err) {
   (void)reserva;
   int pol = err;

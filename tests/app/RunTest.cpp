@@ -48,7 +48,7 @@ const char* IcoNome(QMessageBox::Icon i) {
 // hangs ends with status 99.
 [[noreturn]] void Corre(const Tx& dirExe, const Tx& lin) {
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-  QtApp();
+  tst::QtApp();
   static MsgEspia* espia = nullptr;
   auto* t = new QTimer(qApp);
   QObject::connect(t, &QTimer::timeout, [] {

@@ -113,7 +113,7 @@ TEST(RunTrace, QuotesDoubleInnerQuotesAndWriteBreaksAndTabs) {
 // takes its default when the next answer is not BOX, and a box with OK alone
 // takes no answer at all.
 TEST(RunBox, AnswersFromTheAnswersAndTracesEachBox) {
-  QtApp();
+  tst::QtApp();
   RunTeste t("BOX 0\nBOX -1\nBOX 1\nINPUT Pasta \"nova\"\nINPUT\nSEG\n");
   int r = 9;
   MsgExe(u"? SN", u"Título", u"Continuar?|Sim»ou não", r);
@@ -147,7 +147,7 @@ TEST(RunBox, AnswersFromTheAnswersAndTracesEachBox) {
 // their order, then components by index over all arrays, with check and option
 // values; hidden ones are left out.
 TEST(RunTrace, APageIsTracedWithItsVisibleControls) {
-  QtApp();
+  tst::QtApp();
   RunTeste t("");
   ZunWizAsp a;
   a.cmAnt->hide();
@@ -192,7 +192,7 @@ TEST(RunTrace, APageIsTracedWithItsVisibleControls) {
 // message naming the answer's line and the page.
 TEST(RunDeath, AnswersThatDoNotFitEndTheRun) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  QtApp();
+  tst::QtApp();
   auto caixa = [](const char* ans) {
     RunTeste t(ans);
     ZunWizAsp a;

@@ -1,13 +1,12 @@
 // The start-up: where the option file is looked for, what its folder gives, and
 // the order of the attempt loop.
 #include <gtest/gtest.h>
-#include <unistd.h>
-#include <deque>
 #include <filesystem>
 #include <fstream>
-#include <tuple>
 #include "FicGlb.h"
 #include "MsgDlg.h"
+#include "MsgGrv.h"
+#include "TstTmp.h"
 #include "ZunWizGlb.h"
 #include "ZunWizMain.h"
 
@@ -16,38 +15,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A dialog service that records each box and answers from a queue (the default
-// button when the queue is empty).
-struct MsgGrava : MsgDlg {
-  std::vector<std::tuple<int, Tx, Tx>> caixas;
-  std::deque<int> resp;
-  int bips = 0;
-  int Caixa(int e, const Tx& t, const Tx& x) override {
-    caixas.emplace_back(e, t, x);
-    if (resp.empty()) return MsgRespOmissao(e);
-    int r = resp.front();
-    resp.pop_front();
-    return r;
-  }
-  void Bip() override { bips++; }
-  bool Entrada(const Tx&, const Tx&, const Tx&, Tx&) override { return false; }
-};
-
-// Installs a recording service for the life of a test.
+// Installs a recording service for the life of a test, answering with the
+// default button when its queue is empty.
 struct ComGrava {
-  MsgGrava g;
-  ComGrava() { MsgDlgDef(&g); }
-  ~ComGrava() { MsgDlgDef(nullptr); }
+  tst::MsgGrv g;
+  ComGrava() { g.resp = -1; }
 };
 
-// A fresh folder under a temporary folder of this process's own, so that runs
-// side by side on one machine do not share it.
+// A fresh folder of this test.
 fs::path DirTmp(const char* nome) {
-  static const struct Raiz {
-    fs::path p = fs::temp_directory_path() / ("zw-app-test-" + std::to_string(getpid()));
-    ~Raiz() { fs::remove_all(p); }
-  } raiz;
-  fs::path d = raiz.p / nome;
+  fs::path d = fs::path(tst::PastaTmp()) / nome;
   fs::create_directories(d);
   return d;
 }
@@ -149,13 +126,13 @@ TEST(WizTntCic, FirstFailureInstallsSilentlyLaterOnesAsk) {
   ComGrava c;
   Laco l;
   l.falhas = 3;
-  c.g.resp = {kAnsYes, kAnsNo};
+  c.g.resps = {kAnsYes, kAnsNo};
   Var slot;
   EXPECT_EQ(WizTntCic(slot, l.Fx()), -1);
   EXPECT_EQ(l.log, u"TITIT");
   // Two questions (second and third failures), each the installer question.
-  ASSERT_EQ(c.g.caixas.size(), 2u);
-  auto [estilo, tit, txt] = c.g.caixas[0];
+  ASSERT_EQ(c.g.cx.size(), 2u);
+  auto [estilo, tit, txt] = c.g.cx[0];
   EXPECT_EQ(estilo, kMsgQuestion + kMsgYesNo + kMsgDefault2);
   EXPECT_EQ(tit, u"ZunWiz");
   EXPECT_EQ(txt,
@@ -179,20 +156,24 @@ TEST(WizTntCic, SuccessEndsTheLoop) {
   m.insSt = 0;
   EXPECT_EQ(WizTntCic(slot, m.Fx()), 1);
   EXPECT_EQ(m.log, u"TIT");
-  EXPECT_TRUE(c.g.caixas.empty());
+  EXPECT_TRUE(c.g.cx.empty());
 
   Laco n;
   n.falhas = 2;
   n.insSt = 0;
-  c.g.resp = {kAnsYes};
+  c.g.resps = {kAnsYes};
   EXPECT_EQ(WizTntCic(slot, n.Fx()), 1);
   EXPECT_EQ(n.log, u"TITIT");
-  EXPECT_EQ(c.g.caixas.size(), 1u);
+  EXPECT_EQ(c.g.cx.size(), 1u);
 }
 
 // The installer beside the executable is found without its ".exe", and the
 // start-up waits for its end; a missing installer gives status 0.
 TEST(CmpInsExe, RunsTheInstallerBesideTheExecutableAndWaits) {
+  struct Guarda {
+    Tx antes = DirExe;
+    ~Guarda() { DirExe = antes; }
+  } guarda;
   fs::path d = DirTmp("ins");
   fs::remove(d / "feito");
   {

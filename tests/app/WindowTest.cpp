@@ -23,7 +23,7 @@ QRect Geo(const ZunWizFun& f, const char* nome) {
 }  // namespace
 
 TEST(ZunWizFun, NineImagesAtTheirPictureSizes) {
-  QtApp();
+  tst::QtApp();
   ZunWizFun f;
   EXPECT_EQ(f.windowTitle(), QStringLiteral("Wizzard"));
   EXPECT_EQ(f.palette().color(QPalette::Window), QColor(Qt::white));
@@ -43,7 +43,7 @@ TEST(ZunWizFun, NineImagesAtTheirPictureSizes) {
 // corner; the upper left pieces keep their design places. A window smaller than
 // the design gives negative places, used as they are.
 TEST(ZunWizFun, ResizeMovesTheLowerRightArtwork) {
-  QtApp();
+  tst::QtApp();
   ZunWizFun f;
   f.Activo = 1;  // the run is not started by this window
   f.show();
@@ -68,7 +68,7 @@ TEST(ZunWizFun, ResizeMovesTheLowerRightArtwork) {
 }
 
 TEST(ZunWizAsp, FourButtonsAtTheirDesignPlaces) {
-  QtApp();
+  tst::QtApp();
   ZunWizAsp a;
   EXPECT_EQ(a.windowTitle(), QStringLiteral("Wizzard"));
   EXPECT_EQ(a.size(), QSize(554, 398));
@@ -85,7 +85,7 @@ TEST(ZunWizAsp, FourButtonsAtTheirDesignPlaces) {
 // WizExe shows the window modally and comes back only once it is closed; Escape
 // does not close it, the close box does.
 TEST(ZunWizAsp, WizExeReturnsWhenTheWindowCloses) {
-  QtApp();
+  tst::QtApp();
   auto a = std::make_shared<ZunWizAsp>();
   SupWiz sup;
   bool viuModal = false, abertaAposEsc = false;
@@ -107,7 +107,7 @@ TEST(ZunWizAsp, WizExeReturnsWhenTheWindowCloses) {
 // again; elements load hidden, with gaps, named as the window has them; an
 // element loaded twice is error 360.
 TEST(ZunWizAsp, ControlArraysLoadElementsByIndex) {
-  QtApp();
+  tst::QtApp();
   ZunWizAsp a;
   for (CtlArr arr : {CtlArr::Lab, CtlArr::Ckb, CtlArr::Rtf, CtlArr::Opc}) {
     EXPECT_EQ(a.UBound(arr), 0);
@@ -147,7 +147,7 @@ TEST(ZunWizAsp, ControlArraysLoadElementsByIndex) {
 // Pictures and icons come from bitmap, icon and PNG files; "\" separates folders
 // too; a file that cannot be loaded leaves the window as it was.
 TEST(ZunWizAsp, PictureAndIconFromFilesOrIgnored) {
-  QtApp();
+  tst::QtApp();
   const QString dir = QDir::temp().filePath(QStringLiteral("zw-asp-%1").arg(QCoreApplication::applicationPid()));
   QDir().mkpath(dir + QStringLiteral("/img"));
   QImage im(40, 30, QImage::Format_RGB32);
@@ -186,7 +186,7 @@ TEST(ZunWizAsp, PictureAndIconFromFilesOrIgnored) {
 // The unload that follows a run tells the run's hook once, after "FxFim"; a
 // window that never ran tells nothing.
 TEST(ZunWizAsp, CloseBoxUnloadsARunningWindowOnce) {
-  QtApp();
+  tst::QtApp();
   int unloads = 0;
   AspGanAct().Unload = [&](ZunWizAsp&) { unloads++; };
   {

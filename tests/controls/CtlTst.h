@@ -1,22 +1,14 @@
-// Helpers of the control tests: one off-screen QApplication, calls by name and
-// the colour of a pixel as the window would show it.
+// Helpers of the control tests: calls by name and the colour of a pixel as the
+// window would show it (the off-screen QApplication is tests/support's QtApp).
 #pragma once
 #include <QApplication>
 #include <QImage>
 #include <QWidget>
 #include <cstdlib>
 #include "CtlObj.h"
+#include "QtApp.h"
 
 namespace zw::tst {
-
-inline void QtApp() {
-  static int argc = 1;
-  static char nome[] = "test_controls";
-  static char* argv[] = {nome, nullptr};
-  if (QApplication::instance()) return;
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  new QApplication(argc, argv);
-}
 
 // A window with a plain back colour, as a picture behind the controls would be.
 inline QWidget* Janela(QColor fundo, int w = 400, int h = 300) {

@@ -4,28 +4,13 @@
 #include <vector>
 #include "GlbMsg.h"
 #include "MsgDlg.h"
+#include "MsgGrv.h"
 
 using namespace zw;
 
 namespace {
-struct Box {
-  int estilo;
-  Tx tit, tx;
-};
-struct Gravador : MsgDlg {
-  std::vector<Box> cx;
-  int bips = 0, resp = kAnsOk;
-  int Caixa(int e, const Tx& t, const Tx& x) override {
-    cx.push_back({e, t, x});
-    return resp;
-  }
-  void Bip() override { bips++; }
-  bool Entrada(const Tx&, const Tx&, const Tx&, Tx&) override { return false; }
-};
 struct Usa {
-  Gravador g;
-  Usa() { MsgDlgDef(&g); }
-  ~Usa() { MsgDlgDef(nullptr); }
+  tst::MsgGrv g;
 };
 }  // namespace
 

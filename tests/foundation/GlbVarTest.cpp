@@ -2,7 +2,6 @@
 // position blocks, comb sorts and the object hooks.
 #include <gtest/gtest.h>
 #include <algorithm>
-#include <chrono>
 #include <random>
 #include "GlbVar.h"
 
@@ -66,10 +65,10 @@ TEST(Idx, PositionCoding) {
   EXPECT_EQ(ok, 0); EXPECT_EQ(b, u"");
 }
 
-TEST(Idx, FullTableAndFastLookups) {
+// How fast lookups are is measured in bench/, not here.
+TEST(Idx, FullTableAndLookups) {
   IdxTab t;
   IdxIni(t);
-  auto t0 = std::chrono::steady_clock::now();
   int ok = 0, p;
   for (int i = 1; i <= kIdxMax; i++) IdxReg(t, u"K" + TxAsc(std::to_string(i)), TxAsc(std::to_string(i)), ok);
   EXPECT_EQ(ok, 1);
@@ -88,8 +87,6 @@ TEST(Idx, FullTableAndFastLookups) {
   int tip;
   IdxChvPsq(t.Arr()[0], u"K31999", tip, p);
   EXPECT_EQ(p, 31999);
-  auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - t0).count();
-  EXPECT_LT(ms, 2000);  // a scan per store would take far longer
 }
 
 TEST(Cor, ColourTexts) {

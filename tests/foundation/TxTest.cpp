@@ -1,6 +1,9 @@
-// Text at the edges: Windows-1252 and UTF-8 decoding, detection and round trips.
+// Text at the edges: Windows-1252 and UTF-8 decoding, detection and round trips;
+// literals in dynamic values.
 #include <gtest/gtest.h>
+#include <type_traits>
 #include "Tx.h"
+#include "Var.h"
 
 using namespace zw;
 
@@ -40,4 +43,13 @@ TEST(Tx, BytesRoundTripInTheirOwnEncoding) {
   }
   Cod c;
   EXPECT_EQ(TxDeBytes("\xEF\xBB\xBFok", &c), Tx(u"ok"));
+}
+
+// A text literal is a text, and a narrow one (or any other pointer) does not compile
+// instead of becoming a Boolean.
+TEST(Var, LiteralsAreTextsNeverBooleans) {
+  static_assert(!std::is_constructible_v<Var, const char*>);
+  static_assert(!std::is_constructible_v<Var, const int*>);
+  EXPECT_TRUE(Var(u"abc").EhTx());
+  EXPECT_EQ(Var(u"").Txt(), u"");
 }

@@ -12,12 +12,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A copy of a data file in the temporary folder, to be edited; the tag keeps the
-// copies of tests that may run at the same time apart.
-Tx Cop(const char* nom, const char* tag) {
-  auto p = fs::temp_directory_path() / (std::string("zw_opc_") + tag + "_" + nom);
+// A copy of a data file in the test's temporary folder, to be edited.
+Tx Cop(const char* nom) {
+  std::string p = FicTmp(nom);
   fs::copy_file(Dat(nom), p, fs::copy_options::overwrite_existing);
-  return TxDeUtf8(p.string());
+  return TxDeUtf8(p);
 }
 
 std::string Crlf(std::initializer_list<const char*> lin) {
@@ -30,7 +29,7 @@ std::string Crlf(std::initializer_list<const char*> lin) {
 
 TEST(OpcGra, RoundTripIsByteIdenticalInEachEncoding) {
   for (const char* n : {"edicao.par", "exemplo.par", "utf8.par", "bom.par", "w1252.par"}) {
-    Tx f = Cop(n, "rt"), out = f + u".out";
+    Tx f = Cop(n), out = f + u".out";
     TdaOpc o;
     int32_t nli = 0;
     o.RegPrp(f, nli);
@@ -42,7 +41,7 @@ TEST(OpcGra, RoundTripIsByteIdenticalInEachEncoding) {
 }
 
 TEST(OpcGra, ChangingAndAddingVariables) {
-  Tx f = Cop("edicao.par", "alt");
+  Tx f = Cop("edicao.par");
   TdaOpc o;
   int32_t nli = 0;
   o.RegPrp(f, nli);
@@ -116,7 +115,7 @@ TEST(OpcGra, ChangingAndAddingVariables) {
 }
 
 TEST(OpcGra, ZonesOfAHeldFileAndModelZones) {
-  Tx f = Cop("edicao.par", "zon");
+  Tx f = Cop("edicao.par");
   TdaOpc o;
   int32_t nli = 0, pri = 0, cnt = 0;
   o.RegPrp(f, nli);
@@ -163,7 +162,7 @@ TEST(OpcGra, ZonesOfAHeldFileAndModelZones) {
 
 TEST(OpcGra, StreamWritingLineForms) {
   FicSepDef(u"/");
-  Tx f = TxDeUtf8((fs::temp_directory_path() / "zw_opc_novo.par").string());
+  Tx f = FicTmpTx("novo.par");
   TdaOpc o;
   o.tboFic(f);
   o.CabPrp(u"", Var(0.0), u"", u" Desc ");
@@ -180,7 +179,7 @@ TEST(OpcGra, StreamWritingLineForms) {
   FicSepDef(u"");
   std::string eq = "'" + std::string(79, '='), ver = "'- Versao : 1.0   1899/12/30 " + std::string(51, '-');
   EXPECT_EQ(Bytes(TxUtf8(f)),
-            Crlf({"'Nome       : zw_opc_novo.par", "'Tipo       : PAR", "'Data       : 1899/12/30",
+            Crlf({"'Nome       : novo.par", "'Tipo       : PAR", "'Data       : 1899/12/30",
                   "'Versao     : 1.0", "'Descricao  : Desc", "", eq.c_str(), "'#VER - Historia de modificacoes",
                   eq.c_str(), "", ver.c_str(), "Versao base", "", "", eq.c_str(), "#DEF:IDE - Definicoes base",
                   eq.c_str(), "Titulo      [TitWiz]=X", "'Longo rotulo aqui [A]=5", "Corte [B]=y", "##", "", "", ""}));

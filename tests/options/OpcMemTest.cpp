@@ -7,6 +7,14 @@
 using namespace zw;
 using namespace zw::tst;
 
+namespace {
+// Puts the executable's folder and the command line back as the test found them.
+struct GuardaApp {
+  Tx dir = TdaOpc::DirApp, lin = TdaOpc::LcLin;
+  ~GuardaApp() { TdaOpc::DirApp = dir, TdaOpc::LcLin = lin; }
+};
+}  // namespace
+
 TEST(OpcMem, RowsAndKeyIndex) {
   TdaOpc o;
   o.ZonIni(TxDeUtf8(Dat("exemplo.par")), u"");
@@ -98,7 +106,8 @@ TEST(OpcMem, IndexHolds32000PositionsAndCountsOverflow) {
 }
 
 TEST(OpcVal, OptionTablesReservedKeysAndCommandLine) {
-  TdaOpc::DirPgm = u"/opt/zw";
+  GuardaApp guarda;
+  TdaOpc::DirApp = u"/opt/zw";
   TdaOpc::LcLin = u"X=1 -fp /a/b.par Vazia= -l Dois TitWiz=Cmd";
   FicSepDef(u"/");  // the test files have Linux paths
   TdaOpc o;
@@ -136,7 +145,7 @@ TEST(OpcVal, OptionTablesReservedKeysAndCommandLine) {
   EXPECT_EQ(Con(o, u"X"), u"1");
   o.OpcPrp(0);
   EXPECT_EQ(Con(o, u"X"), u"");
-  EXPECT_EQ(Con(o, u"ParFic"), u"zw_opc_def2.par");
+  EXPECT_EQ(Con(o, u"ParFic"), u"def2.par");
   TdaOpc::LcLin.clear();
   FicSepDef(u"");
 
@@ -151,7 +160,8 @@ TEST(OpcVal, OptionTablesReservedKeysAndCommandLine) {
 }
 
 TEST(OpcVal, SubstitutionPassesAndYesNo) {
-  TdaOpc::DirPgm = u"/opt/zw";
+  GuardaApp guarda;
+  TdaOpc::DirApp = u"/opt/zw";
   TdaOpc o;
   o.OpcIni(u"A");
   o.OpcAct(u"A", Var(Tx(u"x[A]")));
@@ -204,7 +214,7 @@ TEST(OpcZon, NestedFilesContinueTheOuterWalk) {
   EXPECT_EQ(Seg(o).ide, u"B");
   EXPECT_EQ(Mem(o, u"B"), u"2");
   EXPECT_EQ(o.ficTbo, in);
-  EXPECT_EQ(Con(o, u"ParFic"), u"zw_opc_in.par");
+  EXPECT_EQ(Con(o, u"ParFic"), u"in.par");
   FicSepDef(u"");
   o.ZonFim();
   int16_t top = 0;
@@ -213,7 +223,8 @@ TEST(OpcZon, NestedFilesContinueTheOuterWalk) {
 }
 
 TEST(OpcZon, ZoneCopiesTabularOptionsAndGroups) {
-  TdaOpc::DirPgm = u"/p";
+  GuardaApp guarda;
+  TdaOpc::DirApp = u"/p";
   Tx f = TmpPar("opc.par", {u"#DEF", u"[D]=d", u"##", u"#OPC", u"Um [F:AB]=[APP:PATH]", u"Dois [CD]=[D]",
                             u"Tres [ABX]=3", u"Um outra vez [AB]=4", u"##", u"#TBO",
                             u"Lab1 [1:X,c=r]=v1", u"Lab2 [0:Y,c=r]=v2", u"Lab3 [1:Z]=v3", u"##"});

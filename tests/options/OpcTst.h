@@ -7,6 +7,7 @@
 #include <sstream>
 #include <string>
 #include "TdaOpc.h"
+#include "TstTmp.h"
 
 namespace zw::tst {
 
@@ -19,28 +20,28 @@ inline std::string Bytes(const std::string& path) {
 
 inline std::string Dat(const char* nom) { return std::string(ZW_TEST_DATA) + "/" + nom; }
 
-// Writes lines to a temporary file, each ended by CR LF, in the given encoding.
+// Writes lines to a file in the test's own temporary folder, each ended by CR LF, in the given encoding.
 inline Tx TmpFic(const char* nom, std::initializer_list<const char16_t*> lin, Cod cod = Cod::W1252) {
-  auto p = std::filesystem::temp_directory_path() / (std::string("zw_opc_") + nom);
+  std::string p = FicTmp(nom);
   Tx t;
   for (auto l : lin) t += Tx(l) + u"\r\n";
   std::ofstream(p, std::ios::binary) << TxBytes(t, cod);
-  return TxDeUtf8(p.string());
+  return TxDeUtf8(p);
 }
 
 // The same after a header of five comment lines.
 inline Tx TmpPar(const char* nom, std::initializer_list<const char16_t*> lin, Cod cod = Cod::W1252) {
-  auto p = std::filesystem::temp_directory_path() / (std::string("zw_opc_") + nom);
+  std::string p = FicTmp(nom);
   Tx t = u"'Nome : T\r\n'Tipo : par\r\n'Data :\r\n'Versao :\r\n'Descricao :\r\n";
   for (auto l : lin) t += Tx(l) + u"\r\n";
   std::ofstream(p, std::ios::binary) << TxBytes(t, cod);
-  return TxDeUtf8(p.string());
+  return TxDeUtf8(p);
 }
 
 inline Tx TmpBytes(const char* nom, const std::string& b) {
-  auto p = std::filesystem::temp_directory_path() / (std::string("zw_opc_") + nom);
+  std::string p = FicTmp(nom);
   std::ofstream(p, std::ios::binary) << b;
-  return TxDeUtf8(p.string());
+  return TxDeUtf8(p);
 }
 
 // One zone step, its results in a struct.

@@ -9,34 +9,23 @@
 #include <sstream>
 #include "CmpReg.h"
 #include "MsgDlg.h"
+#include "MsgGrv.h"
 
 using namespace zw;
 namespace fs = std::filesystem;
 
 namespace {
 
-struct Gravador : MsgDlg {
-  std::vector<std::pair<Tx, Tx>> cx;
-  int Caixa(int, const Tx& t, const Tx& x) override {
-    cx.push_back({t, x});
-    return kAnsOk;
-  }
-  void Bip() override {}
-  bool Entrada(const Tx&, const Tx&, const Tx&, Tx&) override { return false; }
-};
-
 class CmpRegTest : public ::testing::Test {
  protected:
   fs::path dir;
-  Gravador dlg;
+  tst::MsgGrv dlg;
   void SetUp() override {
     char m[] = "/tmp/zw-cmp-XXXXXX";
     dir = mkdtemp(m);
     setenv("ZW_CMP_MARCA", (dir / "marca").c_str(), 1);
-    MsgDlgDef(&dlg);
   }
   void TearDown() override {
-    MsgDlgDef(nullptr);
     unsetenv("ZW_CMP_MARCA");
     CmpRegEspDef(0);
     fs::remove_all(dir);
@@ -83,8 +72,8 @@ TEST_F(CmpRegTest, OneFileByModeAndTheBoxForAMissingOne) {
   CmpRegExe(u"I", falta, r);
   EXPECT_EQ(r, 0);
   ASSERT_EQ(dlg.cx.size(), 1u);
-  EXPECT_EQ(dlg.cx[0].first, u"Instalar Componente");
-  EXPECT_EQ(dlg.cx[0].second, u"O Componente \r\n" + falta + u"\r\n Não existe!");
+  EXPECT_EQ(dlg.cx[0].tit, u"Instalar Componente");
+  EXPECT_EQ(dlg.cx[0].tx, u"O Componente \r\n" + falta + u"\r\n Não existe!");
   CmpRegExe(u"R", falta, r);  // unregistering a missing file shows nothing
   EXPECT_EQ(r, 0);
   EXPECT_EQ(dlg.cx.size(), 1u);

@@ -7,6 +7,7 @@
 #include <sstream>
 #include "FicGlb.h"
 #include "MsgDlg.h"
+#include "MsgGrv.h"
 
 using namespace zw;
 
@@ -41,17 +42,6 @@ class FicDsk : public ::testing::Test {
   Tx P(const char* rel) { return r_ + u"\\" + TxAsc(rel); }  // built as a wizard builds paths
   std::string raiz_;
   Tx r_;
-};
-
-struct Gravador : MsgDlg {
-  int n = 0, estilo = -1;
-  Tx tit, tx;
-  int Caixa(int e, const Tx& t, const Tx& x) override {
-    n++, estilo = e, tit = t, tx = x;
-    return kAnsOk;
-  }
-  void Bip() override {}
-  bool Entrada(const Tx&, const Tx&, const Tx&, Tx&) override { return false; }
 };
 
 }  // namespace
@@ -404,23 +394,21 @@ TEST_F(FicDsk, AbrNumbersAndPolicies) {
   FicFec(4);
   EXPECT_EQ(FicExi(P("w.txt")), 1);
 
-  Gravador g;
-  MsgDlgDef(&g);
+  tst::MsgGrv g;
   e = 0;
   FicAbr(5, P("none.par"), u"I", u"", u"leitura", e);
   EXPECT_EQ(e, 53);
-  EXPECT_EQ(g.n, 0);  // policy 0 is silent
+  EXPECT_TRUE(g.cx.empty());  // policy 0 is silent
   e = 2;
   FicAbr(5, P("none.par"), u"I", u"", u"leitura", e);
   EXPECT_EQ(e, 53);
-  EXPECT_EQ(g.n, 1);
-  EXPECT_EQ(g.estilo, 16);
-  EXPECT_EQ(g.tit, u"Erro a abrir ficheiro");
-  EXPECT_EQ(g.tx, u"Erro : 53   File not found\r\nFicheiro :" + P("none.par") + u"   (leitura)");
+  ASSERT_EQ(g.cx.size(), 1u);
+  EXPECT_EQ(g.Ult().estilo, 16);
+  EXPECT_EQ(g.Ult().tit, u"Erro a abrir ficheiro");
+  EXPECT_EQ(g.Ult().tx, u"Erro : 53   File not found\r\nFicheiro :" + P("none.par") + u"   (leitura)");
   e = 2;
   FicAbr(5, P("f.txt"), u"I", u"", u"", e);
   EXPECT_EQ(e, 2);  // success leaves the caller's word
-  MsgDlgDef(nullptr);
 }
 
 TEST_F(FicDsk, AbrPolicyOneEndsTheProgram) {

