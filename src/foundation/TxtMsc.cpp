@@ -187,29 +187,33 @@ void TxArrAdi(TxArr& arr, TxV tx) {
   arr.emplace_back(tx);
 }
 
-// 1 when the text begins with one of the comma tokens of the list ("*" takes all).
-void TxLisPfx(TxV lis, TxV tx, int& res) {
-  res = 0;
-  if (lis == u"*") { res = 1; return; }
+namespace {
+// 1 when one of the comma tokens of a list passes the test; "*" takes all.
+template <class F>
+int LisAlgum(TxV lis, F teste) {
+  if (lis == u"*") return 1;
   Tx l(lis), t;
   int f;
   while (!l.empty()) {
     TxTokSeg(l, u",", t, f);
-    if (tx.substr(0, t.size()) == t) { res = 1; return; }
+    if (teste(t)) return 1;
   }
+  return 0;
+}
+}  // namespace
+
+// 1 when the text begins with one of the comma tokens of the list.
+void TxLisPfx(TxV lis, TxV tx, int& res) {
+  res = LisAlgum(lis, [&](const Tx& t) { return tx.substr(0, t.size()) == t; });
 }
 
-// 1 when the value equals one of the comma tokens of the list ("*" takes all).
+// 1 when the value equals one of the comma tokens of the list.
 void TxLisCnd(TxV lis, const Var& val, int& res) {
-  res = 0;
-  if (lis == u"*") { res = 1; return; }
-  Tx l(lis), t;
-  int f;
-  while (!l.empty()) {
-    TxTokSeg(l, u",", t, f);
-    TxCndOp(val, u"=", Var(t), res);
-    if (res == 1) return;
-  }
+  res = LisAlgum(lis, [&](const Tx& t) {
+    int r = 0;
+    TxCndOp(val, u"=", Var(t), r);
+    return r == 1;
+  });
 }
 
 // One comparison of two texts: = > < >= <= <>, LIKE, ":" (inside "low:high"), INSTR.

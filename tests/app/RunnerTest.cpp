@@ -213,7 +213,7 @@ TEST(RunDeath, AnswersThatDoNotFitEndTheRun) {
 // Shots are numbered in the order taken: a page by its identifier (its index
 // when it has none, a separator made harmless), a box as "box".
 TEST(RunShots, EachPageAndBoxGivesANumberedPicture) {
-  QtApp();
+  tst::QtApp();
   const QString dir = QDir::temp().filePath(QStringLiteral("zw-shots-%1").arg(QCoreApplication::applicationPid()));
   {
     RunTeste t("", TxQs(dir));
