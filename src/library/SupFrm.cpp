@@ -121,7 +121,9 @@ void SupFrm::Dentro(CtlObj& ctl, double& w, double& h, bool& frm) const {
 
 // Registration: the record starts as the control's geometry, and each key replaces
 // the field it governs with what the resize needs. A share over a container with no
-// room is skipped, so the field keeps the geometry.
+// room is skipped, so the field keeps the geometry. "C" takes the control's own
+// width and height again, so "DX,C" centres by the width and not by the distance
+// that "DX" stored (which the "DX" of the resize then reads as such).
 void SupFrm::RegOb(CtlObj& ctl, TxV chv, TxV chv2) {
   if (amb_.Nome(ctl).empty()) return;
   RegCtl r{TxMai(chv), Num(ctl, u"Left"), Num(ctl, u"Top"), Num(ctl, u"Width"), Num(ctl, u"Height"),
@@ -138,6 +140,10 @@ void SupFrm::RegOb(CtlObj& ctl, TxV chv, TxV chv2) {
     else if (k == u"DX%") { if (W != 0) r.w = r.w / W; }
     else if (k == u"DY") r.h = H - r.h;
     else if (k == u"DY%") { if (H != 0) r.h = r.h / H; }
+    else if (k == u"C") {
+      r.w = Num(ctl, u"Width");
+      r.h = Num(ctl, u"Height");
+    }
   }
   ctl_.push_back(std::move(r));
 }

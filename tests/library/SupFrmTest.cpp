@@ -39,8 +39,9 @@ struct Amb : FrmAmb {
   bool EhFrm(const CtlObj& c) const override { return static_cast<const Ctl&>(c).frm; }
   double EcrW() const override { return 19200; }
   double EcrH() const override { return 10800; }
-  double PixX() const override { return 15; }
-  double PixY() const override { return 15; }
+  double PixX() const override { return tx; }
+  double PixY() const override { return ty; }
+  double tx = 15, ty = 15;
 };
 
 // A form of 6000 x 4000 twips with a frame allowance of 100 x 400, so 5900 x 3600
@@ -101,6 +102,29 @@ TEST_F(SupFrmTest, ResizeKeysFollowTheRoomInsideTheContainer) {
   EXPECT_EQ(frm[u"Enabled"], -1);  // enabled again after the work
 }
 
+TEST_F(SupFrmTest, CentringKeepsTheOwnSizeAndBottomDistancesFollowTheContainer) {
+  Ctl fr(u"frA", 0, 0, 3000, 2000, &frm);
+  Ctl e(u"e", 100, 100, 1000, 500, &frm), f(u"f", 0, 3000, 100, 100, &frm), g(u"g", 2500, 1500, 100, 100, &fr);
+  sf.RegOb(e, u"DX,C");  // "C" stores the width again, over the distance of "DX"
+  sf.RegOb(f, u"PY");
+  sf.RegOb(g, u"PY,PX");  // in a frame: the frame's size, no allowance
+  EXPECT_DOUBLE_EQ(sf.Ctls()[1].w, 1000);
+  EXPECT_DOUBLE_EQ(sf.Ctls()[1].h, 500);
+  EXPECT_DOUBLE_EQ(sf.Ctls()[2].t, 600);
+  EXPECT_DOUBLE_EQ(sf.Ctls()[3].t, 500);
+  Cresce();
+  fr.p[u"Width"] = 3600;
+  fr.p[u"Height"] = 2600;
+  sf.AjtCtl();
+  EXPECT_DOUBLE_EQ(e[u"Width"], 7900 - 1000);
+  EXPECT_DOUBLE_EQ(e[u"Left"], (7900 - 120 - 1000) / 2.0);
+  EXPECT_DOUBLE_EQ(e[u"Top"], (4600 - 405 - 500) / 2.0);
+  EXPECT_DOUBLE_EQ(f[u"Top"], 4000);
+  EXPECT_DOUBLE_EQ(f[u"Left"], 0);
+  EXPECT_DOUBLE_EQ(g[u"Top"], 2100);
+  EXPECT_DOUBLE_EQ(g[u"Left"], 3100);
+}
+
 TEST_F(SupFrmTest, PositionExpressionsOverLineMarks) {
   auto la = Linha(u"LinA", 1000, 200, 1200, 900), lb = Linha(u"linB", 3000, 400, 3000, 1600);
   sf.MpoReg(*la, u"");
@@ -151,6 +175,24 @@ TEST_F(SupFrmTest, ExpressionKeysPlaceControlsAndMarks) {
   EXPECT_EQ(b[u"Top"], 2300);
 }
 
+TEST_F(SupFrmTest, LineMarksKeepShareAndBottomDistanceOnBothEnds) {
+  auto la = Linha(u"LinA", 1475, 200, 3000, 900), lb = Linha(u"LinB", 100, 3000, 5000, 3300);
+  sf.MpoReg(*la, u"PX%");
+  sf.MpoReg(*lb, u"py");
+  EXPECT_DOUBLE_EQ(sf.Mpos()[1].x1, 0.25);
+  EXPECT_DOUBLE_EQ(sf.Mpos()[1].x2, 0.25);  // the second end copies the first
+  EXPECT_DOUBLE_EQ(sf.Mpos()[2].y2, 600);
+  Cresce();
+  sf.MpoAjt();
+  EXPECT_DOUBLE_EQ((*la)[u"X1"], 1975);
+  EXPECT_DOUBLE_EQ((*la)[u"X2"], 1975);
+  EXPECT_EQ((*la)[u"Y1"], 200);  // the other axis stays
+  EXPECT_EQ((*la)[u"Y2"], 900);
+  EXPECT_EQ((*lb)[u"Y1"], 4000);
+  EXPECT_EQ((*lb)[u"Y2"], 4000);
+  EXPECT_EQ((*lb)[u"X2"], 5000);
+}
+
 TEST_F(SupFrmTest, SizeKeysApplyFromLeftToRight) {
   const double B = 28 * 15;
   sf.DimAjt(u"1024,C");
@@ -183,6 +225,35 @@ TEST_F(SupFrmTest, SizeKeysApplyFromLeftToRight) {
   EXPECT_EQ(frm[u"Top"], 2000);
 }
 
+// A pixel of 15 x 12 twips, so that a size taken from the wrong axis shows.
+TEST_F(SupFrmTest, ScreenSizesStatesAndTheParentsPlace) {
+  amb.ty = 12;
+  const double B = 28 * 12;
+  struct {
+    const char16_t* chv;
+    double w, h;
+  } tams[] = {{u"SCR", 19200, 10800}, {u"1024T", 15360, 9216 - B}, {u"800", 12000, 7200}, {u"640", 9600, 5760}};
+  for (auto& t : tams) {
+    sf.DimAjt(t.chv);
+    EXPECT_EQ(frm[u"Width"], t.w) << TxUtf8(t.chv);
+    EXPECT_EQ(frm[u"Height"], t.h) << TxUtf8(t.chv);
+  }
+  sf.DimAjt(u"MAX,MIN");
+  EXPECT_EQ(frm[u"WindowState"], 1);
+  sf.DimAjt(u"MIN, nor");
+  EXPECT_EQ(frm[u"WindowState"], 0);
+  frm.p[u"Left"] = 77;
+  sf.DimAjt(u"PP,PA,PC");  // no parent: nothing moves
+  EXPECT_EQ(frm[u"Left"], 77);
+  Ctl par(u"frmPai", 1000, 2000, 9000, 7000);
+  sf.RegFrmPar(&par);
+  sf.DimAjt(u"PP");  // the parent's place, not its size
+  EXPECT_EQ(frm[u"Left"], 1000);
+  EXPECT_EQ(frm[u"Top"], 2000);
+  EXPECT_EQ(frm[u"Width"], 9600);
+  EXPECT_EQ(frm[u"Height"], 5760);
+}
+
 TEST_F(SupFrmTest, SmallestSizeRaisesOnlyWhatIsBelow) {
   frm.p[u"Width"] = 3000;
   frm.p[u"Height"] = 5000;
@@ -198,6 +269,31 @@ TEST_F(SupFrmTest, SmallestSizeRaisesOnlyWhatIsBelow) {
   sf.DimLim();
   EXPECT_EQ(frm[u"Width"], 2 * 300 + 4000 + 100);  // with the frame allowance
   EXPECT_EQ(frm[u"Height"], 3000 + 400 + 400);
+}
+
+// Each limit key on its own, then two together: the smallest outer size with the
+// frame allowance (100 x 400); a key that governs one axis leaves the other at 0.
+TEST_F(SupFrmTest, LimitKeysEachTakeTheirOwnMeasure) {
+  Ctl a(u"cmOk", 2000, 3000, 1500, 400, &frm), b(u"laTit", 300, 200, 4000, 300, &frm);
+  Ctl c(u"frLista", 500, 700, 2500, 2600, &frm);
+  sf.RegOb(a, u"");
+  sf.RegOb(b, u"");
+  sf.RegOb(c, u"");
+  struct {
+    const char16_t* chv;
+    double w, h;
+  } casos[] = {
+      {u"O<:laTit", 4100, 0},              // its width
+      {u"O>:frLista", 0, 3000},            // its height
+      {u"D>:cmOk", 0, 2 * 3000 + 400 + 400},  // as much room below as above
+      {u"R<:frLista", 3100, 3700},         // both edges
+      {u"o<:LATIT, R<:cmOk", 4100, 3800},  // the larger need of each axis
+  };
+  for (auto& k : casos) {
+    sf.DimLimPrp(k.chv);
+    EXPECT_EQ(sf.LimW(), k.w) << TxUtf8(k.chv);
+    EXPECT_EQ(sf.LimH(), k.h) << TxUtf8(k.chv);
+  }
 }
 
 }  // namespace
