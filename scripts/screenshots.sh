@@ -3,7 +3,8 @@
 # the box that a missing option file brings up over it (missing-file.png), on a
 # virtual X server (the X tools it needs are installed); then each page of the demo
 # wizard (demo-NN-IDE.png) and of the component gallery (gallery-KIND.png), through
-# zunwiz-run --shots driven by their answers files. Not part of CI.
+# zunwiz-run --shots driven by their answers files; and the option group in each
+# colour mode (gallery-opc-modes.png), which zunwiz-opc-modes draws. Not part of CI.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 need=()
@@ -18,7 +19,7 @@ if [ ${#need[@]} -gt 0 ]; then
 fi
 build=${BUILD_DIR:-build}
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build "$build" -j"$(nproc)" --target zunwiz zunwiz-run
+cmake --build "$build" -j"$(nproc)" --target zunwiz zunwiz-run zunwiz-opc-modes
 out=docs/images
 mkdir -p "$out"
 
@@ -96,3 +97,9 @@ for ide in "${!nome[@]}"; do
 done
 rm -rf "$shots"
 echo "wrote ${#nome[@]} gallery pages into $out"
+
+# The option group in each colour mode: an option file always sets "N", so a small
+# program lays the groups out over the gallery's picture and saves the window.
+QT_QPA_PLATFORM=offscreen "$build/examples/gallery/zunwiz-opc-modes" "$out/gallery-opc-modes.png" \
+  examples/gallery/fundo.bmp
+echo "wrote $out/gallery-opc-modes.png"

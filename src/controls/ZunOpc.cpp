@@ -163,10 +163,11 @@ void ZunOpc::CorTip(TxV pal) {
   QWidget* pai = ctn ? ctn->window() : nullptr;
   if (t == u"IP") {
     // The window draws its picture behind its children: showing it through the
-    // control is the copy of the parent's picture under it.
+    // control's own back is the copy of the parent's picture under it. The
+    // options keep their back colour.
     modo_ = t;
     img_ = imgCop_ = true;
-    CorAct();
+    update();
     return;
   }
   if (t == u"C" && ctn) {
@@ -269,8 +270,9 @@ void ZunOpc::OpcLarAjt(int i) {
   b->resize(std::max(0, CtlPx(larg)), b->height());
 }
 
-// An option in the measurer's colours; with the parent's picture behind, it paints
-// no back of its own.
+// An option in the measurer's colours. It paints its own back in every colour
+// mode: with the parent's picture behind, the picture shows around the options,
+// not through them.
 void ZunOpc::OpcCorAct(int i) {
   QRadioButton* b = Opc(i);
   if (!b) return;
@@ -280,7 +282,7 @@ void ZunOpc::OpcCorAct(int i) {
   p.setColor(QPalette::ButtonText, CorQt(dimTx_));
   b->setPalette(p);
   b->setBackgroundRole(QPalette::Window);
-  b->setAutoFillBackground(!img_);
+  b->setAutoFillBackground(true);
 }
 
 void ZunOpc::OpcRefr() {

@@ -1,6 +1,9 @@
 // The option group: selection rules, layout by measured text, title, colour modes.
 #include <gtest/gtest.h>
+#include <QFontMetrics>
 #include <QRadioButton>
+#include <QTimer>
+#include <cmath>
 #include <memory>
 #include "CtlFab.h"
 #include "CtlTst.h"
@@ -52,9 +55,15 @@ TEST(ZunOpc, SelectionRulesAndEvents) {
   g.opc->RegOpc(u"Quarta", u"");
   EXPECT_EQ(g.opc->opcUsa(), 0);
   EXPECT_EQ(g.ev.size(), 1u);
-  // A click on a shown option raises its event.
+  // A click on a shown option raises its event, after the events already posted
+  // have run (the option's own painting comes first).
   g.opc->RegAsp(300, 0, 0, u"+30");
+  bool posto = false, vistoAntes = false;
+  QTimer::singleShot(0, g.opc, [&] { posto = true; });
+  auto lig = QObject::connect(g.opc, &ZunOpc::OpcSel, [&](int) { vistoAntes = posto; });
   g.opc->Opc(3)->click();
+  QObject::disconnect(lig);
+  EXPECT_TRUE(vistoAntes) << "the posted event runs before OpcSel";
   EXPECT_EQ(g.opc->opcUsa(), 3);
   EXPECT_EQ(g.ev, std::vector<int>({2, 3}));
   // Clearing removes all and raises nothing; element 0 stays, hidden.
@@ -122,6 +131,13 @@ TEST(ZunOpc, RegAspStepsInTwipsAndTextSteps) {
   EXPECT_EQ(g.Left(3), CtlTwp(CtlPx(300)));
   g.opc->RegAsp(300, 0, 0, Var(Tx(u"0")));
   EXPECT_EQ(g.Top(2), CtlTwp(CtlPx(h)));
+  // Across, a text step is the width of the sample "AÃÇ" in the options' font.
+  double w = CtlTwp(QFontMetrics(g.opc->Opc(0)->font()).horizontalAdvance(QStringLiteral("AÃÇ")));
+  g.opc->RegAsp(150, 60, Var(Tx(u"+45")), 0);
+  for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(g.Left(i), CtlTwp(CtlPx(150 + (w + 45) * (i - 1))));
+    EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(60)));
+  }
 }
 
 TEST(ZunOpc, AjtPosYSharesTheHeightUnderTheTitle) {
@@ -140,6 +156,13 @@ TEST(ZunOpc, AjtPosYSharesTheHeightUnderTheTitle) {
   g.opc->AjtPosY(90, 60, 0);
   passo = (util - 60 - 90 - h) / 3;
   for (int i = 1; i <= 3; ++i) EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(90 + passo * (i - 1))));
+  // Seven options centred: the step keeps its fraction, which adds up down the list.
+  g.Opcoes(4);
+  g.opc->AjtPosY(22, 6, 1);
+  passo = (util - 6 - 22 - h) / 7;
+  ASSERT_NE(passo, std::floor(passo));
+  for (int i = 1; i <= 7; ++i)
+    EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(passo / 2 + 22 - h / 2 + passo * (i - 1)))) << "option " << i;
   // A title takes its height only with the border on.
   g.opc->Caption(u"Escolha");
   double tw, th;
@@ -180,12 +203,16 @@ TEST(ZunOpc, ColourModesShowOwnParentOrPictureBehind) {
   EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(0, 255, 0));
   g.opc->CorTip(u"I");  // no picture taken yet: the colours stay
   EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(0, 255, 0));
-  // The parent's picture behind: the window shows through the control and its options.
+  // The parent's picture behind: the window shows through the control; the
+  // options keep their back colour.
   g.opc->CorTip(u" ip ");
   EXPECT_EQ(g.opc->ModoCor(), u"IP");
   EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(200, 0, 0));
   int oy = g.opc->Opc(1)->y() + 10 + 1;
-  EXPECT_EQ(Pixel(g.jan.get(), 200, oy), QColor(200, 0, 0));
+  EXPECT_EQ(Pixel(g.jan.get(), 200, oy), QColor(0, 255, 0));
+  g.opc->BackColor(0x00FF00);  // colours set again in this mode change neither
+  EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(200, 0, 0));
+  EXPECT_EQ(Pixel(g.jan.get(), 200, oy), QColor(0, 255, 0));
   g.opc->CorTip(u"N");
   g.opc->CorTip(u"I");  // the picture taken before shows again
   EXPECT_EQ(Pixel(g.jan.get(), 100, 100), QColor(200, 0, 0));
@@ -199,4 +226,24 @@ TEST(ZunOpc, ColourModesShowOwnParentOrPictureBehind) {
   g.opc->BackColor(0xFF0000);  // blue
   EXPECT_EQ(Pixel(g.jan.get(), 100, 60), QColor(0, 0, 255));
   EXPECT_EQ(Pixel(g.jan.get(), 160, oy), QColor(0, 0, 255)) << "the options follow the back colour";
+}
+
+TEST(ZunOpc, ColourModesTellContainerFromParent) {
+  QtApp();
+  std::unique_ptr<QWidget> jan{Janela(QColor(200, 0, 0))};  // the parent is red
+  QWidget* ctn = Janela(QColor(0, 0, 200), 300, 200);       // the container is blue
+  ctn->setParent(jan.get());
+  ctn->move(50, 50);
+  ZunOpc* opc = OpcCri(ctn);
+  opc->setGeometry(20, 20, 200, 100);
+  opc->BackColor(0x00FF00);
+  opc->show();
+  ctn->show();
+  EXPECT_EQ(Pixel(jan.get(), 170, 140), QColor(0, 255, 0));
+  opc->CorTip(u"C");
+  EXPECT_EQ(Pixel(jan.get(), 170, 140), QColor(0, 0, 200));
+  opc->CorTip(u"P");
+  EXPECT_EQ(Pixel(jan.get(), 170, 140), QColor(200, 0, 0));
+  opc->CorTip(u"c-x");
+  EXPECT_EQ(Pixel(jan.get(), 170, 140), QColor(0, 0, 200));
 }
