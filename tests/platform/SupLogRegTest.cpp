@@ -10,6 +10,7 @@
 #include "MsgDlg.h"
 #include "MsgGrv.h"
 #include "SupLogReg.h"
+#include "TstTmp.h"
 
 using namespace zw;
 
@@ -180,4 +181,21 @@ TEST_F(Log, AFailedRecordLeavesTheRegisterAsItWas) {
   EXPECT_EQ(g_.cx.size(), 1u);  // the box that says the record was not written
   std::ifstream de(dir_ + "/LogIni.txt", std::ios::binary);
   EXPECT_EQ(std::string((std::istreambuf_iterator<char>(de)), {}), antes);
+}
+
+// The same on a disk that fills up: the record that does not fit is cut back, the
+// register keeps its earlier bytes, and no temporary file stays behind.
+TEST_F(Log, ARecordOnAFullDiskLeavesTheRegisterAsItWas) {
+  tst::Tmpfs cheio(16 << 10);
+  if (cheio.pasta.empty()) GTEST_SKIP() << cheio.porque;
+  log_.DirDef(TxDeUtf8(cheio.pasta));
+  ASSERT_EQ(log_.RegIniMsg(u"primeiro"), 1);
+  std::ifstream in(cheio.pasta + "/LogIni.txt", std::ios::binary);
+  std::string antes((std::istreambuf_iterator<char>(in)), {});
+  EXPECT_EQ(log_.RegIniMsg(Tx(40000, u'x')), 0);
+  EXPECT_EQ(g_.cx.size(), 1u);
+  std::ifstream de(cheio.pasta + "/LogIni.txt", std::ios::binary);
+  EXPECT_EQ(std::string((std::istreambuf_iterator<char>(de)), {}), antes);
+  // the register and its lock, which stays between records, and nothing else
+  EXPECT_EQ(std::system(("test \"$(ls -A '" + cheio.pasta + "' | tr '\\n' ' ')\" = 'LogIni.lck LogIni.txt '").c_str()), 0);
 }

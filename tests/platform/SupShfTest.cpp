@@ -3,7 +3,7 @@
 // fails or is cancelled.
 #include <gtest/gtest.h>
 #include <dirent.h>
-#include <sys/mount.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <cstdlib>
@@ -14,6 +14,7 @@
 #include "MsgGrv.h"
 #include "SupShf.h"
 #include "SupShfPrg.h"
+#include "TstTmp.h"
 
 using namespace zw;
 
@@ -301,21 +302,19 @@ TEST_F(Shf, ProgressLinesForATrace) {
 // A copy onto a file system without room for it: the earlier destination file stays
 // byte-identical and no temporary file remains, by the run and by the one-file copy.
 TEST_F(Shf, FullDiskLeavesTheEarlierFileWhole) {
-  mkdir(N("cheio").c_str(), 0755);
-  if (mount("tmpfs", N("cheio").c_str(), "tmpfs", 0, "size=256k") != 0)
-    GTEST_SKIP() << "cannot mount a small tmpfs here (needs root with CAP_SYS_ADMIN): " << strerror(errno);
-  std::string antes(100 << 10, 'a'), fonte(1 << 20, 'f');
-  Escreve(N("cheio/alvo.bin"), antes);
+  tst::Tmpfs cheio(256 << 10);
+  if (cheio.pasta.empty()) GTEST_SKIP() << cheio.porque;
+  std::string antes(100 << 10, 'a'), fonte(1 << 20, 'f'), alvo = cheio.pasta + "/alvo.bin";
+  Escreve(alvo, antes);
   Escreve(N("fonte.bin"), fonte);
   SupShf s;
   s.AspExe(0, 0);
   int r = 1;
-  s.FxCop(P("fonte.bin"), P("cheio/alvo.bin"), r);
+  s.FxCop(P("fonte.bin"), TxDeUtf8(alvo), r);
   int err = s.ErrNum();
-  int r2 = ShfFicCop(P("fonte.bin"), P("cheio/alvo.bin"));
-  std::string depois = Le(N("cheio/alvo.bin"));
-  int tmp = Temporarios(N("cheio"));
-  umount(N("cheio").c_str());
+  int r2 = ShfFicCop(P("fonte.bin"), TxDeUtf8(alvo));
+  std::string depois = Le(alvo);
+  int tmp = Temporarios(cheio.pasta);
   EXPECT_EQ(r, 0);
   EXPECT_EQ(err, kErrDisco);
   EXPECT_EQ(r2, kErrDisco);

@@ -1,7 +1,10 @@
 // Per-test temporary folders, made with mkdtemp and removed at the program's end.
 #include "TstTmp.h"
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <unistd.h>
+#include <cerrno>
+#include <cstring>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -36,5 +39,18 @@ std::string PastaTmp() {
 std::string FicTmp(const std::string& nome) { return PastaTmp() + "/" + nome; }
 
 std::u16string FicTmpTx(const std::string& nome) { return TxDeUtf8(FicTmp(nome)); }
+
+Tmpfs::Tmpfs(unsigned long bytes) {
+  static int n = 0;
+  std::string p = FicTmp("tmpfs" + std::to_string(++n));
+  std::filesystem::create_directory(p);
+  std::string opc = "size=" + std::to_string(bytes);
+  if (mount("tmpfs", p.c_str(), "tmpfs", 0, opc.c_str()) == 0) pasta = p;
+  else porque = std::string("cannot mount a small tmpfs here (needs root with CAP_SYS_ADMIN): ") + strerror(errno);
+}
+
+Tmpfs::~Tmpfs() {
+  if (!pasta.empty()) umount(pasta.c_str());
+}
 
 }  // namespace zw::tst

@@ -10,4 +10,15 @@ std::string PastaTmp();                         // the folder, without a final "
 std::string FicTmp(const std::string& nome);    // a path in it
 std::u16string FicTmpTx(const std::string& nome);  // the same as a text
 
+// A small tmpfs mounted on a new folder in the test's own, so that writes meet a
+// full disk; unmounted when it goes. Where mounting is not allowed (not root, no
+// CAP_SYS_ADMIN) `pasta` is empty and `porque` says why, for GTEST_SKIP.
+struct Tmpfs {
+  explicit Tmpfs(unsigned long bytes);
+  ~Tmpfs();
+  Tmpfs(const Tmpfs&) = delete;
+  Tmpfs& operator=(const Tmpfs&) = delete;
+  std::string pasta, porque;
+};
+
 }  // namespace zw::tst
