@@ -42,6 +42,12 @@ void LibReg();
 // ScriptEngineMinorVersion, ScriptEngineBuildVersion. MsgBox and InputBox use
 // zw::MsgDlgAct() (src/foundation/MsgDlg.h), which the host sets.
 
+// Charges the host's time-out for work a built-in did or is about to do (n
+// characters or elements): a long one looks at the clock as a loop does, and the
+// time-out may stop the script from here. Large work is charged in parts as it
+// goes, so that one call cannot run far past the time-out.
+void Work(size_t n);
+
 // v(a...): an element of an array, or the default member of an object (k says
 // whether it is read or called); v itself when there are no arguments.
 void Index(Value& v, Args a, Inv k, Value& r);

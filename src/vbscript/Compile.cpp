@@ -181,11 +181,12 @@ class Parser {
 
   // ---------------------------------------------------------------- expressions
   // Nesting guard: a text nested deeper than this fails instead of exhausting the stack.
+  static constexpr int kNest = 400;
   int nest_ = 0;
   struct Nest {
     Parser& ps;
     explicit Nest(Parser& p) : ps(p) {
-      if (++ps.nest_ > 400 || ps.E.StackLow()) CompErr(28, ps.Cur().line, ps.Cur().col);
+      if (++ps.nest_ > kNest || ps.E.StackLow()) CompErr(28, ps.Cur().line, ps.Cur().col);
     }
     ~Nest() { --ps.nest_; }
   };
@@ -341,9 +342,12 @@ class Parser {
     Fail(1023);
   }
 
+  // A chain of members and indexes (a.b(1).c) nests its code as deep as it is
+  // long, so each link counts against the nesting guard.
   Ex* Postfix() {
     Ex* e = Primary();
-    for (;;) {
+    for (int links = 0;; ++links) {
+      if (nest_ + links > kNest) CompErr(28, Cur().line, Cur().col);
       if (IsOp('.') && !Cur().space) {
         Ex* m = New(Ex::Mem);
         Next();
@@ -388,6 +392,8 @@ class Parser {
   }
 
   void Gen(Ex* e) {
+    // chains inside the arguments of chains nest deeper than any one guard sees
+    if (E.StackLow()) CompErr(28, e->line, e->col);
     Peak(1);
     switch (e->k) {
       case Ex::Lit:
@@ -919,7 +925,10 @@ class Parser {
         Next();
       }
       WantOp(')', 1006);
-      if (P->kind != Proc::Global && !C) DeclLocalIfNew(name);
+      // in a procedure ReDim declares a name only under Option Explicit; otherwise
+      // an undeclared name is resolved as any other is when the statement runs:
+      // the global of that name if one exists then, else the procedure's own
+      if (P->kind != Proc::Global && !C && (explicit_ || E.explicit_)) DeclLocalIfNew(name);
       if (P->kind == Proc::Global && !P->cls) gdecl[TxMaiVb(name)] = 1;
       EmitName(oReDim, name, n);
       Emit(oWord, preserve ? 1 : 0);

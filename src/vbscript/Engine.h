@@ -1,5 +1,6 @@
 // Engine: the state of one script engine and the machine that runs its code.
 #pragma once
+#include <algorithm>
 #include <chrono>
 #include <deque>
 #include <memory>
@@ -97,10 +98,22 @@ class Engine {
   std::vector<std::pair<Value*, Arr*>> elemLocks;
   ErrState err;
   Ref<Obj> errObj;
+  // The host's time-out. Loop steps and calls count one tick each, built-ins
+  // that did large work count what they did (Charge); when the ticks of a
+  // quantum are spent TickSlow reads the clock. The quantum adapts so that the
+  // clock is read about every kReadNs whatever a step costs: it doubles after a
+  // quick quantum (up to kMaxQuantum) and shrinks after a slow one.
   long timeoutMs = -1;
-  std::chrono::steady_clock::time_point deadline;
+  std::chrono::steady_clock::time_point deadline, lastRead;
   bool timed = false;
+  // the time-out stopped this run: every later step stops too. A time-out
+  // inside Class_Terminate cannot leave it (the release that ran it may be in a
+  // destructor), so the assignments and returns that release values look at it
+  bool halted = false;
   int tick = 0;
+  int quantum = 0;
+  static constexpr int kMaxQuantum = 4096;
+  static constexpr long kReadNs = 1000000;
 
   void RunMain(Proc& p, Value* up = nullptr, Inst* me = nullptr, Value* result = nullptr);
   // Calls a procedure with the arguments as given (by reference where they are refs).
@@ -111,6 +124,10 @@ class Engine {
   Value NewInst(TxV cls);
   void Terminate(Inst* o);
   void Tick() { if (timed && --tick <= 0) TickSlow(); }
+  // Counts n characters or elements of work, one tick per 32.
+  void Charge(size_t n) {
+    if (timed && (tick -= int(std::min<size_t>(n >> 5, size_t(1) << 24))) <= 0) TickSlow();
+  }
   void TickSlow();
   void Reset();
   void StartClock();

@@ -55,6 +55,9 @@ size_t TxAchaTras(TxV a, TxV b, size_t ate, bool texto) {
 
 namespace {
 
+// How much work Replace, Split, Join and Filter do between two charges to the time-out.
+constexpr size_t kParte = 1 << 16;
+
 // A count or length argument: Null raises 94, negative raises 5.
 int32_t ArgTam(Args a, int k) {
   int32_t n = ToLng(a[k]);
@@ -143,14 +146,22 @@ void FnLTrim(Args a, Value& r) { Corta(a, r, true, false); }
 void FnRTrim(Args a, Value& r) { Corta(a, r, false, true); }
 void FnTrim(Args a, Value& r) { Corta(a, r, true, true); }
 
-void FnSpace(Args a, Value& r) {
-  int32_t n = ArgTam(a, 0);
-  Str* s = Str::New(TxV(), uint32_t(n));
-  std::fill_n(s->p(), n, u' ');
+// A text of n copies of c, filled in parts that are each charged to the time-out.
+void Enche(Value& r, int32_t n, char16_t c) {
+  Value v = Value::Take(Str::New(TxV(), uint32_t(n)));
+  Str* s = v.s;
+  for (int32_t i = 0; i < n;) {
+    int32_t k = std::min(n - i, int32_t(1) << 20);
+    Work(size_t(k));
+    std::fill_n(s->p() + i, k, c);
+    i += k;
+  }
   s->len = uint32_t(n);
   s->p()[n] = 0;
-  r = Value::Take(s);
+  r = std::move(v);
 }
+
+void FnSpace(Args a, Value& r) { Enche(r, ArgTam(a, 0), u' '); }
 
 void FnString(Args a, Value& r) {
   if (a[0].IsNull() || a[1].IsNull()) {
@@ -167,11 +178,7 @@ void FnString(Args a, Value& r) {
     int32_t k = ToLng(v);
     c = zw::ChrDe1252(uint8_t(((k % 256) + 256) % 256));
   }
-  Str* s = Str::New(TxV(), uint32_t(n));
-  std::fill_n(s->p(), n, c);
-  s->len = uint32_t(n);
-  s->p()[n] = 0;
-  r = Value::Take(s);
+  Enche(r, n, c);
 }
 
 void FnStrReverse(Args a, Value& r) {
@@ -202,6 +209,7 @@ void InStrCom(Args a, Value& r, bool bytes) {
     r = Value(int32_t(0));
     return;
   }
+  Work(s.size() - ini);
   size_t p = TxAcha(s, b, ini, cmp == 1);
   int32_t res = p == TxV::npos ? 0 : int32_t(p) + 1;
   if (bytes && res) res = res * 2 - 1;
@@ -232,6 +240,7 @@ void FnInStrRev(Args a, Value& r) {
     r = Value(int32_t(0));
     return;
   }
+  Work(size_t(de));
   size_t p = TxAchaTras(s.substr(0, size_t(de)), b, size_t(de) - b.size(), cmp == 1);
   r = Value(p == TxV::npos ? int32_t(0) : int32_t(p) + 1);
 }
@@ -267,7 +276,7 @@ void FnReplace(Args a, Value& r) {
   }
   Tx o;
   o.reserve(s.size());
-  size_t i = 0;
+  size_t i = 0, feito = 0;  // the part of the work not yet charged ends at o.size()
   while (n != 0) {
     size_t p = TxAcha(s, f, i, cmp == 1);
     if (p == TxV::npos) break;
@@ -275,13 +284,19 @@ void FnReplace(Args a, Value& r) {
     o.append(w);
     i = p + f.size();
     if (n > 0) n--;
+    if (o.size() - feito >= kParte) {
+      Work(o.size() - feito);
+      feito = o.size();
+    }
   }
   o.append(s.substr(i));
+  Work(o.size() - feito);
   r = Value(TxV(o));
 }
 
 // A one-dimensional array of the given texts.
 Value ArrTx(std::vector<Tx>& v) {
+  Work(v.size());
   Arr* a = Arr::New({int32_t(v.size()) - 1});
   for (size_t i = 0; i < v.size(); i++) a->v[i] = Value(TxV(v[i]));
   return Value(a);
@@ -299,13 +314,18 @@ void FnSplit(Args a, Value& r) {
     if (d.empty()) {
       v.emplace_back(s);
     } else {
-      size_t i = 0;
+      size_t i = 0, feito = 0;
       while (n < 0 || int32_t(v.size()) < n - 1) {
         size_t p = TxAcha(s, d, i, cmp == 1);
         if (p == TxV::npos) break;
         v.emplace_back(s.substr(i, p - i));
         i = p + d.size();
+        if (i - feito >= kParte) {
+          Work(i - feito);
+          feito = i;
+        }
       }
+      Work(s.size() - feito);
       v.emplace_back(s.substr(i));
     }
   }
@@ -326,11 +346,16 @@ void FnJoin(Args a, Value& r) {
   Tx t1;
   TxV d = a.Has(1) ? ArgTx(a, 1, t1) : TxV(u" ");
   Tx o;
+  size_t feito = 0;
   for (size_t i = 0; i < l->v.size(); i++) {
     if (i) o.append(d);
     const Value& e = l->v[i];
     if (e.IsStr()) o.append(e.Sv());
     else o.append(ToTx(e));
+    if (o.size() + i - feito >= kParte) {
+      Work(o.size() + i - feito);
+      feito = o.size() + i;
+    }
   }
   r = Value(TxV(o));
 }
@@ -342,8 +367,14 @@ void FnFilter(Args a, Value& r) {
   bool inc = a.Has(2) ? ToBool(a[2]) : true;
   int cmp = ArgCmp(a, 3);
   std::vector<Tx> v;
+  size_t feito = 0;
   for (const Value& e : l->v) {
     Tx s = ToTx(e);
+    feito += s.size() + 1;
+    if (feito >= kParte) {
+      Work(feito);
+      feito = 0;
+    }
     if ((TxAcha(s, f, 0, cmp == 1) != TxV::npos) == inc) v.push_back(std::move(s));
   }
   r = ArrTx(v);

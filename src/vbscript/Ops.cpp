@@ -219,6 +219,7 @@ Value Concat(const Value& x0, const Value& y0) {
   if (x.t == vtNull && y.t == vtNull) return Value::Null();
   Tx a = x.t == vtNull ? Tx() : ToTx(x);
   Tx b = y.t == vtNull ? Tx() : ToTx(y);
+  if (a.size() + b.size() >= 4096) Work(a.size() + b.size());
   Str* s = Str::New(a, uint32_t(a.size() + b.size()));
   std::memcpy(s->p() + s->len, b.data(), b.size() * sizeof(char16_t));
   s->len += uint32_t(b.size());
@@ -277,13 +278,33 @@ bool IsSame(const Value& x0, const Value& y0) {
   return x.o == y.o;
 }
 
+// A copy of an array, arrays inside it copied too. The walk keeps its own list
+// of copies still to look into, so arrays nested to any depth cost no stack.
 Arr* CloneArr(const Arr* a) {
-  Arr* n = new Arr;
-  n->dims = a->dims;
-  n->v = a->v;
-  for (Value& e : n->v)
-    if (e.t & vtArray) e = Value(CloneArr(e.a));
-  return n;
+  Arr* top = new Arr;
+  try {
+    top->dims = a->dims;
+    top->v = a->v;
+    std::vector<Arr*> todo{top};
+    while (!todo.empty()) {
+      Arr* n = todo.back();
+      todo.pop_back();
+      Work(n->v.size());
+      for (Value& e : n->v) {
+        if (!(e.t & vtArray)) continue;
+        Arr* c = new Arr;
+        Value hold(c);
+        c->dims = e.a->dims;
+        c->v = e.a->v;
+        e = std::move(hold);
+        todo.push_back(c);
+      }
+    }
+  } catch (...) {
+    Value drop(top);
+    throw;
+  }
+  return top;
 }
 
 }  // namespace vbs

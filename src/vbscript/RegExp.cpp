@@ -1,6 +1,7 @@
 // RegExp: pattern parser, compiler to a backtracking program, and the machine.
 #include "RegExp.h"
 
+#include <algorithm>
 #include <memory>
 
 #include "Locale.h"
@@ -517,18 +518,32 @@ class Maquina {
  public:
   Maquina(const Rx::Prog& p, TxV s, Rx::Orcamento& o) : p_(p), s_(s), o_(o) {}
 
+  ~Maquina() { o_.gasto += lote_ - resta_; }
+
   // Counts work done (instructions run, characters scanned, choices taken back)
-  // against the search's budget; false once it is spent. Every 2^16 steps the
+  // against the search's budget; false once it is spent. The steps are counted
+  // down in an allowance of up to kLote taken from the budget, so that the
+  // common step costs one decrement; each time 2^16 steps have been taken the
   // host's watcher runs, which may stop the script by throwing.
   bool Gasta(long long n) {
-    o_.gasto += n;
+    if ((resta_ -= n) > 0) return true;
+    return Renova();
+  }
+
+  // Adds the spent allowance to the budget and takes a new one.
+  bool Renova() {
+    o_.gasto += lote_ - resta_;
+    lote_ = resta_ = 0;
     if ((o_.gasto >> 16) != o_.visto) {
       o_.visto = o_.gasto >> 16;
       if (o_.vigia) o_.vigia();
     }
-    if (o_.gasto <= o_.limite) return true;
-    esgotou = o_.esgotou = true;
-    return false;
+    if (o_.gasto > o_.limite) {
+      esgotou = o_.esgotou = true;
+      return false;
+    }
+    lote_ = resta_ = std::min(kLote, o_.limite - o_.gasto + 1);
+    return true;
   }
 
   bool Igual(char16_t a, char16_t b) const {
@@ -721,6 +736,8 @@ class Maquina {
   TxV s_;
   Rx::Orcamento& o_;
   std::vector<Bt> st_;
+  static constexpr long long kLote = 4096;
+  long long lote_ = 0, resta_ = 0;  // the allowance taken, and what is left of it
 
  public:
   bool esgotou = false;

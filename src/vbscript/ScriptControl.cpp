@@ -74,6 +74,8 @@ static bool Guard(Engine& e, ScriptError& err, TxV text, F&& f) {
   try {
     e.StartClock();
     f();
+    // a time-out that struck inside Class_Terminate stops the run all the same
+    if (e.halted) throw Abort{};
     return true;
   } catch (Fault& x) {
     err.Number = x.num;

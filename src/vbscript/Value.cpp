@@ -1,5 +1,6 @@
 // Value: strings, arrays, the variant's copy and release, and conversions.
 #include "Value.h"
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include "DateTime.h"
@@ -58,9 +59,55 @@ int NameIx(TxV name, std::initializer_list<const char*> names) {
   return -1;
 }
 
+// ---------------------------------------------------------------- release
+namespace {
+// Releases nested deeper than this wait in tlLate (see Gone).
+constexpr int kRelNest = 64;
+struct Late {
+  Obj* o;
+  Arr* a;
+  int term;  // TermNest() where the release happened
+};
+thread_local int tlRelNest = 0;
+thread_local int tlTermNest = 0;
+thread_local std::vector<Late> tlLate;
+
+void Dispose(Obj* o, Arr* a) {
+  if (o) o->Last();
+  else delete a;
+}
+}  // namespace
+
+int& TermNest() { return tlTermNest; }
+
+void Gone(Obj* o, Arr* a) noexcept {
+  if (tlRelNest >= kRelNest) {
+    tlLate.push_back(Late{o, a, tlTermNest});
+    return;
+  }
+  ++tlRelNest;
+  Dispose(o, a);
+  if (tlRelNest == 1) {
+    // the outermost release: what waited is disposed of one by one, each as if
+    // released where it was found (nesting again up to the limit); the entries
+    // one disposal adds are reversed so that they go in the order they were met
+    while (!tlLate.empty()) {
+      Late l = tlLate.back();
+      tlLate.pop_back();
+      size_t mark = tlLate.size();
+      int saved = tlTermNest;
+      tlTermNest = l.term;
+      Dispose(l.o, l.a);
+      tlTermNest = saved;
+      std::reverse(tlLate.begin() + std::ptrdiff_t(mark), tlLate.end());
+    }
+  }
+  --tlRelNest;
+}
+
 // ---------------------------------------------------------------- arrays
 void Arr::Release() {
-  if (--rc == 0) delete this;
+  if (--rc == 0) Gone(nullptr, this);
 }
 
 Arr* Arr::New(std::initializer_list<int32_t> ub) { return Make(ub.begin(), ub.size()); }

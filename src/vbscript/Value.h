@@ -60,6 +60,18 @@ struct Str {
 class Value;
 struct Args;
 
+class Obj;
+struct Arr;
+// Disposes of an object (o) or an array (a) whose last reference went. Releases
+// that set off one another (a list of instances, arrays inside arrays) nest only
+// so deep: past that they wait in a list that the outermost release works
+// through, so a chain of any length is released without exhausting the stack.
+void Gone(Obj* o, Arr* a) noexcept;
+// How many Class_Terminate calls enclose the code now running, counting those of
+// releases that waited in that list: lets a Class_Terminate that makes and drops
+// objects of its own class stop instead of running without end.
+int& TermNest();
+
 // How a member is reached: called as a method, read, assigned with Let, assigned with Set.
 enum class Inv : uint8_t { Call, Get, Let, Set };
 
@@ -73,7 +85,7 @@ class Obj {
   uint32_t rc_ = 0;
   virtual ~Obj() = default;
   void AddRef() { ++rc_; }
-  void Release() { if (--rc_ == 0) Last(); }
+  void Release() { if (--rc_ == 0) Gone(this, nullptr); }
   // Runs when the last reference goes; deletes by default (script classes run Class_Terminate first).
   virtual void Last() { delete this; }
 

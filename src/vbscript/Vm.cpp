@@ -210,13 +210,30 @@ void Engine::Install(Unit& u) {
 
 void Engine::StartClock() {
   timed = timeoutMs >= 0;
-  if (timed) deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
-  tick = 4096;
+  halted = false;
+  lastRead = std::chrono::steady_clock::now();
+  if (timed) deadline = lastRead + std::chrono::milliseconds(timeoutMs);
+  quantum = tick = 64;
 }
 
 void Engine::TickSlow() {
-  tick = 4096;
-  if (std::chrono::steady_clock::now() > deadline) throw Abort{};
+  auto now = std::chrono::steady_clock::now();
+  if (halted || now > deadline) {
+    // stopped for good: Class_Terminate code run while the stop unwinds, or a
+    // time-out that one swallowed, stops at its first step
+    halted = true;
+    tick = 0;
+    throw Abort{};
+  }
+  long long ns = std::chrono::duration_cast<std::chrono::nanoseconds>(now - lastRead).count();
+  lastRead = now;
+  if (ns < kReadNs) quantum = std::min(quantum * 2, kMaxQuantum);
+  else quantum = int(std::max<long long>(1, quantum * kReadNs / ns));
+  tick = quantum;
+}
+
+void Work(size_t n) {
+  if (tlEngine) tlEngine->Charge(n);
 }
 
 // ---------------------------------------------------------------- values
@@ -337,18 +354,28 @@ void Inst::Member(int m, Inv k, Args a, Value& r) {
   eng->CallProc(*p, this, a, r);
 }
 
+// Class_Terminate runs once, when the last reference goes. An error in it goes
+// nowhere; a time-out stops the script at its next step (TickSlow has marked the
+// engine halted). Terminate calls count as calls against the depth limit, with
+// those of releases put off (TermNest), so a Class_Terminate that makes and drops
+// an object of its own class stops after kMaxDepth rounds, as deep recursion does.
 void Inst::Last() {
   if (!terminated && *alive && cls->term) {
     terminated = true;
     rc_ = 1;
     Engine* saved = tlEngine;
     tlEngine = eng;
+    int& tn = TermNest();
+    ++tn;
+    ++eng->depth;
     try {
+      if (tn + eng->depth >= kMaxDepth) Raise(28);
       Value r;
       eng->CallProc(*cls->term, this, Args{}, r);
     } catch (...) {
-      // an error in Class_Terminate goes nowhere
     }
+    --eng->depth;
+    --tn;
     tlEngine = saved;
     if (--rc_ > 0) return;
   }
@@ -376,6 +403,7 @@ static void MakeArrays(Engine& E, const Proc& p, Value* bp) {
     a->fixed = !ai.ub.empty();
     Value& dst = ai.mode == mLocal ? bp[ai.idx] : E.cells[size_t(ai.idx)].v;
     dst = Value(a);
+    E.Charge(a->v.size());
   }
 }
 
@@ -430,6 +458,7 @@ void Engine::CallStk(const Proc& p, Inst* me, int argc) {
   PopTo(*this, bp);
   bp->Swap(r);
   sp = bp + 1;
+  if (halted) throw Abort{};  // a time-out in the Class_Terminate of a local
 }
 
 void Engine::CallProc(const Proc& p, Inst* me, Args a, Value& r) {
@@ -490,6 +519,7 @@ void Engine::ExecText(const Value& text, int kind, const Proc& p, Value* bp, Ins
     int& d;
     ~Down() { --d; }
   } down{depth};
+  Charge(src.size());
   try {
     auto u = Compile(src, kind == 2, sc);
     Unit* raw = u.get();
@@ -646,6 +676,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             Value v = std::move(s);
             --sp;
             LetTo(d, std::move(v));
+            if (halted) throw Abort{};
             NEXT;
           }
           L_oLdG: {
@@ -682,6 +713,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             Value v = std::move(s);
             --sp;
             LetTo(var(*I, true), std::move(v));
+            if (halted) throw Abort{};
             NEXT;
           }
           L_oKeep: {
@@ -712,6 +744,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             Value& d = var(*I, true);
             if (I->op == oSet) SetTo(d, std::move(v));
             else LetTo(d, std::move(v));
+            if (halted) throw Abort{};
             NEXT;
           }
           L_oRef:
@@ -891,6 +924,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               // a temporary on the left grows in place
               uint32_t need = x.s->len + y.s->len;
               if (need > x.s->cap) {
+                Charge(need);
                 Str* n = Str::New(x.Sv(), std::max<uint32_t>(need, x.s->cap * 2));
                 x.s->Release();
                 x.s = n;
@@ -975,6 +1009,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               else { tmp = ToTx(y); add = tmp; }
               uint32_t need = d.s->len + uint32_t(add.size());
               if (need > d.s->cap) {
+                Charge(need);
                 Str* n = Str::New(d.Sv(), std::max<uint32_t>({need, d.s->cap * 2, 16u}));
                 d.s->Release();
                 d.s = n;
@@ -1081,6 +1116,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               if (!coll.o) Raise(91);
               std::vector<Value> items;
               if (!coll.o->Items(items)) Raise(451);
+              Charge(items.size());
               Arr* a = new Arr;
               a->dims.push_back({0, int32_t(items.size())});
               a->v = std::move(items);
@@ -1142,6 +1178,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             PopTo(E, sp - n);
             Value hold(Arr::Make(ub.data(), ub.size()));
             Arr* a = hold.a;
+            Charge(a->v.size());
             a->fixed = W.a == 2;  // a Dim with bounds, run where it stands
             Value& v = var(*I, true);
             if (W.a == 1 && (v.t & vtArray) && !v.a->dims.empty()) {

@@ -255,3 +255,32 @@ TEST(ScriptControl, TimeoutStopsCallsAndSearches) {
   Value r;
   ASSERT_TRUE(sc.Eval(u"1 + 1", r));
 }
+
+// The time-out is looked at by time, not only by counted steps: a short loop
+// whose every step is long, long built-ins in code without any loop, and a
+// time-out inside Class_Terminate all stop the script before it finishes.
+TEST(ScriptControl, TimeoutStopsLongStepsBuiltinsAndTerminate) {
+  ScriptControl sc;
+  sc.Timeout(10);
+  EXPECT_FALSE(sc.AddCode(u"On Error Resume Next\r\n"
+                          u"For i = 1 To 3000 : x = Replace(Space(200000), \" \", \"ab\") : Next\r\n"
+                          u"done1 = True"));
+  EXPECT_EQ(sc.Error().Number, kTimeoutErr);
+  EXPECT_FALSE(sc.AddCode(u"On Error Resume Next\r\nx = Space(4000000)\r\n"
+                          u"x = Replace(x, \" \", \"ab\") : x = Replace(x, \"ab\", \"c\")\r\n"
+                          u"x = Replace(x, \"c\", \"ab\") : x = Replace(x, \"ab\", \"c\")\r\n"
+                          u"y = Join(Split(x, \"c\"), \"de\") : y = y & y : y = y & y\r\n"
+                          u"x = String(40000000, \"z\") : n = InStr(x, \"q\")\r\n"
+                          u"done2 = True"));
+  EXPECT_EQ(sc.Error().Number, kTimeoutErr);
+  EXPECT_FALSE(sc.AddCode(u"On Error Resume Next\r\n"
+                          u"Class T\r\n Sub Class_Terminate : Do : Loop : End Sub\r\nEnd Class\r\n"
+                          u"Set t = New T : Set t = Nothing\r\ndone3 = True"));
+  EXPECT_EQ(sc.Error().Number, kTimeoutErr);
+  sc.Timeout(-1);
+  EXPECT_EQ(EvalTx(sc, u"IsEmpty(done1) & IsEmpty(done2) & IsEmpty(done3)"), u"TrueTrueTrue");
+  // a Class_Terminate that runs after the stop is cut short too, and the engine
+  // runs the next call normally
+  EXPECT_TRUE(sc.AddCode(u"Set t = Nothing : x = Empty : y = Empty : done4 = True"));
+  EXPECT_EQ(EvalTx(sc, u"done4"), u"True");
+}

@@ -98,4 +98,68 @@ Set o = New Huge
 WScript.Echo "class field huge:", Err.Number : Err.Clear
 x = Space(2147483647)
 WScript.Echo "space:", Err.Number : Err.Clear
+Dim rounds, order, count
+' releasing long chains: a list of instances, arrays inside arrays, dictionaries
+' inside dictionaries; the objects' Class_Terminate all run, in order
+Class Node
+  Public nxt
+End Class
+Set head = Nothing
+For i = 1 To 300000
+  Set n = New Node
+  Set n.nxt = head
+  Set head = n
+Next
+Set n = Nothing
+Set head = Nothing
+WScript.Echo "list released:", Err.Number : Err.Clear
+a = Array()
+For i = 1 To 300000 : a = Array(a) : Next
+b = a
+a = Empty : b = Empty
+WScript.Echo "nested arrays copied and released:", Err.Number : Err.Clear
+Set h = Nothing
+For i = 1 To 300000
+  Set d = CreateObject("Scripting.Dictionary")
+  d.Add "x", h
+  Set h = d
+Next
+Set d = Nothing : Set h = Nothing
+WScript.Echo "dictionaries released:", Err.Number : Err.Clear
+Class Counted
+  Public nxt, id
+  Private Sub Class_Terminate
+    count = count + 1
+    If id <= 3 Or id > 199997 Then order = order & " " & id
+  End Sub
+End Class
+Set head = Nothing
+For i = 200000 To 1 Step -1
+  Set n = New Counted
+  n.id = i
+  Set n.nxt = head
+  Set head = n
+Next
+Set n = Nothing
+Set head = Nothing
+WScript.Echo "terminated:", count, order, Err.Number : Err.Clear
+
+' a Class_Terminate that makes and drops an object of its own class stops
+Class Again
+  Private Sub Class_Terminate
+    rounds = rounds + 1
+    Set z = New Again
+  End Sub
+End Class
+Set t = New Again : Set t = Nothing
+WScript.Echo "terminate making its own class:", rounds > 100, rounds < 100000, Err.Number : Err.Clear
+
+' member and index chains nested beyond the limit fail cleanly
+Set o = Nothing
+Execute "x = o" & Replace(String(100000, "."), ".", ".a")
+WScript.Echo "long member chain:", Err.Number : Err.Clear
+Execute "x = o" & Replace(String(100000, "("), "(", "(1)")
+WScript.Echo "long index chain:", Err.Number : Err.Clear
+Execute "x = Array(Array(7))" & Replace(String(2, "("), "(", "(0)")
+WScript.Echo "short index chain:", x, Err.Number : Err.Clear
 WScript.Echo "still running"

@@ -44,3 +44,26 @@ End Sub
 acc = 0
 Loops
 WScript.Echo "loops:", acc
+
+' ReDim of a name the procedure does not declare resizes the global of that
+' name when one exists; with none it makes the procedure's own array
+Sub Grow
+  ReDim gu(7)
+  gu(7) = "last"
+End Sub
+gu = Array(1, 2)
+Grow
+WScript.Echo "redim global:", UBound(gu), gu(7)
+Sub Keep2
+  ReDim Preserve gk(3)
+End Sub
+gk = Array("a", "b")
+Keep2
+WScript.Echo "redim preserve global:", UBound(gk), gk(1)
+Sub Own
+  ReDim mine(2)
+  mine(2) = 5
+  WScript.Echo "redim own:", UBound(mine), mine(2)
+End Sub
+Own
+WScript.Echo "own stays inside:", IsEmpty(mine)
