@@ -109,6 +109,31 @@ std::string TxUtf8(TxV t) {
   return s;
 }
 
+// A JSON string literal of a text, for the tools' machine-readable output: the
+// usual short escapes, \u00XX for the other control characters, UTF-8 otherwise.
+std::string TxJson(TxV t) {
+  std::string r = "\"";
+  for (unsigned char c : TxUtf8(t)) {
+    switch (c) {
+      case '"': r += "\\\""; break;
+      case '\\': r += "\\\\"; break;
+      case '\n': r += "\\n"; break;
+      case '\r': r += "\\r"; break;
+      case '\t': r += "\\t"; break;
+      default:
+        if (c < 0x20) {
+          static const char kHex[] = "0123456789abcdef";
+          r += "\\u00";
+          r += kHex[c >> 4];
+          r += kHex[c & 15];
+        } else {
+          r += char(c);
+        }
+    }
+  }
+  return r + "\"";
+}
+
 Cod CodDetecta(std::string_view b) {
   if (b.size() >= 3 && b.substr(0, 3) == "\xEF\xBB\xBF") return Cod::Utf8Bom;
   bool multi = false;

@@ -15,6 +15,7 @@ enum class Cod { W1252, Utf8, Utf8Bom };
 
 Tx TxDeUtf8(std::string_view s);      // UTF-8 bytes to text; bad bytes become U+FFFD
 std::string TxUtf8(TxV t);            // text to UTF-8 (lone surrogates become U+FFFD)
+std::string TxJson(TxV t);            // a JSON string of a text, UTF-8, quotes included
 Tx TxDe1252(std::string_view s);      // Windows-1252 bytes to text
 std::string Tx1252(TxV t);            // text to Windows-1252; what has no byte becomes '?'
 int Chr1252(char16_t c);              // the Windows-1252 byte of a character, or -1

@@ -13,28 +13,6 @@
 
 using namespace zw;
 
-namespace {
-
-// A JSON string of a text, UTF-8.
-std::string Js(const Tx& t) {
-  std::string r = "\"";
-  for (unsigned char c : TxUtf8(t)) {
-    if (c == '"' || c == '\\') {
-      r += '\\';
-      r += char(c);
-    } else if (c < 0x20) {
-      char b[8];
-      std::snprintf(b, sizeof b, "\\u%04x", c);
-      r += b;
-    } else {
-      r += char(c);
-    }
-  }
-  return r + "\"";
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
   bool json = false;
   std::vector<Tx> pal;
@@ -64,7 +42,7 @@ int main(int argc, char** argv) {
     erro = erro || a.erro;
     if (json) {
       std::printf("%s\n  {\"file\": %s, \"line\": %d, \"severity\": \"%s\", \"message\": %s}", i ? "," : "",
-                  Js(fic).c_str(), int(a.lin), a.erro ? "error" : "warning", Js(a.msg).c_str());
+                  TxJson(fic).c_str(), int(a.lin), a.erro ? "error" : "warning", TxJson(a.msg).c_str());
     } else {
       std::printf("%s:%d: %s: %s\n", nome.c_str(), int(a.lin), a.erro ? "error" : "warning", TxUtf8(a.msg).c_str());
     }

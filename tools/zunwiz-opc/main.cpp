@@ -29,28 +29,6 @@ int Uso() {
   return 64;
 }
 
-// A JSON string of a text, UTF-8.
-std::string Js(const Tx& t) {
-  std::string s = TxUtf8(t), r = "\"";
-  for (unsigned char c : s) {
-    switch (c) {
-      case '"': r += "\\\""; break;
-      case '\\': r += "\\\\"; break;
-      case '\n': r += "\\n"; break;
-      case '\r': r += "\\r"; break;
-      case '\t': r += "\\t"; break;
-      default:
-        if (c < 0x20) {
-          char b[8];
-          std::snprintf(b, sizeof b, "\\u%04x", c);
-          r += b;
-        } else {
-          r += char(c);
-        }
-    }
-  }
-  return r + "\"";
-}
 
 // A JSON number; what JSON cannot hold (infinity, NaN) becomes null.
 std::string Jn(double d) {
@@ -93,8 +71,8 @@ bool Legivel(const Tx& fic) {
 int Dump(TdaOpc& o, const Tx& fic) {
   std::string j = "{\"header\": [";
   o.ZonIni(fic, u"");
-  for (int i = 1; i <= 5; i++) j += (i > 1 ? ", " : "") + Js(o.cabLin[i]);
-  j += "],\n \"type\": " + Js(o.ficTip) + ",\n \"zones\": [";
+  for (int i = 1; i <= 5; i++) j += (i > 1 ? ", " : "") + TxJson(o.cabLin[i]);
+  j += "],\n \"type\": " + TxJson(o.ficTip) + ",\n \"zones\": [";
   bool pri = true;
   for (;;) {
     Tx ide, tip, des;
@@ -103,19 +81,19 @@ int Dump(TdaOpc& o, const Tx& fic) {
     if (ide.empty()) break;
     j += pri ? "\n  " : ",\n  ";
     pri = false;
-    j += "{\"id\": " + Js(ide) + ", \"kind\": " + Js(tip) + ", \"description\": " + Js(des) +
-         ", \"special\": " + Js(o.opcEsp) + ", \"count\": " + std::to_string(n);
+    j += "{\"id\": " + TxJson(ide) + ", \"kind\": " + TxJson(tip) + ", \"description\": " + TxJson(des) +
+         ", \"special\": " + TxJson(o.opcEsp) + ", \"count\": " + std::to_string(n);
     if (tip == u"IDE") {
       j += ", \"rows\": [";
       for (int i = 1; i <= n; i++) {
         const ParReg& r = o.memTab[i];
-        j += std::string(i > 1 ? ",\n" : "\n") + "    {\"label\": " + Js(r.txi) + ", \"name\": " + Js(r.var) +
-             ", \"value\": " + Js(r.vtx) + ", \"number\": " + Jn(r.vnu) + ", \"type\": " + Js(r.tpp) + "}";
+        j += std::string(i > 1 ? ",\n" : "\n") + "    {\"label\": " + TxJson(r.txi) + ", \"name\": " + TxJson(r.var) +
+             ", \"value\": " + TxJson(r.vtx) + ", \"number\": " + Jn(r.vnu) + ", \"type\": " + TxJson(r.tpp) + "}";
       }
       j += n ? "\n  ]}" : "]}";
     } else {
       j += ", \"lines\": [";
-      for (int i = 1; i <= n; i++) j += std::string(i > 1 ? ",\n" : "\n") + "    " + Js(o.regLin[i]);
+      for (int i = 1; i <= n; i++) j += std::string(i > 1 ? ",\n" : "\n") + "    " + TxJson(o.regLin[i]);
       j += n ? "\n  ]}" : "]}";
     }
   }
