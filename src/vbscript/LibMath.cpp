@@ -18,8 +18,8 @@ void RetDbl(Value& r, double d) {
 }
 
 void FnAbs(Args a, Value& r) {
-  if (a[0].IsNull() || a[0].t == vtBoolean) {
-    r = a[0];  // Null stays Null, a Boolean stays Boolean
+  if (a[0].IsNull()) {
+    r = a[0];  // Null stays Null
     return;
   }
   Value v = ToNum(a[0]);
@@ -28,7 +28,7 @@ void FnAbs(Args a, Value& r) {
       if (v.i == -32768) r = Value(int32_t(32768));
       else r = Value(int16_t(v.i < 0 ? -v.i : v.i));
       break;
-    case vtBoolean: r = Value(int16_t(v.i < 0 ? -v.i : v.i)); break;
+    case vtBoolean: r = Value(int16_t(v.i < 0 ? -v.i : v.i)); break;  // True gives Integer 1
     case vtLong:
       if (v.l == INT32_MIN) r = Value(2147483648.0);
       else r = Value(int32_t(v.l < 0 ? -v.l : v.l));
