@@ -1,11 +1,16 @@
 # Runs one script through vbs and compares its output with the expected files.
-# NAME.args, when it exists, holds the script's arguments (one per line).
+# NAME.args, when it exists, holds the script's arguments (one per line);
+# NAME.in, when it exists, is the script's standard input.
 get_filename_component(name ${SCRIPT} NAME_WE)
 set(args "")
 if(EXISTS ${DIR}/${name}.args)
   file(STRINGS ${DIR}/${name}.args args ENCODING UTF-8)
 endif()
-execute_process(COMMAND ${VBS} ${SCRIPT} ${args} WORKING_DIRECTORY ${DIR}
+set(input "")
+if(EXISTS ${DIR}/${name}.in)
+  set(input INPUT_FILE ${DIR}/${name}.in)
+endif()
+execute_process(COMMAND ${VBS} ${SCRIPT} ${args} WORKING_DIRECTORY ${DIR} ${input}
   OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
 file(READ ${DIR}/${name}.out want)
 if(NOT out STREQUAL want)

@@ -2,7 +2,7 @@
 # The script's standard output must equal NAME.out; when NAME.err exists the
 # script must fail with status 1 and write exactly that to standard error
 # (the file name in the message is the script's bare name). NAME.args holds
-# arguments for the script, one per line.
+# arguments for the script, one per line; NAME.in is its standard input.
 function(vbs_tests dir prefix)
   file(GLOB scripts CONFIGURE_DEPENDS ${dir}/*.vbs)
   foreach(s ${scripts})
