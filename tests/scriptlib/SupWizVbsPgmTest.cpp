@@ -75,18 +75,19 @@ TEST_F(WizPgmTest, ShellWaitsByMode) {
   EXPECT_EQ(Ev(u"Wiz.FxShell(" + falta + u", 5)"), u"0");
   EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(fim) + u", 5)"), u"1");
 
+  // "TO": the wait lasts the second asked for and ends before the program does, which
+  // goes on; outcomes only, so a loaded machine cannot make this fail.
   auto t0 = Clock::now();
-  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(tarde) + u", 1)"), u"0");  // "TO"
-  auto dt = Clock::now() - t0;
-  EXPECT_GE(dt, std::chrono::milliseconds(900));
-  EXPECT_LT(dt, std::chrono::milliseconds(1450));
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(tarde) + u", 1)"), u"0");
+  EXPECT_GE(Clock::now() - t0, std::chrono::milliseconds(900));
   EXPECT_FALSE(fs::exists(dir / "feito"));
-  for (int i = 0; i < 60 && !fs::exists(dir / "feito"); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  for (int i = 0; i < 200 && !fs::exists(dir / "feito"); ++i) std::this_thread::sleep_for(std::chrono::milliseconds(50));
   EXPECT_TRUE(fs::exists(dir / "feito"));  // the program went on after the time-out
 
-  t0 = Clock::now();
-  EXPECT_EQ(Ev(u"Wiz.FxShell(\"sleep 1\", -2)"), u"1");  // the poll does not wait for it
-  EXPECT_LT(Clock::now() - t0, std::chrono::milliseconds(800));
+  // The poll does not wait for the program: it answers while the program still runs.
+  fs::path lento = Sh("lento", "sleep 2; { echo x > '" + (dir / "lento.fim").string() + "'; } 2>/dev/null");
+  EXPECT_EQ(Ev(u"Wiz.FxShell(" + Lit(lento) + u", -2)"), u"1");
+  EXPECT_FALSE(fs::exists(dir / "lento.fim"));
 
   // 0 and below -2 open the command: a program runs, a missing file fails.
   fs::path marca = Sh("marca.sh", "echo x > '" + (dir / "aberto").string() + "'");

@@ -10,6 +10,7 @@
 
 #include "GlbReg.h"
 #include "LibTest.h"
+#include "TstTmp.h"
 
 using namespace libtest;
 using vbs::Value;
@@ -162,4 +163,29 @@ TEST(LibFso, AFailedTextWriteLeavesTheFileAsItWas) {
   EXPECT_EQ(e2 + e4, 61 + 61);
   EXPECT_EQ(d.Le("a.txt"), velho);
   EXPECT_EQ(std::system(("test \"$(ls -A " + d.p + ")\" = a.txt").c_str()), 0);  // nothing else left
+}
+
+// The same on a disk that fills up: error 61 "Disk full", the earlier file whole,
+// and no new or temporary file left on the disk.
+TEST(LibFso, ATextWriteOnAFullDiskLeavesTheFileAsItWas) {
+  zw::tst::Tmpfs cheio(16 << 10);
+  if (cheio.pasta.empty()) GTEST_SKIP() << cheio.porque;
+  std::string velho(3000, 'v'), a = cheio.pasta + "/a.txt";
+  std::ofstream(a, std::ios::binary) << velho;
+  Value f = Cria(u"Scripting.FileSystemObject");
+  int e1 = 0, e2 = 0, e3 = 0, e4 = 0;
+  for (int modo : {2, 8}) {  // replacing and appending
+    Value t = M(f, "OpenTextFile", {Value(zw::TxDeUtf8(a)), Value(int32_t(modo))});
+    M(t, "Write", {Value(zw::Tx(40000, u'n'))}, &e1);
+    M(t, "Close", {}, &e2);
+    // the write or the close that follows it says so, and nothing else is raised
+    EXPECT_TRUE((e1 == 61 || e2 == 61) && e1 % 61 == 0 && e2 % 61 == 0) << e1 << " " << e2;
+  }
+  Value t = M(f, "CreateTextFile", {Value(zw::TxDeUtf8(cheio.pasta + "/novo.txt"))});
+  M(t, "Write", {Value(zw::Tx(40000, u'n'))}, &e3);
+  M(t, "Close", {}, &e4);
+  EXPECT_TRUE((e3 == 61 || e4 == 61) && e3 % 61 == 0 && e4 % 61 == 0) << e3 << " " << e4;
+  std::ifstream in(a, std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), velho);
+  EXPECT_EQ(std::system(("test \"$(ls -A '" + cheio.pasta + "')\" = a.txt").c_str()), 0);
 }
