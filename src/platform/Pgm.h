@@ -1,7 +1,7 @@
 // Pgm: the wizard's programs: start a command line, open a document with the
 // desktop's program for it, and wait for a started program by a wait kind.
 // Command lines are cut into the program and its arguments by the rules Windows
-// programs use (PgmPal), so that an option file's command means the same here; the
+// programs use (PrcPal), so that an option file's command means the same here; the
 // program then starts through the platform's one program runner (PrcExe). A window
 // style is kept for the callers' sake: Linux programs place their own windows.
 #pragma once
@@ -11,13 +11,6 @@
 
 namespace zw {
 
-// The words of a command line by the Windows rules: the program name runs to the
-// first blank, or from a leading quote to the next quote, and takes no escapes; each
-// argument after it runs to a blank outside quotes, quotes group and are dropped,
-// 2n backslashes before a quote give n and the quote groups, 2n + 1 give n and a
-// literal quote, other backslashes stay, and "" inside quotes is a literal quote.
-std::vector<Tx> PgmPal(const Tx& linha);
-
 // Starts a command line. A style missing or outside 0..6 becomes 6. err is 0 when
 // the program started, else the error number less 2147221504 (0x7FFC0000).
 void PgmLanExe(const Var& estilo, const Tx& cmd, int& pid, long& err);
@@ -25,7 +18,7 @@ void PgmLanExe(const Var& estilo, const Tx& cmd, int& pid, long& err);
 void PgmLan(const Tx& cmd, int& ok);
 // Opens a document as the shell does: a program (an executable file, or a name
 // found in PATH) starts, any other file or folder goes to the desktop's opener; ok 1
-// when it started or the opener took it.
+// when it started or the opener took it (see PrcAbr), 0 when nothing opened it.
 void PgmAbr(const Tx& doc, int& ok);
 // Waits for a started program. Kind "B" blocks until it ends or the time-out (in
 // seconds; missing means no limit): "NOR" ended, "TO" still running (it goes on),

@@ -1,4 +1,4 @@
-// Programs of the wizard: Windows command-line words, start, open, wait.
+// Programs of the wizard: start, open, wait.
 #include <sys/stat.h>
 #include <unistd.h>
 #include <chrono>
@@ -13,65 +13,13 @@ namespace zw {
 
 namespace {
 constexpr long kErrBase = 2147221504;  // 0x7FFC0000, taken off a start's error number
-bool Branco(char16_t c) { return c == u' ' || c == u'\t'; }
 }  // namespace
-
-std::vector<Tx> PgmPal(const Tx& linha) {
-  std::vector<Tx> v;
-  size_t i = 0, n = linha.size();
-  while (i < n && Branco(linha[i])) ++i;
-  if (i >= n) return v;
-  // The program name: quotes group and nothing escapes.
-  Tx w;
-  bool aspa = false;
-  for (; i < n && (aspa || !Branco(linha[i])); ++i) {
-    if (linha[i] == u'"') aspa = !aspa;
-    else w += linha[i];
-  }
-  v.push_back(w);
-  // The arguments.
-  for (;;) {
-    while (i < n && Branco(linha[i])) ++i;
-    if (i >= n) break;
-    w.clear();
-    aspa = false;
-    while (i < n && (aspa || !Branco(linha[i]))) {
-      char16_t c = linha[i];
-      if (c == u'\\') {
-        size_t k = 0;
-        while (i < n && linha[i] == u'\\') ++k, ++i;
-        if (i < n && linha[i] == u'"') {
-          w.append(k / 2, u'\\');
-          if (k % 2) {
-            w += u'"';
-            ++i;
-          }
-        } else {
-          w.append(k, u'\\');
-        }
-      } else if (c == u'"') {
-        if (aspa && i + 1 < n && linha[i + 1] == u'"') {
-          w += u'"';
-          i += 2;
-        } else {
-          aspa = !aspa;
-          ++i;
-        }
-      } else {
-        w += c;
-        ++i;
-      }
-    }
-    v.push_back(w);
-  }
-  return v;
-}
 
 void PgmLanExe(const Var& estilo, const Tx& cmd, int& pid, long& err) {
   long e = estilo.EhNum() ? long(estilo.Num()) : -1;
   if (e < 0 || e > 6) e = 6;  // the style of the window: nothing on Linux acts on it
   pid = 0;
-  std::vector<Tx> w = PgmPal(cmd);
+  std::vector<Tx> w = PrcPal(cmd);
   int r = kErrFicNao;
   if (!w.empty()) {
     Tx prog = w[0];

@@ -43,6 +43,8 @@ void Colhe() {
 
 bool Existe(const std::string& p) { return FicInfTip(p) != kFicNada; }
 
+bool Branco(char16_t c) { return c == u' ' || c == u'\t'; }
+
 // Closes the descriptors of a pipe pair that are open.
 void Fecha(int (&p)[2]) {
   for (int& f : p)
@@ -112,24 +114,56 @@ int Lanca(const Tx& prog, const std::vector<Tx>& args, int& pid, PrcTub* tub) {
 }
 }  // namespace
 
+// One pass over the line: the program name first, with its plainer rule, then the
+// arguments, each with the backslash counting of the Windows runtime.
 std::vector<Tx> PrcPal(const Tx& linha) {
   std::vector<Tx> v;
+  size_t i = 0, n = linha.size();
+  while (i < n && Branco(linha[i])) ++i;
+  if (i >= n) return v;
+  // The program name: quotes group and nothing escapes.
   Tx w;
-  bool em = false, tem = false;
-  for (char16_t c : linha) {
-    if (c == u'"') {
-      em = !em;
-      tem = true;
-    } else if (c == u' ' && !em) {
-      if (tem) v.push_back(w);
-      w.clear();
-      tem = false;
-    } else {
-      w += c;
-      tem = true;
-    }
+  bool aspa = false;
+  for (; i < n && (aspa || !Branco(linha[i])); ++i) {
+    if (linha[i] == u'"') aspa = !aspa;
+    else w += linha[i];
   }
-  if (tem) v.push_back(w);
+  v.push_back(w);
+  // The arguments.
+  for (;;) {
+    while (i < n && Branco(linha[i])) ++i;
+    if (i >= n) break;
+    w.clear();
+    aspa = false;
+    while (i < n && (aspa || !Branco(linha[i]))) {
+      char16_t c = linha[i];
+      if (c == u'\\') {
+        size_t k = 0;
+        while (i < n && linha[i] == u'\\') ++k, ++i;
+        if (i < n && linha[i] == u'"') {
+          w.append(k / 2, u'\\');
+          if (k % 2) {
+            w += u'"';
+            ++i;
+          }
+        } else {
+          w.append(k, u'\\');
+        }
+      } else if (c == u'"') {
+        if (aspa && i + 1 < n && linha[i + 1] == u'"') {
+          w += u'"';
+          i += 2;
+        } else {
+          aspa = !aspa;
+          ++i;
+        }
+      } else {
+        w += c;
+        ++i;
+      }
+    }
+    v.push_back(w);
+  }
   return v;
 }
 
@@ -193,15 +227,21 @@ bool PrcTer(int pid) {
   return gVivos.count(pid) && kill(pid_t(pid), SIGTERM) == 0;
 }
 
-// xdg-open runs through a shell that puts it in the background and ends at once:
-// the desktop program outlives this call and is no child of this process.
+// The opener is xdg-open, run through a shell only to send its messages to
+// /dev/null (exec leaves the opener itself as the child). It ends at once when it
+// finds no program for the document (non-zero) or hands the document to the
+// desktop (0); on a desktop it cannot name it runs the program itself and stays,
+// so one still running after kAbrMs has taken the document. It is collected later
+// like any program never waited for.
 int PrcAbr(const Tx& doc) {
+  constexpr int kAbrMs = 1500;
   std::string n = FicNat(doc);
   if (n.empty() || !Existe(n)) return kErrFicNao;
   int pid = 0, cod = 0;
-  if (PrcLan(u"/bin/sh", {u"-c", u"xdg-open \"$1\" >/dev/null 2>&1 &", u"sh", TxDeUtf8(n)}, pid)) return kErrAces;
-  PrcEsp(pid, -1, cod);
-  return 0;
+  if (PrcLan(u"/bin/sh", {u"-c", u"exec xdg-open \"$1\" >/dev/null 2>&1", u"sh", TxDeUtf8(n)}, pid))
+    return kErrAces;
+  Tx st = PrcEsp(pid, kAbrMs, cod);
+  return st == u"TO" || (st == u"NOR" && cod == 0) ? 0 : kErrAces;
 }
 
 // Linux names the executable of a process by the link /proc/self/exe.

@@ -29,9 +29,17 @@ int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid);
 // The same with the program's input, output and error on three new pipes, whose
 // ends this process keeps go to tub (untouched when the start fails).
 int PrcLan(const Tx& prog, const std::vector<Tx>& args, int& pid, PrcTub& tub);
-// The same from a command line: words at blanks, "..." keeps blanks in a word.
+// The same from a command line, cut into words by PrcPal.
 int PrcLan(const Tx& linha, int& pid);
-// The words of a command line, as PrcLan cuts them.
+// The words of a command line by the rules Windows programs use, so that a command
+// means the same here as there; every command line of the system is cut by it.
+// Blanks and tabs separate words. The program name runs to the first blank outside
+// quotes: every quote in it opens or closes a quoted part and is dropped, and
+// nothing escapes ("C:\Program Files"\x.exe and "C:\Program Files\x.exe" are the
+// same name). Each argument after it runs to a blank outside quotes; quotes group
+// and are dropped, 2n backslashes before a quote give n and the quote groups, 2n + 1
+// give n and a literal quote, other backslashes stay, and "" inside quotes is a
+// literal quote.
 std::vector<Tx> PrcPal(const Tx& linha);
 // Waits up to ms milliseconds (-1 without limit, 0 only looks), blocking.
 Tx PrcEsp(int pid, int ms, int& cod);
@@ -41,8 +49,10 @@ Tx PrcLanEsp(const Tx& linha, int ms, int& cod);
 // Asks a started program to end (SIGTERM); a later wait collects it. False when
 // pid is none of this program's children still running.
 bool PrcTer(int pid);
-// Opens a document or a folder with the desktop's program for it and goes on
-// (xdg-open). 0, or 53 when there is no such file.
+// Opens a document or a folder with the desktop's program for it (xdg-open),
+// waiting at most 1.5 s for the opener's answer. 0 when the opener took it (it
+// ended with 0, or still runs), 53 when there is no such file, 75 when nothing
+// opened it (no xdg-open in PATH, or it ended with another status).
 int PrcAbr(const Tx& doc);
 // The Linux path of the running program's executable file, "" when the system does
 // not say.

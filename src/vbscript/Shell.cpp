@@ -245,6 +245,9 @@ class Fluxo : public Obj {
   }
 };
 
+// Exec: %NAME% expanded, the line cut into the program and its arguments by the
+// Windows rules that every command line of the system follows (PrcPal), and the
+// program started with its standard streams on pipes.
 Ref<Obj> Executa(const Tx& linha) {
   std::vector<Tx> w = zw::PrcPal(Expande(linha));
   if (w.empty()) Raise(kErrNaoAchou, u"The system cannot find the file specified.");
@@ -310,7 +313,7 @@ class Shell : public Obj {
     if (set) Raise(438);
     Tx t0;
     switch (id) {
-      case 1: {  // Run(command[, window style[, wait]])
+      case 1: {  // Run(command[, window style[, wait]]): words as Exec cuts them
         if (a.size() < 1 || a.size() > 3) Raise(450);
         bool espera = a.Has(2) && ToBool(a[2]);
         int pid = 0;

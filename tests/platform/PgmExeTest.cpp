@@ -1,5 +1,5 @@
-// The wizard's programs: Windows command-line words, reaching a real program with
-// them, start errors, and the poll that does not wait.
+// The wizard's programs: a command line reaching a real program as the words
+// written down, start errors, and the poll that does not wait.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -38,30 +38,7 @@ struct Pasta {
   }
 };
 
-using V = std::vector<Tx>;
-
 }  // namespace
-
-TEST(Pgm, WindowsCommandLineWords) {
-  struct {
-    const char16_t* lin;
-    V pal;
-  } casos[] = {
-      {u"  p\t a   b  ", V{u"p", u"a", u"b"}},
-      {u"\"C:\\Program Files\\x.exe\" /s", V{u"C:\\Program Files\\x.exe", u"/s"}},
-      {u"C:\\a\\b\\ x", V{u"C:\\a\\b\\", u"x"}},            // no escapes in the program name
-      {u"p \"a b\" c\"d e\"f", V{u"p", u"a b", u"cd ef"}},
-      {u"p a\\\\b \\x", V{u"p", u"a\\\\b", u"\\x"}},         // backslashes before no quote stay
-      {u"p a\\\"b", V{u"p", u"a\"b"}},                        // 1 backslash: a literal quote
-      {u"p a\\\\\"b c\"", V{u"p", u"a\\b c"}},                // 2: one backslash, the quote groups
-      {u"p a\\\\\\\"b", V{u"p", u"a\\\"b"}},                  // 3: one backslash and a quote
-      {u"p \"C:\\dir\\\\\" x", V{u"p", u"C:\\dir\\", u"x"}},  // a folder quoted with its last "\"
-      {u"p \"a\"\"b\" \"\"", V{u"p", u"a\"b", u""}},          // "" inside quotes; an empty word
-      {u"p \"open end", V{u"p", u"open end"}},
-      {u"   ", V{}},
-  };
-  for (auto& c : casos) EXPECT_EQ(PgmPal(c.lin), c.pal) << TxUtf8(c.lin);
-}
 
 TEST(Pgm, TheProgramGetsTheWordsWrittenDown) {
   Pasta d;

@@ -2,15 +2,39 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
+#include "Pgm.h"
 #include "PrcExe.h"
 
 using namespace zw;
 
-TEST(Prc, WordsOfACommandLine) {
-  EXPECT_EQ(PrcPal(u"  a  b\"c d\" \"\" e"), (std::vector<Tx>{u"a", u"bc d", u"", u"e"}));
-  EXPECT_TRUE(PrcPal(u"   ").empty());
+using V = std::vector<Tx>;
+
+TEST(Prc, WordsOfACommandLineByTheWindowsRules) {
+  struct {
+    const char16_t* lin;
+    V pal;
+  } casos[] = {
+      {u"  p\t a   b  ", V{u"p", u"a", u"b"}},
+      {u"\"C:\\Program Files\\x.exe\" /s", V{u"C:\\Program Files\\x.exe", u"/s"}},
+      {u"C:\\a\\b\\ x", V{u"C:\\a\\b\\", u"x"}},            // no escapes in the program name
+      {u"C:\\\"Program Files\"\\x.exe /s", V{u"C:\\Program Files\\x.exe", u"/s"}},
+      {u"\"a b\"c\" d\"e f", V{u"a bc de", u"f"}},  // the name ends at a blank outside quotes
+      {u"  a  b\"c d\" \"\" e", V{u"a", u"bc d", u"", u"e"}},
+      {u"p \"a b\" c\"d e\"f", V{u"p", u"a b", u"cd ef"}},
+      {u"p a\\\\b \\x", V{u"p", u"a\\\\b", u"\\x"}},         // backslashes before no quote stay
+      {u"p a\\\"b", V{u"p", u"a\"b"}},                        // 1 backslash: a literal quote
+      {u"p a\\\\\"b c\"", V{u"p", u"a\\b c"}},                // 2: one backslash, the quote groups
+      {u"p a\\\\\\\"b", V{u"p", u"a\\\"b"}},                  // 3: one backslash and a quote
+      {u"p \"C:\\dir\\\\\" x", V{u"p", u"C:\\dir\\", u"x"}},  // a folder quoted with its last "\"
+      {u"p \"a\"\"b\" \"\"", V{u"p", u"a\"b", u""}},          // "" inside quotes; an empty word
+      {u"p \"open end", V{u"p", u"open end"}},
+      {u"   ", V{}},
+  };
+  for (auto& c : casos) EXPECT_EQ(PrcPal(c.lin), c.pal) << TxUtf8(c.lin);
 }
 
 TEST(Prc, WaitGivesExitCodeAndTimeOut) {
@@ -88,6 +112,49 @@ TEST(Prc, PipesCarryTheStreamsAndTerminateEnds) {
   EXPECT_EQ(PrcEsp(pid, -1, cod), u"NOR");
   EXPECT_EQ(cod, 128 + SIGTERM);
   EXPECT_FALSE(PrcTer(pid));  // no longer a child
+}
+
+// The opener's answer decides: a fake xdg-open first in PATH takes the document (0),
+// finds no program for it (3), or stays running like a program opened in the
+// foreground; with no xdg-open in PATH nothing opens anything.
+TEST(Prc, OpeningADocumentTakesTheOpenersAnswer) {
+  char t[] = "/tmp/zwabrXXXXXX";
+  std::string d = mkdtemp(t), doc = d + "/nota.txt";
+  std::ofstream(doc) << "x";
+  mkdir((d + "/bin").c_str(), 0755);
+  auto Opener = [&](const std::string& corpo) {
+    std::ofstream(d + "/bin/xdg-open") << "#!/bin/sh\nprintf '%s' \"$1\" > '" << d << "/arg'\n" << corpo << "\n";
+    chmod((d + "/bin/xdg-open").c_str(), 0755);
+  };
+  auto Arg = [&] {
+    std::ifstream in(d + "/arg");
+    return std::string(std::istreambuf_iterator<char>(in), {});
+  };
+  const char* velho = std::getenv("PATH");
+  std::string path0 = velho ? velho : "";
+  setenv("PATH", (d + "/bin:" + path0).c_str(), 1);
+
+  Opener("exit 0");
+  EXPECT_EQ(PrcAbr(TxDeUtf8(doc)), 0);
+  EXPECT_EQ(Arg(), doc);
+  EXPECT_EQ(PrcAbr(TxDeUtf8(d + "/falta.txt")), 53);  // no such file: the opener is not asked
+  Opener("exit 3");
+  std::remove((d + "/arg").c_str());
+  Tx win = u"C:" + TxAsc(doc);
+  std::replace(win.begin(), win.end(), u'/', u'\\');
+  EXPECT_EQ(PrcAbr(win), 75);
+  EXPECT_EQ(Arg(), doc);  // a Windows path reaches it as the Linux one
+  int ok = 1;
+  PgmAbr(TxDeUtf8(doc), ok);
+  EXPECT_EQ(ok, 0);
+  Opener("sleep 3; echo x > '" + d + "/fim'");
+  EXPECT_EQ(PrcAbr(TxDeUtf8(doc)), 0);
+  EXPECT_FALSE(std::ifstream(d + "/fim").good());  // answered while it still ran
+  setenv("PATH", (d + "/vazio").c_str(), 1);
+  EXPECT_EQ(PrcAbr(TxDeUtf8(doc)), 75);
+
+  setenv("PATH", path0.c_str(), 1);
+  (void)!std::system(("rm -rf '" + d + "'").c_str());
 }
 
 TEST(Prc, ExecutablePath) {

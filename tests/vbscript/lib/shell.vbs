@@ -17,6 +17,10 @@ WScript.Echo x.StdOut.ReadLine, "|", x.StdOut.ReadAll, "|", x.StdErr.ReadAll
 Do While x.Status = 0
 Loop
 WScript.Echo x.Status, x.ExitCode, x.ProcessID > 0
+' Run and Exec cut a command line alike, by the Windows rules: \" is a quote,
+' \\ before a quote one backslash, and a quote left open runs to the end.
+Set x = sh.Exec("printf <%s> a\""b ""c d"" e\\""f g"" h""i")
+WScript.Echo x.StdOut.ReadAll, sh.Run("sh -c ""exit $#"" x a\""b c d""", 0, True)
 Set c = sh.Exec("cat")
 c.StdIn.WriteLine "echoed"
 c.StdIn.Close
