@@ -168,6 +168,7 @@ class SupWiz : public WizEng {
   void CmpIdx(const Tx& ide, int16_t& idx) const;
   void CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach);
   void CmpObCon(const Var& nome, CtlObj*& ctl);
+  CtlObj* CmpOb(int16_t i);
   void TxOpcSbr(const Tx& tx, Tx& res);
   void OpcConSup(const Tx& chv, Tx& val);
   void RtfFicLer(CtlObj& ctl, const Tx& fic);

@@ -29,12 +29,22 @@ void SupWiz::CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach) {
   int16_t i = 0;
   CmpIdx(nome, i);
   ach = i > 0;
-  Tx tip = TxMai(TxTrim(mCmp[size_t(i)].Tip));
-  if (!f) return;
-  if (tip == u"LAB") ctl = f->Ctl(CtlArr::Lab, i);
-  else if (tip == u"CKB") ctl = f->Ctl(CtlArr::Ckb, i);
-  else if (tip == u"RTF") ctl = f->Ctl(CtlArr::Rtf, i);
-  else if (tip == u"OPC") ctl = f->Ctl(CtlArr::Opc, i);
+  ctl = CmpOb(i);
+}
+
+// The control of component i: the element i of the array of its kind. None for an
+// "OPCTXT", an unknown kind or an index outside the table. Pages reach their
+// components this way, so that components without a name, or sharing one, each
+// act on their own control.
+CtlObj* SupWiz::CmpOb(int16_t i) {
+  WizFrm* f = Frm();
+  if (!f || i < 1 || i > mCmpNum) return nullptr;
+  const Tx tip = TxMai(TxTrim(mCmp[size_t(i)].Tip));
+  if (tip == u"LAB") return f->Ctl(CtlArr::Lab, i);
+  if (tip == u"CKB") return f->Ctl(CtlArr::Ckb, i);
+  if (tip == u"RTF") return f->Ctl(CtlArr::Rtf, i);
+  if (tip == u"OPC") return f->Ctl(CtlArr::Opc, i);
+  return nullptr;
 }
 
 // A control by name; a value that is not a text is no name, and gives none here

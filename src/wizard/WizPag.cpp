@@ -66,7 +66,7 @@ void SupWiz::PagVer(int16_t& pag) {
     PagPrp(pag);
     for (int i = mPag[size_t(pag)].CmpIni; i <= mPag[size_t(pag)].CmpFim; i++) {
       const Tx& sit = mCmp[size_t(i)].Sit;
-      CmpSit(Var(mCmp[size_t(i)].Ide), sit.empty() ? Tx(u"VER") : sit);
+      CmpSit(CmpOb(int16_t(i)), sit.empty() ? Tx(u"VER") : sit);
     }
   });
   if (WizFrm* f = Frm()) f->PagEnt(pag, pag >= 1 && pag <= mPagNum ? mPag[size_t(pag)].Ide : Tx());
@@ -88,7 +88,7 @@ void SupWiz::PagEsc(int16_t& pag) {
     VbsExe(l, r);
   }
   const tPag& q = mPag[size_t(pag)];
-  for (int i = q.CmpIni; i <= q.CmpFim; i++) CmpSit(Var(mCmp[size_t(i)].Ide), u"INV");
+  for (int i = q.CmpIni; i <= q.CmpFim; i++) CmpSit(CmpOb(int16_t(i)), u"INV");
 }
 
 // The window's icon; a file that can't be loaded is ignored.

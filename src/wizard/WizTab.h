@@ -18,8 +18,8 @@ int16_t WizTabAdi(std::vector<R>& tab, int16_t& num, const R& reg) {
 }
 
 // The first record whose Ide equals ide, both trimmed and in capitals; 0 when none.
-// Page entry looks components up by name hundreds of times, so a record's Ide is
-// compared in place, without making its trimmed capitals.
+// Scripts look components up by name at every call, so a record's Ide is compared
+// in place, without making its trimmed capitals.
 template <class R>
 int16_t WizTabPsq(const std::vector<R>& tab, int16_t num, const Tx& ide) {
   Tx k = TxMai(TxTrim(ide));
