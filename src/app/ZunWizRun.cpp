@@ -96,6 +96,8 @@ const RunRsp* RunFon::Prox() {
   std::string s;
   while (!mFim && std::getline(mIn, s)) {
     mLin++;
+    // Editors on some systems begin a UTF-8 file with a byte-order mark.
+    if (mLin == 1 && s.rfind("\xEF\xBB\xBF", 0) == 0) s.erase(0, 3);
     RunRsp r;
     if (RunRspLer(TxDeUtf8(s), r, mErro)) {
       r.lin = mLin;
@@ -349,6 +351,10 @@ struct Run final : MsgDlg {
         CtlObj* c = i > 0 ? a.Ctl(arr, i) : nullptr;
         const char16_t* tipo = arr == CtlArr::Ckb ? u"check box" : u"option group";
         if (!c) Desajuste(u"no " + Tx(tipo) + u" component named " + rsp.nome, rsp.lin);
+        // As a click would: a control that is hidden or disabled takes none.
+        QWidget* w = a.CtlWid(arr, i);
+        if (w->isHidden()) Desajuste(rsp.nome + u" is hidden", rsp.lin);
+        if (!w->isEnabledTo(&a)) Desajuste(rsp.nome + u" is disabled", rsp.lin);
         bool ok = true;
         try {
           if (arr == CtlArr::Opc) {

@@ -103,6 +103,20 @@ TEST(RunRsp, LooksAheadWithoutTakingAndCountsEveryLine) {
   EXPECT_EQ(f.Prox(), nullptr);
 }
 
+// A byte-order mark that an editor put at the file's start is no part of the first
+// line, a comment here; anywhere else it is a character of the line.
+TEST(RunRsp, SkipsAByteOrderMarkAtTheStart) {
+  std::istringstream in("\xEF\xBB\xBF# answers\nSEG\n\xEF\xBB\xBF" "CAN\n");
+  RunFon f(in);
+  ASSERT_NE(f.Prox(), nullptr);
+  EXPECT_TRUE(f.Erro().empty());
+  EXPECT_EQ(f.Prox()->lin, 2);
+  EXPECT_EQ(f.Prox()->nome, u"cmSeg");
+  f.Toma();
+  ASSERT_NE(f.Prox(), nullptr);
+  EXPECT_FALSE(f.Erro().empty());
+}
+
 TEST(RunTrace, QuotesDoubleInnerQuotesAndWriteBreaksAndTabs) {
   EXPECT_EQ(RunAsp(u"a \"b\"\r\nc\nd\re\tf"), u"\"a \"\"b\"\"|c|d|e\u00BBf\"");
   EXPECT_EQ(RunAsp(u""), u"\"\"");

@@ -3,7 +3,8 @@
 #
 # wiz_cases(DIR PREFIX) makes one CTest, PREFIX_NAME, for each DIR/NAME.trace. A
 # case is three files side by side:
-#   NAME.par    the option file, run as "-FP DIR/NAME.par";
+#   NAME.par    the option file, run as "-FP DIR/NAME.par"; cases GROUP-VARIANT
+#               that differ only in their answers may share GROUP.par instead;
 #   NAME.ans    the answers (none when the file is missing): ANT, SEG, CNF, CAN,
 #               CLOSE, BOX R, INPUT text, CHECK NAME 0|1, OPTION NAME N;
 #   NAME.trace  the trace expected, exactly (docs/zunwiz-run.md tells its lines).
@@ -11,7 +12,7 @@
 # ("KEY=value"...). Where the case's folder appears in the trace (a box that names
 # the option file, say) it is written "<DIR>". The exit status must be the one the
 # trace's last line stands for: 3 after "end answers", 4 after "end exit", else 0;
-# a case without NAME.par is the missing option file, status 2.
+# a case with no option file is the missing option file, status 2.
 #
 # To add a case: write NAME.par and NAME.ans in the folder, run
 #   build/tools/zunwiz-run/zunwiz-run --answers NAME.ans --trace NAME.trace -FP $PWD/NAME.par
