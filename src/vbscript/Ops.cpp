@@ -217,10 +217,17 @@ Value Concat(const Value& x0, const Value& y0) {
   const Value& x = x0.Deref();
   const Value& y = y0.Deref();
   if (x.t == vtNull && y.t == vtNull) return Value::Null();
-  Tx a = x.t == vtNull ? Tx() : ToTx(x);
-  Tx b = y.t == vtNull ? Tx() : ToTx(y);
-  if (a.size() + b.size() >= 4096) Work(a.size() + b.size());
-  Str* s = Str::New(a, uint32_t(a.size() + b.size()));
+  // texts are read in place; other kinds are converted
+  Tx ta, tb;
+  TxV a = x.t == vtString ? x.Sv() : x.t == vtNull ? TxV() : TxV(ta = ToTx(x));
+  TxV b = y.t == vtString ? y.Sv() : y.t == vtNull ? TxV() : TxV(tb = ToTx(y));
+  size_t n = a.size() + b.size();
+  if (n >= 4096) Work(n);
+  if (n > kStrMax) Raise(14);
+  // a long result gets room to grow, so that the rest of a chain (s & a & b)
+  // appends to it in place
+  size_t cap = n < 64 ? n : std::min<size_t>(n + n / 2, kStrMax);
+  Str* s = Str::New(a, uint32_t(cap));
   std::memcpy(s->p() + s->len, b.data(), b.size() * sizeof(char16_t));
   s->len += uint32_t(b.size());
   s->p()[s->len] = 0;

@@ -11,7 +11,7 @@ namespace vbs {
 // ---------------------------------------------------------------- strings
 Str* Str::New(TxV t, uint32_t cap) {
   if (cap < t.size()) cap = uint32_t(t.size());
-  if (cap > 0x3FFFFFF0u) Raise(14);
+  if (cap > kStrMax) Raise(14);
   Str* s = static_cast<Str*>(std::malloc(sizeof(Str) + (size_t(cap) + 1) * sizeof(char16_t)));
   if (!s) Raise(7);
   s->rc = 1;

@@ -43,6 +43,8 @@ Tx ErrDesc(int32_t num);  // the engine's description of an error number ("" whe
 // ---------------------------------------------------------------- strings
 // A reference-counted string of 16-bit units with spare capacity, so that a
 // string held by one reference grows in place (s = s & x is amortised linear).
+// The longest string (units); Str::New raises 14 "Out of string space" past it.
+constexpr uint32_t kStrMax = 0x3FFFFFF0u;
 struct Str {
   uint32_t rc;
   uint32_t len;

@@ -920,16 +920,20 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oCat: {
             Value& x = sp[-2];
             Value& y = sp[-1];
-            if (x.t == vtString && x.s->rc == 1 && y.t == vtString) {
-              // a temporary on the left grows in place
-              uint32_t need = x.s->len + y.s->len;
+            if (x.t == vtString && x.s->rc == 1 && y.t != vtNull && y.t != vtObject) {
+              // a temporary on the left grows in place: s & a & b ... copies s once
+              Tx tmp;
+              TxV add;
+              if (y.t == vtString) add = y.Sv();
+              else { tmp = ToTx(y); add = tmp; }
+              uint32_t need = x.s->len + uint32_t(add.size());
               if (need > x.s->cap) {
                 Charge(need);
-                Str* n = Str::New(x.Sv(), std::max<uint32_t>(need, x.s->cap * 2));
+                Str* n = Str::New(x.Sv(), std::max<uint32_t>(need, std::min<uint32_t>(x.s->cap * 2, kStrMax)));
                 x.s->Release();
                 x.s = n;
               }
-              std::memcpy(x.s->p() + x.s->len, y.s->p(), y.s->len * sizeof(char16_t));
+              std::memcpy(x.s->p() + x.s->len, add.data(), add.size() * sizeof(char16_t));
               x.s->len = need;
               x.s->p()[need] = 0;
             } else {
@@ -1010,7 +1014,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               uint32_t need = d.s->len + uint32_t(add.size());
               if (need > d.s->cap) {
                 Charge(need);
-                Str* n = Str::New(d.Sv(), std::max<uint32_t>({need, d.s->cap * 2, 16u}));
+                Str* n = Str::New(d.Sv(), std::max<uint32_t>({need, std::min<uint32_t>(d.s->cap * 2, kStrMax), 16u}));
                 d.s->Release();
                 d.s = n;
               }

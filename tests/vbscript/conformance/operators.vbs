@@ -34,3 +34,7 @@ x = "abc" + 1 : WScript.Echo "text plus number", Err.Number : Err.Clear
 x = Array(1) + 1 : WScript.Echo "array plus number", Err.Number : Err.Clear
 x = 2147483647.6 \ 1 : WScript.Echo "intdiv overflow", Err.Number : Err.Clear
 x = (-8) ^ (1 / 3) : WScript.Echo "root of negative", Err.Number : Err.Clear
+' a chain of & on a long text appends to the first result in place, converting each kind as & does
+s = String(70, "x")
+t = s & 1 & True & Empty & Null & 2.5 & "b" & CCur(3) & s
+WScript.Echo "long chain", Len(t), Mid(t, 71, 13), Len(s)
