@@ -197,10 +197,12 @@ class Dict : public Obj {
     tab_[s] = {h, i};
   }
 
-  // Rebuilds the index at a size of at least n slots.
+  // Rebuilds the index at a size of at least n slots (charged to the time-out
+  // first, so that a stopped script leaves the index as it was).
   void Refaz(size_t n) {
     size_t cap = 16;
     while (cap < n) cap *= 2;
+    Work(cap + en_.size());
     tab_.assign(cap, Slot{0, kVazio});
     usados_ = 0;
     for (size_t i = 0; i < en_.size(); i++) {
