@@ -82,10 +82,40 @@ long PrpCor(const Var& v) {
   return long(int32_t(uint32_t(n & 0xFFFFFFFFll)));
 }
 
+namespace {
+
+[[noreturn]] void SemPrp() { throw CtlErr(438, "object doesn't support this property or method"); }
+
+// The state of a window: 0 normal, 1 minimised, 2 maximised (full screen counts as
+// maximised).
+int16_t EstJan(const QWidget* w) {
+  Qt::WindowStates e = w->windowState();
+  if (e & Qt::WindowMinimized) return 1;
+  if (e & (Qt::WindowMaximized | Qt::WindowFullScreen)) return 2;
+  return 0;
+}
+
+// Sets the state as the window's flags, so a hidden window takes it when shown and a
+// shown one takes it at once. The value is rounded to a whole number first.
+void EstJanPoe(QWidget* w, double v) {
+  if (!(v > -0.5 && v < 2.5)) throw CtlErr(380, "invalid property value");
+  long n = std::lround(v);
+  Qt::WindowStates e = w->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen);
+  if (n == 1) e |= Qt::WindowMinimized;
+  else if (n == 2) e |= Qt::WindowMaximized;
+  w->setWindowState(e);
+}
+
+}  // namespace
+
+// A window's Left and Top are its frame's corner, where move() puts it; a child's
+// are its place in the parent.
 Var CtlQt::PrpCon(TxV nome) const {
+  if (!viv_) SemPrp();
   Var v;
   if (PrpKndCon(nome, v)) return v;
   QRect g = w_->geometry();
+  if (w_->isWindow()) g.moveTopLeft(w_->pos());
   if (PrpIgual(nome, u"Left")) return Var(CtlTwp(g.x()));
   if (PrpIgual(nome, u"Top")) return Var(CtlTwp(g.y()));
   if (PrpIgual(nome, u"Width")) return Var(CtlTwp(g.width()));
@@ -98,12 +128,15 @@ Var CtlQt::PrpCon(TxV nome) const {
   if (PrpIgual(nome, u"FontItalic") && TemIta()) return Var(fonIta_);
   if (PrpIgual(nome, u"BackColor")) return Var(int32_t(corFun_));
   if (PrpIgual(nome, u"ForeColor")) return Var(int32_t(corTx_));
-  throw CtlErr(438, "object doesn't support this property or method");
+  if (PrpIgual(nome, u"WindowState") && w_->isWindow()) return Var(EstJan(w_));
+  SemPrp();
 }
 
 void CtlQt::PrpAtr(TxV nome, const Var& val) {
+  if (!viv_) SemPrp();
   if (PrpKndAtr(nome, val)) return;
   QRect g = w_->geometry();
+  if (w_->isWindow()) g.moveTopLeft(w_->pos());
   if (PrpIgual(nome, u"Left")) {
     w_->move(CtlPx(PrpNum(val)), g.y());
   } else if (PrpIgual(nome, u"Top")) {
@@ -133,12 +166,15 @@ void CtlQt::PrpAtr(TxV nome, const Var& val) {
   } else if (PrpIgual(nome, u"ForeColor")) {
     corTx_ = PrpCor(val);
     CorAct();
+  } else if (PrpIgual(nome, u"WindowState") && w_->isWindow()) {
+    EstJanPoe(w_, PrpNum(val));
   } else {
-    throw CtlErr(438, "object doesn't support this property or method");
+    SemPrp();
   }
 }
 
 Var CtlQt::Exe(TxV nome, std::vector<Var>& args) {
+  if (!viv_) SemPrp();
   Var res;
   if (ExeKnd(nome, args, res)) return res;
   if (PrpIgual(nome, u"Refresh")) {
@@ -150,7 +186,7 @@ Var CtlQt::Exe(TxV nome, std::vector<Var>& args) {
     else w_->raise();
     return res;
   }
-  throw CtlErr(438, "object doesn't support this property or method");
+  SemPrp();
 }
 
 }  // namespace zw

@@ -2,15 +2,17 @@
 // Every control is a QWidget that the core reaches by property names (CtlObj).
 // This base keeps the properties all kinds have - geometry in twips, Visible,
 // Enabled, the font by name, size, bold and italic, the back and fore colour
-// numbers - and hands the rest to the kind. Twips become whole pixels at 15 twips
-// a pixel, as on the screens the option files were laid out on, so a value read
-// back is the pixel it landed on.
+// numbers, and for a window of its own (a form) "WindowState" - and hands the rest
+// to the kind. Twips become whole pixels at 15 twips a pixel, as on the screens the
+// option files were laid out on, so a value read back is the pixel it landed on.
+// A wrapper that outlives its widget answers every name with error 438, as a
+// control that has gone.
 #pragma once
 #include <QColor>
 #include <QFont>
+#include <QPointer>
+#include <QWidget>
 #include "CtlObj.h"
-
-class QWidget;
 
 namespace zw {
 
@@ -38,13 +40,13 @@ long PrpCor(const Var& v);
 
 class CtlQt : public CtlObj {
  public:
-  explicit CtlQt(QWidget* w) : w_(w) {}
+  explicit CtlQt(QWidget* w) : w_(w), viv_(w) {}
 
   Var PrpCon(TxV nome) const override;
   void PrpAtr(TxV nome, const Var& val) override;
   Var Exe(TxV nome, std::vector<Var>& args) override;
 
-  QWidget* Wid() const { return w_; }
+  QWidget* Wid() const { return viv_.data(); }  // null once the widget is destroyed
   // The font as set by name (FontName gives the Windows name back).
   const QString& FonNom() const { return fonNom_; }
   double FonTam() const { return fonTam_; }
@@ -70,6 +72,7 @@ class CtlQt : public CtlObj {
   virtual bool TemIta() const { return true; }
 
   QWidget* w_;
+  QPointer<QWidget> viv_;  // w_ while it lives
   QString fonNom_ = QStringLiteral("MS Sans Serif");
   double fonTam_ = 8.25;
   bool fonNeg_ = false, fonIta_ = false;
