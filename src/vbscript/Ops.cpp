@@ -228,7 +228,7 @@ Value Concat(const Value& x0, const Value& y0) {
   // appends to it in place
   size_t cap = n < 64 ? n : std::min<size_t>(n + n / 2, kStrMax);
   Str* s = Str::New(a, uint32_t(cap));
-  std::memcpy(s->p() + s->len, b.data(), b.size() * sizeof(char16_t));
+  if (!b.empty()) std::memcpy(s->p() + s->len, b.data(), b.size() * sizeof(char16_t));
   s->len += uint32_t(b.size());
   s->p()[s->len] = 0;
   return Value::Take(s);

@@ -933,7 +933,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
                 x.s->Release();
                 x.s = n;
               }
-              std::memcpy(x.s->p() + x.s->len, add.data(), add.size() * sizeof(char16_t));
+              if (!add.empty()) std::memcpy(x.s->p() + x.s->len, add.data(), add.size() * sizeof(char16_t));
               x.s->len = need;
               x.s->p()[need] = 0;
             } else {
