@@ -30,6 +30,10 @@ bool Preso(int fd) {
   return false;
 }
 
+// A regular file with the read-only attribute, the owner's write permission off
+// (the mapping of attributes is in SupFsys.h).
+bool SoLeitura(const struct stat& st) { return S_ISREG(st.st_mode) && !(st.st_mode & S_IWUSR); }
+
 // Folder and name of a path text at its last "\" or "/".
 void DivDsk(const Tx& p, Tx& dir, Tx& nom) {
   size_t i = p.find_last_of(u"\\/");
@@ -207,8 +211,13 @@ void FicEli(const Tx& path, int& res) {
     return;
   }
   struct stat st;
-  if (lstat(n.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) {
+  bool ha = lstat(n.c_str(), &st) == 0;
+  if (ha && S_ISDIR(st.st_mode)) {
     res = kErrFicNao;
+    return;
+  }
+  if (ha && SoLeitura(st)) {  // read-only (SupFsys.h): kept, for root too
+    res = kErrAces;
     return;
   }
   int fd = open(n.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
@@ -240,6 +249,12 @@ void FicCop(const Tx& orig, const Tx& dest, int& res) {
   }
   struct stat st;
   if (fstat(fi, &st) != 0 || S_ISDIR(st.st_mode)) {
+    close(fi);
+    res = kErrAces;
+    return;
+  }
+  struct stat sd;
+  if (stat(d.c_str(), &sd) == 0 && SoLeitura(sd)) {  // a read-only target is not replaced
     close(fi);
     res = kErrAces;
     return;

@@ -3,7 +3,12 @@
 //
 // Attributes on Linux, kept in this one place (FsysAtrCon, FsysAtrPoe):
 // - read-only (1) is the owner's write permission: set, the owner's write bit is
-//   taken away; cleared, it is given back;
+//   taken away; cleared, it is given back. It guards the file as the attribute
+//   does, for root too: the file layer's copy onto it and its delete (FicCop,
+//   FicEli, and so Wiz.FxFicCop and Wiz.FxFicEli) leave it as it is and answer 75.
+//   The shell's file operation (SupShf, Wiz.FxDirCop) replaces or deletes it like
+//   any other file when it asks nothing (ConfirmOperation off), and asks the
+//   question of any clash when it asks;
 // - hidden (2) is a name that starts with "." (not "." or ".."): it is read from the
 //   name and never set, since setting it would rename the entry;
 // - system (4) and archive (32) are not kept: setting them does nothing and they

@@ -15,7 +15,7 @@
 //   too when running as root). A folder is never copied into itself or into one of
 //   its own subfolders: such a run answers 0 and writes nothing.
 // - A clash with an existing file replaces it without asking when ConfirmOperation
-//   is off, asks otherwise (Sim, Não, Cancelar), or gives the copy a new name
+//   is off (a read-only file too), asks otherwise (Sim, Não, Cancelar), or gives the copy a new name
 //   ("Cópia de x", "Cópia (2) de x") with RenameOnCollision.
 // - A delete with AllowUndo moves the entries to the desktop's trash (the
 //   freedesktop.org trash) instead of removing them.
@@ -96,8 +96,10 @@ class SupShf {
 };
 
 // Copies one file to another name with the data-safe copy of the run: 0, or the
-// file layer's error number (-1 when both names are the same file). A symbolic
-// link given as the source is followed; the destination's folder must exist.
+// file layer's error number (-1 when both names are the same file). As the file
+// layer's copy, it leaves a destination that is read-only (75) or that another
+// open file holds for writing (70) as it is. A symbolic link given as the source is
+// followed; the destination's folder must exist.
 int ShfFicCop(const Tx& orig, const Tx& dest);
 
 }  // namespace zw

@@ -1,12 +1,17 @@
 // The data-safe copy of one entry: bytes through the kernel's copy calls into a
-// temporary name beside the destination, then mode, owner, times, and a rename
-// into place. Nothing here ever opens a source for writing.
+// temporary name beside the destination, then owner, mode, times, and a rename
+// into place. Every name is taken relative to a folder held open, so the kernel
+// walks one name per call, not the whole path; calls whose effect is already there
+// (owner, mode) are left out. Nothing here ever opens a source for writing.
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/sendfile.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 #include <atomic>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <cstdlib>
 #include "FicGlb.h"
 #include "SupShf.h"
@@ -15,29 +20,37 @@
 namespace zw::shf {
 
 namespace {
-// A name that no other copy uses, in the destination's folder. It starts with a dot
-// so that a file manager does not show it while it lives.
-std::string NomTmp(const std::string& d) {
+// A name that no other copy uses, for the destination's folder. It starts with a
+// dot so that a file manager does not show it while it lives.
+std::string NomTmp() {
   static std::atomic<unsigned> seq{0};
   static const std::string pid = std::to_string(getpid());
-  std::string dir = Pasta(d);
-  return (dir == "/" ? "" : dir) + "/.zw~" + pid + "~" + std::to_string(++seq) + ".tmp";
+  return ".zw~" + pid + "~" + std::to_string(++seq) + ".tmp";
 }
 
-// Creates the temporary file for d: a new name is tried when one is taken (by a
-// process that was forked from this one, say).
-int AbreTmp(const std::string& d, std::string& tmp) {
+// Creates the temporary file in the folder fdd with the permission bits it will
+// keep: a new name is tried when one is taken (by a process that was forked from
+// this one, say).
+int AbreTmp(int fdd, mode_t modo, std::string& tmp) {
   for (int i = 0; i < 100; i++) {
-    tmp = NomTmp(d);
-    int fd = open(tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    tmp = NomTmp();
+    int fd = openat(fdd, tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, modo);
     if (fd >= 0 || errno != EEXIST) return fd;
   }
   return -1;
 }
 
-bool Raiz() {
-  static const bool r = geteuid() == 0;
-  return r;
+// The creation mask, as the kernel reports it for this process; -1 when it does
+// not. (Reading it with umask() would change it for a moment under other threads.)
+int Mascara() {
+  FILE* f = std::fopen("/proc/self/status", "re");
+  if (!f) return -1;
+  char lin[256];
+  int m = -1;
+  while (std::fgets(lin, sizeof lin, f))
+    if (std::sscanf(lin, "Umask: %o", &m) == 1) break;
+  std::fclose(f);
+  return m;
 }
 
 // Parts of at most this size go to the kernel at a time, so a cancel in the
@@ -46,10 +59,11 @@ constexpr size_t kParte = size_t(16) << 20;
 
 // The bytes of fi to fo: copy_file_range (which lets the file system share or
 // clone blocks), then sendfile, then read and write, each tried when the one
-// before it cannot serve this pair of files. A file is read to its end, or to the
-// size it had when it was opened (no call is spent to find the end of a small file).
-int CopDad(int fi, int fo, int64_t tam, const std::string& d, const Avanco& av) {
-  int modo = 0;
+// before it cannot serve this pair of files; the run starts each file with the
+// call that served the last one. A file is read to its end, or to the size it had
+// when it was opened (no call is spent to find the end of a small file).
+int CopDad(int fi, int fo, int64_t tam, const std::string& d, const Avanco& av, int& modoRun) {
+  int modo = modoRun;
   int64_t feito = 0;
   static thread_local char buf[1 << 17];
   for (;;) {
@@ -76,7 +90,7 @@ int CopDad(int fi, int fo, int64_t tam, const std::string& d, const Avanco& av) 
       if (e == EINTR) continue;
       if (modo < 2 && feito == 0 &&
           (e == EXDEV || e == ENOSYS || e == EINVAL || e == EOPNOTSUPP || e == EBADF || e == EPERM)) {
-        modo++;
+        modoRun = ++modo;
         continue;
       }
       return e == EIO && modo == 2 ? kErrIO : FicErrNat(e, d);
@@ -88,14 +102,61 @@ int CopDad(int fi, int fo, int64_t tam, const std::string& d, const Avanco& av) 
   }
 }
 
-// Mode, owner (when the process may give files away) and times of st on fd.
-void Marca(int fd, const struct stat& st) {
-  if (Raiz()) (void)!fchown(fd, st.st_uid, st.st_gid);
-  fchmod(fd, st.st_mode & 07777);
+// Owner (when the process may give files away), mode and times of st on a new file
+// of the folder p. The owner and the mode are only set when the file did not get
+// them at its creation.
+void Marca(int fd, const struct stat& st, const PstDes& p, const CopCtx& c) {
+  if (c.raiz && (st.st_uid != c.uid || st.st_gid != p.gid)) (void)!fchown(fd, st.st_uid, st.st_gid);
+  mode_t m = st.st_mode & 07777;
+  if (p.acl || c.masc < 0 || m != (m & 0777 & ~mode_t(c.masc))) fchmod(fd, m);
   struct timespec t[2] = {st.st_atim, st.st_mtim};
   futimens(fd, t);
 }
+
+// True when another open file holds this one for writing (the file layer's open
+// for writing takes an exclusive lock).
+bool Retido(const std::string& p) {
+  int fd = open(p.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fd < 0) return false;
+  bool r = flock(fd, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+  close(fd);
+  return r;
+}
 }  // namespace
+
+CopCtx::CopCtx() : masc(Mascara()), raiz(geteuid() == 0), uid(geteuid()) {}
+
+PstDes::~PstDes() {
+  if (fd >= 0) close(fd);
+}
+
+void PstDes::Abre(const std::string& path) {
+  int f = open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  // A folder that may be written but not listed is still a place to copy into.
+  if (f < 0 && errno == EACCES) f = open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+  if (f < 0) {
+    err = errno;
+    return;
+  }
+  Toma(f);
+}
+
+void PstDes::Toma(int f) {
+  fd = f;
+  struct stat st;
+  sgid = fstat(f, &st) == 0 && (st.st_mode & S_ISGID);
+  gid = sgid ? st.st_gid : getegid();
+  // With a default access list the mode of a new file is not the mask's; unknown
+  // (the call is refused) counts as one.
+  acl = fgetxattr(f, "system.posix_acl_default", nullptr, 0) >= 0 || (errno != ENODATA && errno != EOPNOTSUPP);
+}
+
+void PstDes::Herda(const PstDes& pai, int f) {
+  fd = f;
+  gid = pai.gid;
+  sgid = pai.sgid;
+  acl = pai.acl;
+}
 
 void Divide(const Tx& p, Tx& dir, Tx& nom) {
   size_t i = p.find_last_of(u"\\/");
@@ -127,31 +188,40 @@ std::string Canon(const std::string& p) {
   return (c == "/" ? "" : c) + "/" + nom;
 }
 
-int CopFicFd(int fi, const struct stat& st, const std::string& d, const Avanco& av) {
+int CopFic(int fi, const struct stat& st, const PstDes& p, const std::string& nom, const std::string& d,
+           const Avanco& av, CopCtx& c) {
+  if (p.fd < 0) return FicErrNat(p.err, d);
   std::string tmp;
-  int fo = AbreTmp(d, tmp);
-  if (fo < 0) return FicErrNat(errno, tmp);
-  int r = CopDad(fi, fo, st.st_size, d, av);
-  if (r == 0) Marca(fo, st);
+  int fo = AbreTmp(p.fd, st.st_mode & 0777, tmp);
+  if (fo < 0) return FicErrNat(errno, d);
+  int r = CopDad(fi, fo, st.st_size, d, av, c.modo);
+  if (r == 0) Marca(fo, st, p, c);
   if (close(fo) != 0 && r == 0) r = FicErrNat(errno, d);
-  if (r == 0 && rename(tmp.c_str(), d.c_str()) != 0) r = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
-  if (r != 0) unlink(tmp.c_str());
+  if (r == 0 && renameat(p.fd, tmp.c_str(), p.fd, nom.c_str()) != 0) r = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
+  if (r != 0) unlinkat(p.fd, tmp.c_str(), 0);
   return r;
 }
 
-int CopLnk(const std::string& o, const struct stat& st, const std::string& d) {
+int CopLnk(int fdo, const std::string& nomO, const std::string& o, const struct stat& st, const PstDes& p,
+           const std::string& nom, const std::string& d, const CopCtx& c) {
   std::string alvo(size_t(st.st_size > 0 ? st.st_size : PATH_MAX) + 1, '\0');
-  ssize_t n = readlink(o.c_str(), alvo.data(), alvo.size());
+  ssize_t n = readlinkat(fdo, nomO.c_str(), alvo.data(), alvo.size());
   if (n < 0) return FicErrNat(errno, o);
   alvo.resize(size_t(n));
-  std::string tmp = NomTmp(d);
-  if (symlink(alvo.c_str(), tmp.c_str()) != 0) return FicErrNat(errno, tmp);
-  if (Raiz()) (void)!lchown(tmp.c_str(), st.st_uid, st.st_gid);
+  if (p.fd < 0) return FicErrNat(p.err, d);
+  std::string tmp;
+  for (int i = 0;; i++) {
+    tmp = NomTmp();
+    if (symlinkat(alvo.c_str(), p.fd, tmp.c_str()) == 0) break;
+    if (errno != EEXIST || i == 99) return FicErrNat(errno, d);
+  }
+  if (c.raiz && (st.st_uid != c.uid || st.st_gid != p.gid))
+    (void)!fchownat(p.fd, tmp.c_str(), st.st_uid, st.st_gid, AT_SYMLINK_NOFOLLOW);
   struct timespec t[2] = {st.st_atim, st.st_mtim};
-  utimensat(AT_FDCWD, tmp.c_str(), t, AT_SYMLINK_NOFOLLOW);
-  if (rename(tmp.c_str(), d.c_str()) != 0) {
+  utimensat(p.fd, tmp.c_str(), t, AT_SYMLINK_NOFOLLOW);
+  if (renameat(p.fd, tmp.c_str(), p.fd, nom.c_str()) != 0) {
     int r = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
-    unlink(tmp.c_str());
+    unlinkat(p.fd, tmp.c_str(), 0);
     return r;
   }
   return 0;
@@ -169,16 +239,25 @@ int ShfFicCop(const Tx& orig, const Tx& dest) {
   if (e) return e;
   int fi = open(o.c_str(), O_RDONLY | O_CLOEXEC);
   if (fi < 0) return FicErrNat(errno, o);
-  struct stat st, sd;
+  struct stat st, sd, ld;
+  bool ha = stat(d.c_str(), &sd) == 0;
   int r = 0;
   if (fstat(fi, &st) != 0 || !S_ISREG(st.st_mode))
     r = kErrAces;
-  else if (stat(d.c_str(), &sd) == 0 && sd.st_dev == st.st_dev && sd.st_ino == st.st_ino)
+  else if (ha && sd.st_dev == st.st_dev && sd.st_ino == st.st_ino)
     r = -1;  // the same file under another name: nothing to do, and nothing to risk
-  else if (lstat(d.c_str(), &sd) == 0 && S_ISDIR(sd.st_mode))
+  else if (lstat(d.c_str(), &ld) == 0 && S_ISDIR(ld.st_mode))
     r = kErrAces;
-  else
-    r = shf::CopFicFd(fi, st, d, nullptr);
+  else if (ha && S_ISREG(sd.st_mode) && !(sd.st_mode & S_IWUSR))
+    r = kErrAces;  // a read-only file is not replaced, as the file layer's copy does not
+  else if (ha && shf::Retido(d))
+    r = kErrPerm;  // nor one that a writer holds
+  else {
+    shf::PstDes p;
+    p.Abre(shf::Pasta(d));
+    shf::CopCtx c;
+    r = shf::CopFic(fi, st, p, shf::Nome(d), d, nullptr, c);
+  }
   close(fi);
   return r;
 }

@@ -29,6 +29,56 @@ std::string Junta(const std::string& dir, const std::string& nom) {
   return dir.empty() || dir.back() == '/' ? dir + nom : dir + "/" + nom;
 }
 
+// Appends a name to a path in place.
+void Poe(std::string& p, const std::string& nom) {
+  if (p.empty() || p.back() != '/') p += '/';
+  p += nom;
+}
+
+// The path without the "/" at its end ("/" stays).
+std::string SemBarra(std::string p) {
+  while (p.size() > 1 && p.back() == '/') p.pop_back();
+  return p;
+}
+
+// A file descriptor closed at the end of its scope, unless let go.
+struct Fd {
+  int f;
+  explicit Fd(int fd) : f(fd) {}
+  Fd(const Fd&) = delete;
+  Fd& operator=(const Fd&) = delete;
+  ~Fd() {
+    if (f >= 0) close(f);
+  }
+  int Solta() {
+    int r = f;
+    f = -1;
+    return r;
+  }
+};
+
+// A destination folder opened by name in its folder, not through a link; one that
+// may be written but not listed is opened for reaching names only.
+int AbreDir(int pai, const std::string& nom) {
+  int f = openat(pai, nom.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  if (f < 0 && errno == EACCES) f = openat(pai, nom.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+  return f;
+}
+
+// The entries of an open folder with their kinds as the listing gives them
+// (DT_UNKNOWN where the file system does not say), in name order: the same order on
+// every file system, for traces.
+std::vector<std::pair<std::string, unsigned char>> ListaTip(DIR* h) {
+  std::vector<std::pair<std::string, unsigned char>> r;
+  while (dirent* de = readdir(h)) {
+    const char* n = de->d_name;
+    if (n[0] == '.' && (n[1] == 0 || (n[1] == '.' && n[2] == 0))) continue;
+    r.emplace_back(n, de->d_type);
+  }
+  std::sort(r.begin(), r.end());
+  return r;
+}
+
 // Every level of a folder, from the top. 0 or an error number.
 int CriaPastas(const std::string& p) {
   struct stat st;
@@ -172,24 +222,25 @@ class Run {
     return prg_->Passo(FicDeNat(o), d.empty() ? Tx() : FicDeNat(d), itens_, bytesFeitos_ + bytes);
   }
 
-  // The name of a copy when the destination file exists: replaced, asked about, or
-  // a new name. 0 go on (d may have changed), 1 skip this entry, -1 cancel, or an
-  // error number.
-  int Colisao(std::string& d, bool pastaOrg) {
+  // The name of a copy when the destination entry nom of the folder p (d its
+  // path) exists: replaced, asked about, or a new name. 0 go on (nom and d may have
+  // changed), 1 skip this entry, -1 cancel, or an error number.
+  int Colisao(const shf::PstDes& p, std::string& nom, std::string& d, bool pastaOrg) {
     // A file that is replaced without a question needs no look: the rename into
     // place replaces it, and refuses a folder in its way.
     if (!pastaOrg && !s_.RenameOnCollision && !s_.ConfirmOperation) return 0;
     struct stat sd;
-    if (lstat(d.c_str(), &sd) != 0) return 0;
+    if (p.fd < 0 || fstatat(p.fd, nom.c_str(), &sd, AT_SYMLINK_NOFOLLOW) != 0) return 0;
     bool pastaDes = S_ISDIR(sd.st_mode);
     if (pastaOrg && pastaDes) return 0;  // folders merge
     if (pastaOrg != pastaDes) return kErrAces;
     if (s_.RenameOnCollision) {
-      std::string dir = Pasta(d), nom = Nome(d);
       for (int i = 1;; i++) {
-        std::string c = Junta(dir, (i == 1 ? std::string("Cópia de ") : "Cópia (" + std::to_string(i) + ") de ") + nom);
-        if (lstat(c.c_str(), &sd) != 0) {
-          d = c;
+        std::string c = (i == 1 ? std::string("Cópia de ") : "Cópia (" + std::to_string(i) + ") de ") + nom;
+        if (fstatat(p.fd, c.c_str(), &sd, AT_SYMLINK_NOFOLLOW) != 0) {
+          d.resize(d.size() - nom.size());
+          d += c;
+          nom = c;
           return 0;
         }
       }
@@ -199,36 +250,111 @@ class Run {
     return r == 1 ? 0 : r == 0 ? 1 : -1;
   }
 
-  // Copies an entry and all below it. 0, -1 cancelled, or an error number.
-  int Cop(const std::string& o, std::string d) {
+  // The same for a destination given by its path.
+  int Colisao(std::string& d, bool pastaOrg) {
+    if (!pastaOrg && !s_.RenameOnCollision && !s_.ConfirmOperation) return 0;
+    d = SemBarra(d);
+    shf::PstDes p;
+    p.Abre(Pasta(d));
+    std::string nom = Nome(d);
+    return Colisao(p, nom, d, pastaOrg);
+  }
+
+  // Copies an entry and all below it. 0, -1 cancelled, or an error number. The
+  // folders that hold the source and the destination are opened once; below them
+  // every entry is reached by its name from its folder, held open.
+  int Cop(const std::string& o, const std::string& d) {
+    std::string po = SemBarra(o), pd = SemBarra(d);
+    int fdo = open(Pasta(po).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    if (fdo < 0) return FicErrNat(errno, po);
+    shf::PstDes p;
+    p.Abre(Pasta(pd));
+    int r = CopEnt(fdo, Nome(po), p, Nome(pd), po, pd, DT_UNKNOWN);
+    close(fdo);
+    return r;
+  }
+
+  // Copies the entry nomO of the folder fdo (po its path) to the name nomD in the
+  // destination folder p (pd its path), and all below it. tipo is the kind that the
+  // listing gave (DT_UNKNOWN when none): a file or folder is opened at once and its
+  // status read from the open file, one walk of its name for both. po and pd grow
+  // while the entries below are copied and come back as they were.
+  int CopEnt(int fdo, const std::string& nomO, const shf::PstDes& p, std::string nomD, std::string& po,
+             std::string& pd, unsigned char tipo) {
     struct stat st;
-    if (lstat(o.c_str(), &st) != 0) return FicErrNat(errno, o);
-    int c = Colisao(d, S_ISDIR(st.st_mode));
+    int fi = -1;
+    if (tipo == DT_REG || tipo == DT_DIR) {
+      fi = openat(fdo, nomO.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+      if (fi >= 0 && fstat(fi, &st) != 0) {
+        close(fi);
+        fi = -1;
+      }
+    }
+    if (fi < 0 && fstatat(fdo, nomO.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return FicErrNat(errno, po);
+    Fd guarda(fi);
+    bool pasta = S_ISDIR(st.st_mode);
+    int c = Colisao(p, nomD, pd, pasta);
     if (c) return c == 1 ? 0 : c;
     itens_++;
-    if (!Passo(o, d, 0)) return -1;
-    if (S_ISDIR(st.st_mode)) {
-      struct stat sd;
-      bool nova = lstat(d.c_str(), &sd) != 0;
-      if (nova && mkdir(d.c_str(), 0700) != 0) return FicErrNat(errno, d);
-      for (auto& n : Lista(o)) {
-        int r = Cop(Junta(o, n), Junta(d, n));
-        if (r) return r;
-      }
-      if (nova && geteuid() == 0) (void)!lchown(d.c_str(), st.st_uid, st.st_gid);
-      chmod(d.c_str(), st.st_mode & 07777);
-      struct timespec t[2] = {st.st_atim, st.st_mtim};
-      utimensat(AT_FDCWD, d.c_str(), t, 0);
-      return 0;
-    }
-    if (S_ISLNK(st.st_mode)) return shf::CopLnk(o, st, d);
+    if (!Passo(po, pd, 0)) return -1;
+    if (p.fd < 0) return FicErrNat(p.err, pd);
+    if (pasta) return CopPst(fdo, nomO, guarda.Solta(), st, p, nomD, po, pd);
+    if (S_ISLNK(st.st_mode)) return shf::CopLnk(fdo, nomO, po, st, p, nomD, pd, ctx_);
     if (!S_ISREG(st.st_mode)) return kErrAces;  // devices, pipes and sockets are not copied
-    int fi = open(o.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-    if (fi < 0) return FicErrNat(errno, o);
-    int r = shf::CopFicFd(fi, st, d, prg_ ? shf::Avanco([&](int64_t b) { return Passo(o, d, b); }) : nullptr);
-    close(fi);
+    if (guarda.f < 0) {  // not opened above: opened now, and looked at again
+      guarda.f = openat(fdo, nomO.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+      if (guarda.f < 0) return FicErrNat(errno, po);
+      if (fstat(guarda.f, &st) != 0 || !S_ISREG(st.st_mode)) return kErrAces;
+    }
+    int r = shf::CopFic(guarda.f, st, p, nomD, pd, prg_ ? shf::Avanco([&](int64_t b) { return Passo(po, pd, b); }) : nullptr,
+                        ctx_);
     if (r == 0) bytesFeitos_ += st.st_size;
     return r;
+  }
+
+  // A folder's copy: the folder made (or merged into one that is there), every
+  // entry below copied in name order, then owner, mode and times of the source's.
+  // fi is the source folder when already open, else -1.
+  int CopPst(int fdo, const std::string& nomO, int fi, const struct stat& st, const shf::PstDes& p,
+             const std::string& nom, std::string& po, std::string& pd) {
+    if (fi < 0) fi = openat(fdo, nomO.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    DIR* h = fi < 0 ? nullptr : fdopendir(fi);
+    if (!h) {
+      int e = errno;
+      if (fi >= 0) close(fi);
+      return FicErrNat(e, po);
+    }
+    auto nomes = ListaTip(h);
+    bool nova = mkdirat(p.fd, nom.c_str(), 0700) == 0;
+    int fdd = nova || errno == EEXIST ? AbreDir(p.fd, nom) : -1;
+    if (fdd < 0) {
+      int e = errno;
+      closedir(h);
+      return e == ENOTDIR || e == ELOOP ? kErrAces : FicErrNat(e, pd);
+    }
+    shf::PstDes q;
+    if (nova)
+      q.Herda(p, fdd);
+    else
+      q.Toma(fdd);
+    size_t lo = po.size(), ld = pd.size();
+    int r = 0;
+    for (auto& [n, t] : nomes) {
+      Poe(po, n);
+      Poe(pd, n);
+      r = CopEnt(dirfd(h), n, q, n, po, pd, t);
+      po.resize(lo);
+      pd.resize(ld);
+      if (r) break;
+    }
+    closedir(h);
+    if (r) return r;
+    if (nova && ctx_.raiz && (st.st_uid != ctx_.uid || st.st_gid != q.gid))
+      (void)!fchownat(p.fd, nom.c_str(), st.st_uid, st.st_gid, AT_SYMLINK_NOFOLLOW);
+    fchmodat(p.fd, nom.c_str(), st.st_mode & 07777, 0);
+    struct timespec t[2] = {st.st_atim, st.st_mtim};
+    utimensat(p.fd, nom.c_str(), t, AT_SYMLINK_NOFOLLOW);
+    return 0;
   }
 
   // Moves an entry: a rename where the file system allows it, else a copy and then
@@ -285,6 +411,7 @@ class Run {
   ShfPrg* prg_;
   std::vector<std::pair<std::string, std::string>> pares_;
   std::string criar_;
+  shf::CopCtx ctx_;
   int64_t totItens_ = 0, totBytes_ = 0, itens_ = 0, bytesFeitos_ = 0;
 };
 

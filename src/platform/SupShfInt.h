@@ -11,13 +11,47 @@ namespace zw::shf {
 // stops the copy (a cancel).
 using Avanco = std::function<bool(int64_t)>;
 
-// Copies a regular file's bytes, mode and times from o (already open, st its
-// status) to the final name d through a temporary name in d's folder. 0, -1 when
-// av stopped it, or the file layer's error number; on failure nothing is left under
-// the temporary name and d is as it was.
-int CopFicFd(int fi, const struct stat& st, const std::string& d, const Avanco& av);
-// The same for a symbolic link: a new link with the same target.
-int CopLnk(const std::string& o, const struct stat& st, const std::string& d);
+// What the copies of one run learn once and use for every file: the kernel call
+// that served the last file, the process's creation mask (-1 when unknown), whether
+// the process may give files away, and the owner of the files it makes.
+struct CopCtx {
+  CopCtx();
+  int modo = 0;  // 0 copy_file_range, 1 sendfile, 2 read and write
+  int masc = -1;
+  bool raiz = false;
+  uid_t uid = 0;
+};
+
+// A destination folder held open while entries are copied into it, with the group
+// and the kind of mode that a new file gets there. fd is -1 when the folder could
+// not be opened (err then says why).
+struct PstDes {
+  int fd = -1, err = 0;
+  gid_t gid = 0;       // the group of a new entry
+  bool sgid = false;   // new entries take the folder's group
+  bool acl = false;    // a default access list, or unknown: the mode is always set
+  PstDes() = default;
+  PstDes(const PstDes&) = delete;
+  PstDes& operator=(const PstDes&) = delete;
+  ~PstDes();
+  // Opens the folder path (or takes fd, already open) and learns the rest.
+  void Abre(const std::string& path);
+  void Toma(int fd);
+  // A folder just made inside this one: it inherits group and access list.
+  void Herda(const PstDes& pai, int fd);
+};
+
+// Copies a regular file's bytes, mode and times from fi (already open, st its
+// status) to the name nom in the folder p, through a temporary name in that folder;
+// d is the destination's path, for error numbers. 0, -1 when av stopped it, or the
+// file layer's error number; on failure nothing is left under the temporary name and
+// the destination is as it was.
+int CopFic(int fi, const struct stat& st, const PstDes& p, const std::string& nom, const std::string& d,
+           const Avanco& av, CopCtx& c);
+// The same for a symbolic link (name nomO in the folder fdo, path o): a new link
+// with the same target.
+int CopLnk(int fdo, const std::string& nomO, const std::string& o, const struct stat& st, const PstDes& p,
+           const std::string& nom, const std::string& d, const CopCtx& c);
 // Moves an entry to the desktop's trash (freedesktop.org trash): 0 or an error number.
 int Lixo(const std::string& path);
 // The folder and the name of a Linux path ("." for a bare name).

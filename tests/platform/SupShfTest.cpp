@@ -299,6 +299,78 @@ TEST_F(Shf, ProgressLinesForATrace) {
   EXPECT_EQ(lin, esperadas);
 }
 
+// Modes are the source's whatever the process's creation mask, including the
+// bits a mask never gives (set-user and set-group); a folder merges into one that
+// is there, and a file in the way of a folder stops the run with 75.
+TEST_F(Shf, TreeModesUnderAnyMaskAndMerges) {
+  mkdir(N("org").c_str(), 0755);
+  mkdir(N("org/g").c_str(), 0755);
+  chmod(N("org/g").c_str(), 02775);
+  const std::pair<const char*, mode_t> modos[] = {{"org/a", 0644}, {"org/b", 0600}, {"org/g/c", 04755}, {"org/g/d", 0664}};
+  for (auto& [n, m] : modos) {
+    Escreve(N(n), n);
+    chmod(N(n).c_str(), m);
+  }
+  for (auto [masc, dest] : {std::pair<mode_t, std::string>{022, "m022"}, {077, "m077"}, {0, "m000"}}) {
+    mode_t velha = umask(masc);
+    SupShf s;
+    int r = 0;
+    s.FxCopDfi(P("org"), P(dest), r);
+    umask(velha);
+    EXPECT_EQ(r, 1);
+    struct stat st;
+    for (auto& [n, m] : modos) {
+      std::string c = dest + std::string(n).substr(3);
+      ASSERT_EQ(stat(N(c).c_str(), &st), 0) << c;
+      EXPECT_EQ(st.st_mode & 07777, m) << c << " with mask " << masc;
+      EXPECT_EQ(Le(N(c)), n);
+    }
+    stat(N(dest + "/g").c_str(), &st);
+    EXPECT_EQ(st.st_mode & 07777, 02775u) << "mask " << masc;
+  }
+  Escreve(N("m022/novo"), "fica");  // merged into: what was there stays, the rest replaced
+  Escreve(N("m022/a"), "velho");
+  SupShf s;
+  int r = 0;
+  s.FxCopDfi(P("org"), P("m022"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("m022/novo")), "fica");
+  EXPECT_EQ(Le(N("m022/a")), "org/a");
+  (void)!std::system(("rm -rf '" + N("m022/g") + "'").c_str());
+  Escreve(N("m022/g"), "no caminho");
+  s.FxCopDfi(P("org"), P("m022"), r);
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(s.ErrNum(), kErrAces);
+  EXPECT_EQ(Le(N("m022/g")), "no caminho");
+  EXPECT_EQ(Temporarios(N("m022")), 0);
+}
+
+// A read-only file (the owner's write bit off) is kept by the one-file copies of
+// the file layer, for root too (75), and replaced by the run when it asks nothing;
+// a run that asks asks about it as about any file.
+TEST_F(Shf, ReadOnlyTargets) {
+  Escreve(N("fonte.txt"), "novo");
+  Escreve(N("ro.txt"), "velho");
+  chmod(N("ro.txt").c_str(), 0444);
+  EXPECT_EQ(ShfFicCop(P("fonte.txt"), P("ro.txt")), kErrAces);
+  int r = 0;
+  FicCop(P("fonte.txt"), P("ro.txt"), r);
+  EXPECT_EQ(r, kErrAces);
+  FicEli(P("ro.txt"), r);
+  EXPECT_EQ(r, kErrAces);
+  EXPECT_EQ(Le(N("ro.txt")), "velho");
+  EXPECT_EQ(Temporarios(d_), 0);
+  SupShf s;
+  caixas_.resp = kAnsNo;
+  s.FxCop(P("fonte.txt"), P("ro.txt"), r);
+  EXPECT_EQ(int(caixas_.cx.size()), 1);
+  EXPECT_EQ(Le(N("ro.txt")), "velho");
+  s.AspExe(0, 0);
+  s.FxCop(P("fonte.txt"), P("ro.txt"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("ro.txt")), "novo");
+}
+
 // A copy onto a file system without room for it: the earlier destination file stays
 // byte-identical and no temporary file remains, by the run and by the one-file copy.
 TEST_F(Shf, FullDiskLeavesTheEarlierFileWhole) {

@@ -1,9 +1,11 @@
 // The operations of "Wiz" that a wizard case can't set up: registry reads over a
-// stand-in file, a file held by a writer, drives of other kinds. The rest run as
+// stand-in file, a file held by a writer, read-only files met as root, drives of
+// other kinds. The rest run as
 // wizard cases (tests/wizlib).
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <cstdlib>
 #include <fstream>
@@ -48,6 +50,10 @@ struct WizLib : ::testing::Test {
     return ok;
   }
   void Escreve(const std::string& rel, const std::string& b) { std::ofstream(d + "/" + rel, std::ios::binary) << b; }
+  std::string Le(const std::string& rel) {
+    std::ifstream f(d + "/" + rel, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(f), {});
+  }
 };
 
 TEST_F(WizLib, RegistryValuesLoseEveryBlank) {
@@ -64,14 +70,45 @@ TEST_F(WizLib, RegistryValuesLoseEveryBlank) {
   EXPECT_EQ(Ev(u"Wiz.FxRegVarCon(\"Num\") & Wiz.FxRegVarCon(\"Falta\")"), u"");
 }
 
-// A file that a writer holds is not deleted: 70, permission denied.
+// A file that a writer holds is neither deleted nor replaced by a copy: 70,
+// permission denied, and its bytes stay.
 TEST_F(WizLib, DeleteOfAHeldFile) {
   Escreve("a.txt", "alfa");
+  Escreve("b.txt", "beta");
   int fd = open((d + "/a.txt").c_str(), O_RDONLY);
   flock(fd, LOCK_EX);
   EXPECT_EQ(Ev(u"Wiz.FxFicEli(D & \"/a.txt\")"), u"70");
+  EXPECT_EQ(Ev(u"Wiz.FxFicCop(D & \"/b.txt\", D & \"/a.txt\")"), u"70");
+  EXPECT_EQ(Le("a.txt"), "alfa");
   close(fd);
+  EXPECT_EQ(Ev(u"Wiz.FxFicCop(D & \"/b.txt\", D & \"/a.txt\")"), u"0");
+  EXPECT_EQ(Le("a.txt"), "beta");
   EXPECT_EQ(Ev(u"Wiz.FxFicEli(D & \"/a.txt\")"), u"0");
+}
+
+// A read-only file (the owner's write bit off) is not replaced by FxFicCop nor
+// deleted by FxFicEli, for root too: 75, and it stays as it was. FxDirCop asks
+// nothing and replaces it like any other file.
+TEST_F(WizLib, ReadOnlyFiles) {
+  Escreve("ro.txt", "velho");
+  Escreve("novo.txt", "novo");
+  chmod((d + "/ro.txt").c_str(), 0444);
+  mkdir((d + "/org").c_str(), 0755);
+  Escreve("org/ro.txt", "da pasta");
+  EXPECT_EQ(Ev(u"Wiz.FxFicCop(D & \"/novo.txt\", D & \"/ro.txt\")"), u"75");
+  EXPECT_EQ(Ev(u"Wiz.FxFicEli(D & \"/ro.txt\")"), u"75");
+  EXPECT_EQ(Ev(u"Wiz.FxFicEli(D & \"/r*.txt\")"), u"75");
+  EXPECT_EQ(Le("ro.txt"), "velho");
+  EXPECT_EQ(Ev(u"Wiz.FxDirCop(D & \"/org\", D)"), u"1");
+  EXPECT_EQ(Le("ro.txt"), "da pasta");
+  // With the attribute reset the refused copy still clears the destination's
+  // attributes, so the delete after it goes.
+  chmod((d + "/ro.txt").c_str(), 0444);
+  Cmd(u"Wiz.OpcRegAltAttr 1");
+  EXPECT_EQ(Ev(u"Wiz.FxFicCop(D & \"/novo.txt\", D & \"/ro.txt\")"), u"75");
+  EXPECT_EQ(Le("ro.txt"), "da pasta");
+  EXPECT_EQ(Ev(u"Wiz.FxFicEli(D & \"/ro.txt\")"), u"0");
+  Cmd(u"Wiz.OpcRegAltAttr 0");
 }
 
 TEST_F(WizLib, DriveKinds) {
