@@ -1,4 +1,4 @@
-// The desktop's trash, as the freedesktop.org trash specification lays it out: an
+// The desktop's trash, as freedesktop.org's Trash standard lays it out: an
 // entry goes to "files" of a trash folder under a free name, with a record of where
 // it came from and when in "info/<name>.trashinfo". The trash is the user's own
 // ($XDG_DATA_HOME/Trash) when the entry lies on the same file system, else the
