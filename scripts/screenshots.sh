@@ -86,13 +86,14 @@ done
 rm -rf "$shots"
 echo "wrote $(ls "$out"/demo-*.png 2>/dev/null | wc -l) demo pages into $out"
 
-# The gallery's three pages, one shot each, named by what they show.
+# The gallery's three pages, the last shot of each (the answers click on the options
+# page and enter it again), named by what they show.
 shots=$(mktemp -d)
-"$build/tools/zunwiz-run/zunwiz-run" --answers examples/gallery/respostas.txt --trace /dev/null \
+"$build/tools/zunwiz-run/zunwiz-run" --answers examples/gallery/ZunWiz.ans --trace /dev/null \
   --shots "$shots" -FP "$PWD/examples/gallery/ZunWiz.par"
 declare -A nome=([LAB]=labels [CKB]=options [RTF]=richtext)
 for ide in "${!nome[@]}"; do
-  f=$(ls "$shots"/*-"$ide".png | head -n 1)
+  f=$(ls "$shots"/*-"$ide".png | tail -n 1)
   cp "$f" "$out/gallery-${nome[$ide]}.png"
 done
 rm -rf "$shots"
