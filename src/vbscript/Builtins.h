@@ -33,6 +33,7 @@ void DefProgId(const char* progId, Factory f);       // a program identifier for
 const FnDef* FindFn(TxV name);                       // null when there is none
 const Value* FindConst(TxV name);
 Ref<Obj> NewObj(TxV progId);  // CreateObject: raises 429 "ActiveX component can't create object"
+bool HasProgId(TxV progId);    // whether CreateObject knows the identifier (nothing is made)
 
 // Registers the whole function library; defined by the library's LibReg.cpp.
 void LibReg();

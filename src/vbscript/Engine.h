@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 #include "Code.h"
+#include "ScriptControl.h"
 
 namespace vbs {
 
@@ -98,6 +99,18 @@ class Engine {
   std::vector<std::pair<Value*, Arr*>> elemLocks;
   ErrState err;
   Ref<Obj> errObj;
+  // The procedures running, innermost first, each with the instruction that last
+  // called out of it (a built-in, an object's member): what Where() reads.
+  struct Frm {
+    const Proc* p;
+    const Ins* at;
+    Frm* up;
+  };
+  Frm* frm = nullptr;
+  std::shared_ptr<HostPolicy> policy;
+  // The line where the time-out stopped the run, in the text of the innermost
+  // procedure it stopped, which sets it as the stop unwinds through it.
+  int32_t haltLine = 0;
   // The host's time-out. Loop steps and calls count one tick each, built-ins
   // that did large work count what they did (Charge); when the ticks of a
   // quantum are spent TickSlow reads the clock. The quantum adapts so that the

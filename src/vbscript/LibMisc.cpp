@@ -1,6 +1,7 @@
 // LibMisc: the locale functions, RGB, the boxes, GetObject, LoadPicture and the vb
 // constants.
 
+#include "Engine.h"
 #include "FicInf.h"
 #include "Lib.h"
 #include "MsgDlg.h"
@@ -44,28 +45,47 @@ void FnRGB(Args a, Value& r) {
   r = Value(int32_t(c[0] + c[1] * 256 + c[2] * 65536));
 }
 
-// MsgBox(prompt[, buttons[, title[, helpfile, context]]]) through the dialog service.
+// The host's policy, when it has set one.
+HostPolicy* Pol() {
+  Engine* e = CurEngine();
+  return e ? e->policy.get() : nullptr;
+}
+
+// MsgBox(prompt[, buttons[, title[, helpfile, context]]]) through the dialog
+// service, or answered by the host's policy.
 void FnMsgBox(Args a, Value& r) {
   Tx p = ToTx(a[0]);
   int32_t est = ArgLng(a, 1, 0);
   Tx t = a.Has(2) ? ToTx(a[2]) : Tx(u"VBScript");
+  int32_t b = 0;
+  if (HostPolicy* h = Pol(); h && h->MsgBox(p, t, est, b)) {
+    r = Value(int16_t(b));
+    return;
+  }
   r = Value(int16_t(zw::MsgDlgAct().Caixa(est, t, p)));
 }
 
-// InputBox(prompt[, title[, default[, ...]]]): the text typed, Empty when cancelled.
+// InputBox(prompt[, title[, default[, ...]]]): the text typed, Empty when
+// cancelled; or the host's policy's answer.
 void FnInputBox(Args a, Value& r) {
   Tx p = ToTx(a[0]);
   Tx t = a.Has(1) ? ToTx(a[1]) : Tx(u"VBScript");
   Tx d = a.Has(2) ? ToTx(a[2]) : Tx();
+  if (HostPolicy* h = Pol(); h && h->InputBox(p, t, d, r)) return;
   Tx resp;
   if (zw::MsgDlgAct().Entrada(t, p, d, resp)) r = Value(TxV(resp));
   else r = Value();
 }
 
-// GetObject([path][, class]): with a class and no path it is CreateObject; documents
-// and monikers have no server here.
+// GetObject([path][, class]): the host's policy answers first; then with a class and
+// no path it is CreateObject; documents and monikers have no server here.
 void FnGetObject(Args a, Value& r) {
   Tx cam = a.Has(0) ? ToTx(a[0]) : Tx();
+  if (HostPolicy* h = Pol())
+    if (Ref<Obj> o = h->Object(a.Has(1) ? ToTx(a[1]) : Tx(), cam, true)) {
+      r = Value(o);
+      return;
+    }
   if (a.Has(1) && cam.empty()) {
     r = Value(NewObj(ToTx(a[1])));
     return;

@@ -65,6 +65,8 @@ void ScriptControl::Reset() {
 
 long ScriptControl::Timeout() const { return e_->timeoutMs; }
 void ScriptControl::Timeout(long ms) { e_->timeoutMs = ms < 0 ? -1 : ms; }
+std::shared_ptr<HostPolicy> ScriptControl::Policy() const { return e_->policy; }
+void ScriptControl::Policy(std::shared_ptr<HostPolicy> p) { e_->policy = std::move(p); }
 
 // Runs f, turning what it raises into Error(); false when it raised.
 template <class F>
@@ -86,9 +88,10 @@ static bool Guard(Engine& e, ScriptError& err, TxV text, F&& f) {
     err.Column = x.col;
     if (comp && x.line > 0) err.Text = LineOf(text, x.line);
   } catch (Abort&) {
-    err.Number = -2147467260;  // the operation was stopped
+    err.Number = kErrTimeout;  // the operation was stopped
     err.Description = u"Script timeout: the script ran longer than the time allowed";
     err.Source = u"Microsoft VBScript runtime error";
+    err.Line = e.haltLine;
   } catch (std::exception&) {
     err.Number = 7;
     err.Description = ErrDesc(7);

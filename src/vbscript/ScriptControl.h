@@ -22,6 +22,36 @@ struct ScriptError {
   void Clear() { *this = ScriptError(); }
 };
 
+// The number of the error a call stopped by the time-out ends with; its Line is
+// the line the script stood at when it was stopped.
+constexpr int32_t kErrTimeout = -2147467260;
+
+// Where the script running on this thread stands: the line (1-based) of the
+// statement that last called a built-in or an object's member, and the text that
+// statement came from (what AddCode, ExecuteStatement, Eval or Execute was given).
+// Line 0 and no text when no script runs.
+struct Site {
+  int32_t Line = 0;
+  std::shared_ptr<const Tx> Text;
+};
+Site Where();
+
+// A host's say over the built-ins that reach outside the engine: CreateObject,
+// GetObject (and a host's own creation by program identifier), MsgBox and
+// InputBox. Without one they do what they always do. A host that must not let a
+// script touch the machine or the user, such as a checker, answers in their place.
+class HostPolicy {
+ public:
+  virtual ~HostPolicy() = default;
+  // CreateObject(id) (get false), or GetObject(path, id) (get true; path empty when
+  // not given): the object the script gets, or null to make or refuse it as usual.
+  virtual Ref<Obj> Object(TxV id, TxV path, bool get) = 0;
+  // MsgBox: true when the host answers for the box, with the button's code in r.
+  virtual bool MsgBox(TxV prompt, TxV title, int32_t style, int32_t& r) = 0;
+  // InputBox: true when the host answers, with the text (or Empty for cancel) in r.
+  virtual bool InputBox(TxV prompt, TxV title, TxV dflt, Value& r) = 0;
+};
+
 // One procedure of the code added so far.
 struct ProcInfo {
   Tx Name;
@@ -41,6 +71,10 @@ class ScriptControl {
   // Milliseconds a call may run before it is stopped with an error; -1 means no limit.
   long Timeout() const;
   void Timeout(long ms);
+  // The host's policy over what reaches outside the engine; null for none. It is
+  // kept across Reset, as the time-out is.
+  std::shared_ptr<HostPolicy> Policy() const;
+  void Policy(std::shared_ptr<HostPolicy> p);
   // The window that owns what the engine shows; kept, not used.
   void SitehWnd(long hwnd) { hwnd_ = hwnd; }
   long SitehWnd() const { return hwnd_; }

@@ -211,6 +211,7 @@ void Engine::Install(Unit& u) {
 void Engine::StartClock() {
   timed = timeoutMs >= 0;
   halted = false;
+  haltLine = 0;
   lastRead = std::chrono::steady_clock::now();
   if (timed) deadline = lastRead + std::chrono::milliseconds(timeoutMs);
   quantum = tick = 64;
@@ -549,6 +550,16 @@ static const StmtPos* FindStmt(const Proc& p, int pc) {
   return best;
 }
 
+Site Where() {
+  Site s;
+  Engine* e = tlEngine;
+  if (!e || !e->frm || !e->frm->at) return s;
+  const Proc& p = *e->frm->p;
+  if (const StmtPos* st = FindStmt(p, int(e->frm->at - p.code.data()) - 1)) s.Line = st->line;
+  s.Text = p.src;
+  return s;
+}
+
 static inline bool Truth(const Value& v0) {
   const Value& v = v0.Deref();
   if (v.t == vtBoolean) return v.i != 0;
@@ -567,6 +578,15 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
   bool onErr = false;
   Value* const base = bp + p.nslots;
   Engine& E = *this;
+  // this procedure on the chain Where() reads; `at` is set where code calls out
+  Frm fr{&p, nullptr, frm};
+  frm = &fr;
+  struct Pop {
+    Engine& e;
+    Frm* up;
+    ~Pop() { e.frm = up; }
+  } pop{E, fr.up};
+#define AT fr.at = ip
 
   // the variable an instruction names
   auto var = [&](const Ins& I, bool store) -> Value& {
@@ -776,6 +796,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             // on to L_oCall
           L_oCall: {
             int n = I->c;
+            AT;
             if (isProcCell(*I)) { CallStk(*cellOf(*I)->proc, nullptr, n); NEXT; }
             Value r;
             if (isProp(*I)) {
@@ -791,6 +812,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           }
           L_oCallB: {
             const FnDef* f = p.fns[size_t(I->a)];
+            AT;
             int n = I->c;
             if (n < f->min || (f->max >= 0 && n > f->max)) Raise(450);
             Value r;
@@ -801,6 +823,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           }
           L_oCallV: {
             int n = I->c;
+            AT;
             Value r;
             Index(sp[-n - 1], Args{sp - n, n}, I->a ? Inv::Call : Inv::Get, r);
             PopTo(E, sp - n - 1);
@@ -821,6 +844,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           }
           L_oMGet: L_oMCall: L_oMLet: L_oMSet: {
             int n = I->c + ((I->op == oMLet || I->op == oMSet) ? 1 : 0);
+            AT;
             Value& ov = sp[-n - 1].Deref();
             if ((ov.t & vtArray) && (I->op == oMLet || I->op == oMSet) && K[I->a].s->len == 0) {
               // f(1)(2) = v where f(1) is an array
@@ -1212,6 +1236,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
                 }
 #undef NEXT
 #undef FAST
+#undef AT
 
       }
     } catch (Fault& f) {
@@ -1235,6 +1260,13 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
       PopTo(E, base);
       const StmtPos* st = FindStmt(p, int(ip - code) - 1);
       if (st) ip = code + st->to;
+    } catch (Abort&) {
+      // the time-out: the innermost procedure it passes through tells where it struck
+      if (!haltLine) {
+        const StmtPos* st = FindStmt(p, int(ip - code) - 1);
+        haltLine = st ? st->line : 0;
+      }
+      throw;
     }
   }
 }

@@ -284,3 +284,72 @@ TEST(ScriptControl, TimeoutStopsLongStepsBuiltinsAndTerminate) {
   EXPECT_TRUE(sc.AddCode(u"Set t = Nothing : x = Empty : y = Empty : done4 = True"));
   EXPECT_EQ(EvalTx(sc, u"done4"), u"True");
 }
+
+// A host policy that answers for CreateObject, GetObject and the boxes, noting
+// each call with the line Where() gives.
+class Guarda : public HostPolicy {
+ public:
+  std::vector<Tx> log;
+  Ref<Obj> Object(TxV id, TxV path, bool get) override {
+    Nota((get ? u"get " : u"new ") + Tx(id) + u"|" + Tx(path));
+    if (EqNoCase(id, u"Scripting.Dictionary")) return {};  // made as usual
+    return Ref<Obj>(new Probe);
+  }
+  bool MsgBox(TxV p, TxV, int32_t style, int32_t& r) override {
+    Nota(u"box " + Tx(p));
+    r = style == 4 ? 7 : 1;
+    return true;
+  }
+  bool InputBox(TxV p, TxV, TxV d, Value& r) override {
+    Nota(u"ask " + Tx(p));
+    r = Value(d);
+    return true;
+  }
+
+ private:
+  void Nota(const Tx& t) {
+    Site s = Where();
+    log.push_back(t + u"@" + zw::TxAsc(std::to_string(s.Line)) + (s.Text ? u"" : u"?"));
+  }
+};
+
+TEST(ScriptControl, HostPolicyAnswersForWhatReachesOutside) {
+  ScriptControl sc;
+  auto g = std::make_shared<Guarda>();
+  sc.Policy(g);
+  sc.Reset();  // kept across a reset
+  ASSERT_EQ(sc.Policy(), g);
+  ASSERT_TRUE(sc.AddCode(u"Function Pede()\r\n"
+                         u"  Pede = InputBox(\"name?\", \"t\", \"Ana\")\r\n"
+                         u"End Function\r\n"
+                         u"Set sh = CreateObject(\"WScript.Shell\")\r\n"
+                         u"Set d = CreateObject(\"Scripting.Dictionary\")\r\n"
+                         u"Set o = GetObject(\"winmgmts:\")\r\n"
+                         u"r = MsgBox(\"go?\", 4)\r\n"
+                         u"n = Pede()"))
+      << zw::TxUtf8(sc.Error().Description);
+  EXPECT_EQ(EvalTx(sc, u"TypeName(sh) & TypeName(d) & TypeName(o)"), u"ObjectDictionaryObject");
+  EXPECT_EQ(EvalTx(sc, u"r & n"), u"7Ana");
+  // lines are those of the text each statement came from: the procedure's own
+  // line for the box asked inside it
+  std::vector<Tx> want = {u"new WScript.Shell|@4", u"new Scripting.Dictionary|@5", u"get |winmgmts:@6",
+                          u"box go?@7", u"ask name?@2"};
+  EXPECT_EQ(g->log, want);
+  EXPECT_EQ(Where().Line, 0);  // nothing runs now
+  // without a policy an unknown object fails as before
+  sc.Policy(nullptr);
+  EXPECT_FALSE(sc.ExecuteStatement(u"Set x = GetObject(\"winmgmts:\")"));
+  EXPECT_EQ(sc.Error().Number, 429);
+}
+
+TEST(ScriptControl, TimeoutTellsTheLineItStoppedAt) {
+  ScriptControl sc;
+  sc.Timeout(50);
+  ASSERT_TRUE(sc.AddCode(u"Sub Gira()\r\n  Do\r\n    n = n + 1\r\n  Loop\r\nEnd Sub"));
+  EXPECT_FALSE(sc.ExecuteStatement(u"x = 1\r\nx = 2\r\nx = 3\r\nx = 4\r\nGira"));
+  EXPECT_EQ(sc.Error().Number, kErrTimeout);
+  EXPECT_GE(sc.Error().Line, 2);  // inside the loop of Gira, not the caller's line 5
+  EXPECT_LE(sc.Error().Line, 4);
+  EXPECT_TRUE(sc.ExecuteStatement(u"y = 2"));
+  EXPECT_EQ(sc.Error().Line, 0);
+}
