@@ -14,8 +14,14 @@ if(JSON)
   return()
 endif()
 get_filename_component(nome ${PAR} NAME)
-execute_process(COMMAND ${TOOL} ${nome} WORKING_DIRECTORY ${dir}
+file(GLOB antes LIST_DIRECTORIES true ${dir}/*)
+execute_process(COMMAND ${TOOL} ${nome} WORKING_DIRECTORY ${dir} TIMEOUT 60
   OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE rc)
+# checking makes nothing in the folder it runs in (efe-* cases try to)
+file(GLOB depois LIST_DIRECTORIES true ${dir}/*)
+if(NOT depois STREQUAL antes)
+  message(FATAL_ERROR "checking changed the folder ${dir}")
+endif()
 # Paths the tool expands name the case's folder: written as "." in the expect files.
 string(REPLACE "${dir}/" "./" out "${out}")
 set(want "")

@@ -19,3 +19,13 @@ foreach(par ${chk_examples})
 endforeach()
 add_test(NAME check_json COMMAND ${CMAKE_COMMAND} -DTOOL=$<TARGET_FILE:zunwiz-check>
          -DPAR=${CMAKE_CURRENT_LIST_DIR}/compile-error.par -DJSON=1 -P ${CMAKE_CURRENT_LIST_DIR}/Check.cmake)
+# Checking changes nothing on the machine: every example and every test wizard,
+# checked from an empty folder, leaves it as it was (Inert.cmake).
+file(GLOB chk_all CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/examples/*/*.par ${CMAKE_SOURCE_DIR}/tests/wizard/cases/*.par
+     ${CMAKE_SOURCE_DIR}/tests/wizlib/*.par ${CMAKE_CURRENT_LIST_DIR}/*.par)
+set(chk_vbs "")
+if(TARGET vbs)
+  set(chk_vbs -DVBS=$<TARGET_FILE:vbs>)
+endif()
+add_test(NAME check_inert COMMAND ${CMAKE_COMMAND} -DTOOL=$<TARGET_FILE:zunwiz-check> ${chk_vbs}
+         "-DPARS=${chk_all}" -DDIR=${CMAKE_CURRENT_BINARY_DIR}/check-inert -P ${CMAKE_CURRENT_LIST_DIR}/Inert.cmake)

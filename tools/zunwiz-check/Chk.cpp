@@ -1,14 +1,16 @@
 // The checks of zunwiz-check. One walk of the file with the option reader collects
 // what the engine would keep (zones and points, pages, transitions, components, the
 // program) with the file line of each; the same walk runs the engine's calculation
-// after every group in a script host of its own, where "Wiz" answers every call with
-// nothing, so that checking a wizard never changes the machine. The findings are
-// then drawn from what was collected.
+// after every group in a script host of its own, which keeps the program from the
+// machine and the person (ChkEfe) and stops every call after kTmp milliseconds, so
+// that checking a wizard never changes the machine and always ends. The findings
+// are then drawn from what was collected.
 #include "Chk.h"
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <memory>
+#include "ChkEfe.h"
 #include "FicGlb.h"
 #include "ScriptControl.h"
 #include "SupWizVbs.h"
@@ -25,17 +27,9 @@ namespace {
 const char16_t* const kOps[] = {ZW_WIZ_OPS(ZW_CHK_NOME)};
 #undef ZW_CHK_NOME
 
-// "Wiz" as the checker hands it to scripts: every operation is there and answers
-// Empty without doing anything.
-struct WizMudo : vbs::Obj {
-  Tx TypeName() override { return u"SupWizVbs"; }
-  int Id(TxV n) override {
-    for (size_t i = 0; i < std::size(kOps); i++)
-      if (vbs::EqNoCase(n, kOps[i])) return int(i) + 1;
-    return -1;
-  }
-  void Invoke(int, vbs::Inv, vbs::Args, vbs::Value& r) override { r = vbs::Value(); }
-};
+// The time each call of the script engine may take: a run would hang where a
+// statement takes longer.
+constexpr long kTmp = 2000;
 
 const char16_t* const kPalBot[] = {u"", u"ANT", u"SEG", u"CNF", u"CAN"};
 const char16_t* const kTipCmp[] = {u"LAB", u"CKB", u"RTF", u"OPC", u"OPCTXT"};
@@ -65,6 +59,7 @@ struct Zpo {
   std::vector<Tx> pri;        // values after its own group's calculation
   std::vector<int16_t> ok;    // whether each statement took, at the latest pass
   std::vector<Tx> err;        // and the engine's word when it did not
+  std::vector<char> pre;      // stopped by the time-out once: not run again
 };
 
 struct Tra {
@@ -103,11 +98,14 @@ class Chk {
   void Img(const Val& v, const Tx& onde);
   void Fx(const Val& v, const Tx& quem, int args, bool fun);
   void PgmWiz(const Tx& lin, int32_t num);
+  void Ini();
+  bool Tmp(int32_t lin, const Tx& quem);
 
   Tx fic_;
   std::vector<Tx> pal_;
   TdaOpc o_;
   std::shared_ptr<vbs::ScriptControl> sc_ = std::make_shared<vbs::ScriptControl>();
+  std::shared_ptr<EfeReg> efe_ = std::make_shared<EfeReg>();
   VbsSup h_;
   Tx dirPgm_, imgFun_;
   Var dimX_, dimY_;
@@ -118,6 +116,20 @@ class Chk {
   bool pgmOk_ = false;
   std::vector<Achado> ach_;
 };
+
+// A fresh engine, with the checker's time limit on every call.
+void Chk::Ini() {
+  h_.VbsIni();
+  sc_->Timeout(kTmp);
+}
+
+// After a call of the engine: whether the time limit stopped it, and then the
+// finding on line lin, for what quem names ("the calculation of X"...).
+bool Chk::Tmp(int32_t lin, const Tx& quem) {
+  if (sc_->Error().Number != vbs::kErrTimeout) return false;
+  Ach(lin, true, quem + u" does not end within " + Num(kTmp / 1000) + u" s: a run would hang here");
+  return true;
+}
 
 // The value and line of a key of the current group; the first row of the key wins,
 // as in the reader's index ("F:" type marks and "Q." qualifiers are dropped).
@@ -237,7 +249,7 @@ void Chk::Zon(const Tx& tip, int16_t n, int g) {
 void Chk::Pgm(const Tx& tip, int32_t lin) {
   if (tip != u"TX" && tip != u"ZTX") {
     Ach(lin, true, u"a \"VBS\" group must have the kind TX or ZTX: this one keeps no lines, and its program is empty");
-    h_.VbsIni();
+    Ini();
     pgmLin_ = lin;
     pgmOk_ = false;  // the procedures it names are missing for that one reason
     return;
@@ -256,7 +268,9 @@ void Chk::Pgm(const Tx& tip, int32_t lin) {
       PgmWiz(o_.regLin[i], map.back());
     }
   }
-  h_.VbsIni();
+  Ini();
+  efe_->Pgm(tx, map);
+  efe_->Lin(lin);
   int16_t ok = 0;
   h_.PgmRegArr(1, o_.regLin, ok);
   pgmOk_ = ok == 1;
@@ -264,8 +278,9 @@ void Chk::Pgm(const Tx& tip, int32_t lin) {
     const vbs::ScriptError& e = sc_->Error();
     bool comp = e.Source.find(u"compilation") != Tx::npos;
     int32_t at = e.Line >= 1 && size_t(e.Line) <= map.size() ? map[size_t(e.Line - 1)] : lin;
-    Ach(at, true, (comp ? u"compile error " : u"run-time error ") + Num(e.Number) + u": " + e.Description +
-                      (comp ? Tx(u": the program is not loaded") : Tx(u" in the program's global statements")));
+    if (!Tmp(at, u"running the program's global statements"))
+      Ach(at, true, (comp ? u"compile error " : u"run-time error ") + Num(e.Number) + u": " + e.Description +
+                        (comp ? Tx(u": the program is not loaded") : Tx(u" in the program's global statements")));
   }
   for (const char16_t* n : {u"WizFpa", u"LtrCd", u"DrvCd", u"DirPgm", u"DirBas"}) {
     Tx v = Tx(n) == u"WizFpa" ? fic_ : Tx(n) == u"DirPgm" ? dirPgm_ : Tx();
@@ -420,14 +435,19 @@ void Chk::Grp(const Tx& ide, const Tx& tip, int16_t n, int g) {
 void Chk::Calc(int g) {
   int16_t ok = 0;
   if (dimX_.EhTx() || dimY_.EhTx()) return;  // "AUTO": the engine fails here (found already)
+  efe_->Lin(o_.zonLin);
   h_.ExeCmd(u"xMax=" + TxVar(Var(dimX_.Num() / kTwp)), ok);
   h_.ExeCmd(u"yMax=" + TxVar(Var(dimY_.Num() / kTwp)), ok);
   for (Zpo& z : zpo_) {
     z.ok.assign(z.stm.size(), 0);
     z.err.assign(z.stm.size(), Tx());
+    z.pre.resize(z.stm.size(), 0);
+    efe_->Lin(z.lin);
     for (size_t k = 0; k < z.stm.size(); k++) {
+      if (z.pre[k]) continue;  // it would only hang again
       h_.ExeCmd(z.stm[k], z.ok[k]);
       if (z.ok[k] != 1) z.err[k] = sc_->Error().Description;
+      if (z.ok[k] != 1 && Tmp(z.lin, u"the calculation of " + z.nom[k])) z.pre[k] = 1;
     }
     if (z.grp != g) continue;
     z.pri.clear();
@@ -460,7 +480,9 @@ void Chk::Fim() {
   int16_t ok = 0;
   // The last calculation: statements it refuses, values right only after a later group.
   for (const Zpo& z : zpo_) {
+    efe_->Lin(z.lin);
     for (size_t k = 0; k < z.ok.size(); k++) {
+      if (z.pre[k]) continue;  // found when it hung
       if (z.ok[k] != 1) {
         Ach(z.lin, true, u"the script engine refuses " + Aspa(z.stm[k]) + u" (" + z.err[k] + u"): " + z.nom[k] +
                              u" stays as it was");
@@ -531,10 +553,12 @@ void Chk::Fim() {
     for (const Val* v : {&c.pos, &c.dim}) {
       Tx a, b;
       TxDiv1(v->tx, u",", a, b);
+      efe_->Lin(v->lin);
       for (const Tx& e : {a, b}) {
         if (TxTrim(e).empty()) continue;
         Var r;
         h_.ExeCalc(e, r, ok);
+        if (ok != 1 && Tmp(v->lin, u"the expression " + Aspa(TxTrim(e)))) continue;
         if (ok != 1)
           Ach(v->lin, true, u"the script engine refuses the expression " + Aspa(TxTrim(e)) + u" (" +
                                 sc_->Error().Description + u"): that coordinate is not set");
@@ -550,10 +574,11 @@ std::vector<Achado> Chk::Exe() {
   Tx lc;
   for (const Tx& w : pal_) lc += (lc.empty() ? Tx() : Tx(u" ")) + w;
   TdaOpc::LcLin = lc;
+  sc_->Policy(EfePol(efe_));
   h_.VbsSupPrp(Var(), sc_);
   int16_t ok = 0;
-  h_.RegObPrp(u"N", u"Wiz", VbsObVar(new WizMudo), ok);
-  h_.VbsIni();
+  h_.RegObPrp(u"N", u"Wiz", VbsObVar(EfeWiz(efe_)), ok);
+  Ini();
   o_.ZonIni(fic_, u"");
   int g = 0;
   for (;;) {
@@ -566,6 +591,7 @@ std::vector<Achado> Chk::Exe() {
   }
   o_.ZonFim();
   Fim();
+  for (const EfeReg::Efe& e : efe_->Lis()) Ach(e.lin, e.erro, e.msg);
   std::stable_sort(ach_.begin(), ach_.end(), [](const Achado& a, const Achado& b) { return a.lin < b.lin; });
   return ach_;
 }
