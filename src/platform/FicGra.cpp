@@ -4,10 +4,12 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/file.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <cerrno>
 #include <cstdlib>
+#include <ctime>
 #include "FicGlb.h"
 
 namespace zw {
@@ -31,21 +33,6 @@ std::string Pasta(const std::string& p) {
   return i == std::string::npos ? "." : i == 0 ? "/" : p.substr(0, i);
 }
 
-// The file a path stands for: symbolic links followed, a relative target taken
-// from the link's folder. A loop of links ends after 40 steps, as the system's own.
-std::string Alvo(std::string p) {
-  for (int i = 0; i < 40; i++) {
-    struct stat l;
-    if (lstat(p.c_str(), &l) != 0 || !S_ISLNK(l.st_mode)) return p;
-    std::string t(size_t(l.st_size > 0 ? l.st_size : 4096) + 1, '\0');
-    ssize_t n = readlink(p.c_str(), t.data(), t.size());
-    if (n <= 0) return p;
-    t.resize(size_t(n));
-    p = t[0] == '/' ? t : Pasta(p) + "/" + t;
-  }
-  return p;
-}
-
 int GravaTudo(int fd, std::string_view b, off_t pos = -1) {
   for (size_t w = 0; w < b.size();) {
     ssize_t k = pos < 0 ? write(fd, b.data() + w, b.size() - w) : pwrite(fd, b.data() + w, b.size() - w, pos + off_t(w));
@@ -64,28 +51,127 @@ void SincPasta(const std::string& p) {
   if (d >= 0) fsync(d), close(d);
 }
 
+// Random letters and digits for a temporary name. The system's random source
+// first; should it fail, the clock and the process id mixed, which still varies.
+std::string Sorteio(size_t n) {
+  static const char kAlf[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789";
+  unsigned char b[64];
+  if (n > sizeof b) n = sizeof b;
+  if (getrandom(b, n, GRND_NONBLOCK) != ssize_t(n)) {
+    timespec t{};
+    clock_gettime(CLOCK_MONOTONIC, &t);
+    uint64_t x = uint64_t(t.tv_nsec) ^ uint64_t(t.tv_sec) << 30 ^ uint64_t(getpid()) << 17;
+    for (size_t i = 0; i < n; i++) x = x * 6364136223846793005ull + 1442695040888963407ull, b[i] = uint8_t(x >> 33);
+  }
+  std::string r(n, 'x');
+  for (size_t i = 0; i < n; i++) r[i] = kAlf[b[i] % (sizeof kAlf - 1)];
+  return r;
+}
+
 }  // namespace
+
+int FicCriNov(const std::string& nat, int flags, mode_t modo) {
+  return open(nat.c_str(), flags | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, modo);
+}
+
+int FicTmpCri(const std::string& nat, std::string& nome) {
+  size_t b = nat.rfind('/');
+  std::string base = Pasta(nat) + "/." + (b == std::string::npos ? nat : nat.substr(b + 1)) + ".zw-";
+  for (int i = 0; i < 100; i++) {
+    nome = base + Sorteio(12);
+    int fd = FicCriNov(nome, O_RDWR, 0600);
+    if (fd >= 0 || errno != EEXIST) return fd;
+  }
+  errno = EEXIST;
+  return -1;
+}
+
+bool DirCnf(const struct stat& d) {
+  uid_t eu = geteuid();
+  if (d.st_uid != eu && d.st_uid != 0) return false;
+  return !(d.st_mode & (S_IWGRP | S_IWOTH)) || (d.st_mode & S_ISVTX);
+}
+
+bool FicLnkCnf(const std::string& nat, const struct stat& l) {
+  if (l.st_uid != geteuid() && l.st_uid != 0) return false;
+  struct stat d;
+  return stat(Pasta(nat).c_str(), &d) == 0 && DirCnf(d);
+}
+
+// Links are taken one at a time, so that each is judged where it stands; a loop
+// of links ends after 40 steps, as the system's own.
+int FicAlvo(const std::string& nat, std::string& alvo) {
+  std::string p = nat;
+  for (int i = 0; i < 40; i++) {
+    struct stat l;
+    if (lstat(p.c_str(), &l) != 0 || !S_ISLNK(l.st_mode)) {
+      alvo = p;
+      return 0;
+    }
+    if (!FicLnkCnf(p, l)) return kErrPerm;
+    std::string t(size_t(l.st_size > 0 ? l.st_size : 4096) + 1, '\0');
+    ssize_t n = readlink(p.c_str(), t.data(), t.size());
+    if (n <= 0) {
+      alvo = p;
+      return 0;
+    }
+    t.resize(size_t(n));
+    p = t[0] == '/' ? t : Pasta(p) + "/" + t;
+  }
+  return kErrAces;
+}
+
+// Each missing level from the top down, so that every folder made gets the mode.
+int DirCriMod(const std::string& nat, mode_t modo) {
+  if (nat.empty()) return kErrDirNao;
+  struct stat st;
+  if (stat(nat.c_str(), &st) == 0) return S_ISDIR(st.st_mode) ? 0 : kErrAces;
+  std::string p = nat;
+  while (p.size() > 1 && p.back() == '/') p.pop_back();
+  std::string pai = Pasta(p);
+  if (pai != p && pai != "." && pai != "/") {
+    if (int e = DirCriMod(pai, modo)) return e;
+  }
+  if (mkdir(p.c_str(), modo) != 0 && errno != EEXIST) return FicErrNat(errno, p);
+  return stat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode) ? 0 : kErrAces;
+}
+
+int DirPrv(const std::string& nat, mode_t modo) {
+  std::string pai = Pasta(nat);
+  if (int e = DirCriMod(pai, modo)) return e;
+  if (mkdir(nat.c_str(), modo) != 0 && errno != EEXIST) return FicErrNat(errno, nat);
+  struct stat st;
+  if (lstat(nat.c_str(), &st) != 0) return FicErrNat(errno, nat);
+  if (!S_ISDIR(st.st_mode) || st.st_uid != geteuid() || (st.st_mode & (S_IWGRP | S_IWOTH))) return kErrPerm;
+  return 0;
+}
 
 FicGra::~FicGra() {
   if (hold_ >= 0) Desiste();
 }
 
-int FicGra::Abre(const std::string& nat, char modo) {
+int FicGra::Abre(const std::string& nat, char modo, mode_t novo) {
   if (hold_ >= 0) return kErrFicAbe;
   SemSinalTam();
   Limpa();
   modo_ = modo;
-  alvo_ = Alvo(nat);
+  if (int e = FicAlvo(nat, alvo_)) {
+    Limpa();
+    return e;
+  }
+  // The target is opened without following a link: one put there after the look
+  // above is refused rather than written through.
   struct stat st;
   for (int tentativa = 0; hold_ < 0 && tentativa < 2; tentativa++) {
-    if (stat(alvo_.c_str(), &st) == 0) {
+    if (lstat(alvo_.c_str(), &st) == 0) {
+      if (S_ISLNK(st.st_mode)) return kErrPerm;
       if (!S_ISREG(st.st_mode)) return kErrAces;
-      hold_ = open(alvo_.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY);
-      if (hold_ < 0 && errno == EACCES) hold_ = open(alvo_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
-      if (hold_ < 0) return FicErrNat(errno, alvo_);
+      hold_ = open(alvo_.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY | O_NOFOLLOW);
+      if (hold_ < 0 && errno == EACCES) hold_ = open(alvo_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NOFOLLOW);
+      if (hold_ < 0) return errno == ELOOP ? kErrPerm : FicErrNat(errno, alvo_);
     } else {
-      hold_ = open(alvo_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-      if (hold_ < 0 && errno == EEXIST) continue;  // made meanwhile: open what is there
+      hold_ = FicCriNov(alvo_, O_RDWR, novo);
+      if (hold_ < 0 && errno == EEXIST) continue;  // made meanwhile: look again
       if (hold_ < 0) return errno == EISDIR ? kErrAces : FicErrNat(errno, alvo_);
       novo_ = true;
     }
@@ -100,21 +186,29 @@ int FicGra::Abre(const std::string& nat, char modo) {
   if (flock(hold_, LOCK_EX | LOCK_NB) != 0) return Falha(kErrPerm);
   if (fstat(hold_, &st) != 0 || !S_ISREG(st.st_mode)) return Falha(kErrAces);
   tam0_ = int64_t(st.st_size);
+  // Other names of the file count only where no one else could have made them:
+  // a sticky folder does not do, since a second name carries the file's owner, not
+  // the one who made it.
+  bool ligado = false;
+  if (st.st_nlink > 1) {
+    struct stat d;
+    ligado = stat(Pasta(alvo_).c_str(), &d) == 0 && DirCnf(d) && !(d.st_mode & (S_IWGRP | S_IWOTH));
+    if (!ligado && modo == 'A') return Falha(kErrPerm);
+  }
   if (modo == 'A') {
     lseek(hold_, 0, SEEK_END);
     return 0;
   }
-  if (st.st_nlink > 1) {
+  if (ligado) {
     memoria_ = true;
     return 0;
   }
-  size_t b = alvo_.rfind('/');
-  std::string nome = b == std::string::npos ? alvo_ : alvo_.substr(b + 1);
-  tmpNom_ = Pasta(alvo_) + "/." + nome + ".zw-XXXXXX";
-  tmp_ = mkostemp(tmpNom_.data(), O_CLOEXEC);
+  tmp_ = FicTmpCri(alvo_, tmpNom_);
   if (tmp_ < 0) {
-    // A folder where no new name may be made: the file is rewritten in place.
     tmpNom_.clear();
+    // A folder where no new name may be made: the file is rewritten in place, but
+    // never one whose other names may not be the owner's.
+    if (st.st_nlink > 1) return Falha(kErrPerm);
     memoria_ = true;
     return 0;
   }

@@ -94,8 +94,20 @@ int Abre(int num, const Tx& path, char m, bool ler = true) {
     a.dados = TxDeBytes(b, &a.cod);
     a.byt = a.cod == Cod::Utf8Bom ? b.substr(3) : std::move(b);
   } else if (m == 'B') {
-    int fd = open(n.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, 0666);
-    if (fd < 0) return errno == EISDIR ? kErrAces : FicErrNat(errno, n);
+    // Links of the last part are followed only where the safe writer follows them,
+    // and the file itself is opened, or made new, without following one.
+    std::string alvo;
+    if (int e = FicAlvo(n, alvo)) return e;
+    int fd = -1;
+    for (int i = 0; fd < 0 && i < 2; i++) {
+      fd = open(alvo.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+      if (fd < 0 && errno == ENOENT) fd = FicCriNov(alvo, O_RDWR | O_NONBLOCK);
+      if (fd < 0 && errno != EEXIST && errno != ENOENT) break;
+    }
+    if (fd < 0) {
+      if (errno == EISDIR) return kErrAces;
+      return errno == ELOOP || errno == EEXIST ? kErrPerm : FicErrNat(errno, alvo);
+    }
     struct stat st;
     int e = fstat(fd, &st) != 0 || !S_ISREG(st.st_mode) ? kErrAces : 0;
     // Held as an output file is: another writer gets "Permission denied".

@@ -8,6 +8,7 @@
 #include <sstream>
 #include <vector>
 #include "FicGlb.h"
+#include "FicGra.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -225,7 +226,8 @@ Tx Escapa(const Tx& t) {
 }
 
 // The model as a version 5 file, UTF-16LE with its mark, as the registry editor
-// writes it.
+// writes it, through the safe writer: the old file stays whole until the new one
+// is complete, and no fixed temporary name or planted link is written through.
 bool Grava(const std::string& f, const Reg& r) {
   Tx t = u"Windows Registry Editor Version 5.00\r\n";
   for (const Tx& k : r.ordem) {
@@ -241,16 +243,17 @@ bool Grava(const std::string& f, const Reg& r) {
     b += char(c & 0xFF);
     b += char(c >> 8);
   }
-  int e = 0;
-  DirCriFic(TxDeUtf8(f), e);
-  std::string tmp = f + ".tmp";
-  {
-    std::ofstream out(tmp, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    out.write(b.data(), std::streamsize(b.size()));
-    if (!out.flush()) return false;
+  // The folder and a new file are never writable by others, whatever the umask;
+  // a file that is there keeps its mode and owner.
+  size_t k = f.rfind('/');
+  if (k != std::string::npos && k > 0 && DirCriMod(f.substr(0, k), 0755) != 0) return false;
+  FicGra g;
+  if (g.Abre(f, 'O', 0644) != 0) return false;
+  if (g.Grava(b) != 0) {
+    g.Desiste();
+    return false;
   }
-  return std::rename(tmp.c_str(), f.c_str()) == 0;
+  return g.Fecha() == 0;
 }
 
 Tx ChvDe(int32_t raiz, const Tx& path) {

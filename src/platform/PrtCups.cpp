@@ -2,6 +2,7 @@
 // the sequence that adds a printer that prints to a file.
 #include <cups/cups.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <filesystem>
 #include <string>
@@ -120,6 +121,96 @@ int Tem(const Tab& tab, const Tx& nome) {
   return 0;
 }
 
+// 1 when a folder on a port's way may stand there: it belongs to root or to the
+// running user, and only they may change it; a sticky folder counts on the way
+// (others cannot move what it holds), not as the port's own folder.
+bool PorDirCnf(const struct stat& d, bool ultimo) {
+  if (!S_ISDIR(d.st_mode) || (d.st_uid != 0 && d.st_uid != geteuid())) return false;
+  if (!(d.st_mode & (S_IWGRP | S_IWOTH))) return true;
+  return !ultimo && (d.st_mode & S_ISVTX);
+}
+
+// Makes a port's file safe to hand to the scheduler, which writes into it with
+// its own rights. The path is walked from "/" through folders held open, so that
+// none can be swapped while it is checked: every folder must pass PorDirCnf, a
+// link on the way is followed only when FicLnkCnf's rule allows it, and a missing
+// folder is made (0755 less the umask) when criaDir is set. The file itself is no
+// link: a missing one is made new (O_EXCL|O_NOFOLLOW, 0644 less the umask), an
+// existing one must be a regular file of the running user's (root's, for root).
+// 0, or 70 refused, 75 not a file, 76 a folder missing.
+int PorPrp(const Tx& nome, bool criaDir) {
+  int e = 0;
+  std::string nat = FicNat(TxTrim(nome), &e);
+  if (e) return e;
+  if (nat.empty()) return kErrAces;
+  std::error_code ec;
+  fs::path abs = fs::absolute(nat, ec).lexically_normal();
+  if (ec || !abs.has_filename()) return kErrAces;
+  std::vector<std::string> resto;
+  for (const fs::path& c : abs.relative_path()) resto.insert(resto.begin(), c.string());
+  int dir = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
+  std::vector<int> pilha;  // the folders above, for ".." in a link's target
+  auto Fim = [&](int r) {
+    if (dir >= 0) close(dir);
+    for (int d : pilha) close(d);
+    return r;
+  };
+  int ligacoes = 0;
+  while (!resto.empty()) {
+    struct stat d;
+    if (dir < 0 || fstat(dir, &d) != 0) return Fim(kErrAces);
+    std::string c = resto.back();
+    resto.pop_back();
+    bool ultimo = resto.empty();
+    if (!PorDirCnf(d, ultimo)) return Fim(kErrPerm);
+    if (c == "." || c.empty()) continue;
+    if (c == "..") {
+      if (!pilha.empty()) close(dir), dir = pilha.back(), pilha.pop_back();
+      continue;
+    }
+    struct stat st;
+    if (fstatat(dir, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) {
+      if (errno != ENOENT) return Fim(kErrAces);
+      if (ultimo) {
+        int fd = openat(dir, c.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, 0644);
+        if (fd < 0) return Fim(errno == EEXIST ? kErrPerm : FicErrNat(errno, nat));
+        close(fd);
+        return Fim(0);
+      }
+      if (!criaDir) return Fim(kErrDirNao);
+      if (mkdirat(dir, c.c_str(), 0755) != 0 && errno != EEXIST) return Fim(FicErrNat(errno, nat));
+      if (fstatat(dir, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return Fim(kErrAces);
+    }
+    if (S_ISLNK(st.st_mode)) {
+      // The port itself is never a link; a folder's link only where it is trusted.
+      if (ultimo || ++ligacoes > 40 || (st.st_uid != 0 && st.st_uid != geteuid())) return Fim(kErrPerm);
+      std::string t(size_t(st.st_size > 0 ? st.st_size : 4096) + 1, '\0');
+      ssize_t n = readlinkat(dir, c.c_str(), t.data(), t.size());
+      if (n <= 0) return Fim(kErrAces);
+      t.resize(size_t(n));
+      std::vector<std::string> novo;
+      for (const fs::path& x : fs::path(t).relative_path()) novo.push_back(x.string());
+      for (auto it = novo.rbegin(); it != novo.rend(); ++it) resto.push_back(*it);
+      if (t[0] == '/') {
+        close(dir);
+        for (int x : pilha) close(x);
+        pilha.clear();
+        dir = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
+      }
+      continue;
+    }
+    if (ultimo) {
+      if (!S_ISREG(st.st_mode)) return Fim(kErrAces);
+      return Fim(st.st_uid == geteuid() ? 0 : kErrPerm);
+    }
+    int sub = openat(dir, c.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (sub < 0) return Fim(errno == ENOTDIR ? kErrDirNao : kErrAces);
+    pilha.push_back(dir);
+    dir = sub;
+  }
+  return Fim(kErrAces);
+}
+
 }  // namespace
 
 void PrtSrvDef(const Tx& srv) { cupsSetServer(srv.empty() ? nullptr : TxUtf8(srv).c_str()); }
@@ -169,13 +260,7 @@ void PrtPorExi(const Tx& nome, int& flag) {
   flag = Tem(tab, PorFrm(nome));
 }
 
-void PrtPorAdi(const Tx& nome, int& ok) {
-  int e = 0;
-  std::string nat = FicNat(TxTrim(nome), &e);
-  int fd = e || nat.empty() ? -1 : ::open(nat.c_str(), O_WRONLY | O_CREAT, 0644);
-  ok = fd >= 0 ? 1 : 0;
-  if (fd >= 0) ::close(fd);
-}
+void PrtPorAdi(const Tx& nome, int& ok) { ok = PorPrp(nome, false) == 0 ? 1 : 0; }
 
 void PrtExi(const Tx& nome, int& flag) {
   PrtTab tab;
@@ -220,20 +305,20 @@ Tx PrtErrTx(long num) {
   return TxDeUtf8(s);
 }
 
-// Adds a printer that prints to a file. The port is added when it is missing, and
-// its result is not looked at: a port that cannot be made shows only if the printer
-// add then fails for it.
+// Adds a printer that prints to a file. The port comes first: its folders are made
+// when missing, and a port that may not be used (PorPrp) stops everything, with
+// "PR_VT_KO" and the scheduler's status "forbidden", before anything is added. A
+// port that is there is kept as it is.
 Tx FxPrtPdfIns(const Tx& prt, const Tx& por, const Tx& drv) {
-  Tx res = u"OK";
+  if (PorPrp(por, true) != 0) {
+    gErr = long(IPP_STATUS_ERROR_FORBIDDEN);
+    return u"PR_VT_KO";
+  }
   int r = 0, f = 0;
-  DirCriFic(por, r);
-  PrtPorExi(por, f);
-  if (!f) PrtPorAdi(por, r);
   PrtExi(prt, f);
   if (f) return u"PR_VT_EXI";
   PrtAdi(prt, drv, por, 66, r);
-  if (r != 1) res = u"PR_VT_KO";
-  return res;
+  return r == 1 ? u"OK" : u"PR_VT_KO";
 }
 
 }  // namespace zw

@@ -1,6 +1,7 @@
 // The log class: registers with lock files, header blocks, start, access, group
 // and error records, and clearing a register.
 #include "SupLogReg.h"
+#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 #include <chrono>
@@ -9,6 +10,7 @@
 #include <thread>
 #include "DbgFx.h"
 #include "FicGlb.h"
+#include "FicGra.h"
 #include "GlbMsg.h"
 #include "PrcExe.h"
 #include "TxtGlb.h"
@@ -49,26 +51,34 @@ void Espera() {
   std::this_thread::sleep_for(std::chrono::milliseconds(100));
   EvtPmp();
 }
-// A folder is usable when a test file "Tmp.xxx" can be made and deleted in it.
-bool Usavel(const Tx& dir) {
-  int r = 0;
-  if (DirExi(dir) != 1) DirCriTot(dir, r);
-  Tx t = Jun(dir, u"Tmp.xxx");
-  FicCriVaz(t, r);
-  if (r != 1) return false;
-  FicEli(t, r);
-  return r == 0;
+// A register folder of this user's is usable when a test file can be made and
+// deleted in it, as on Windows; the test file has a name no one can foresee.
+bool Usavel(const std::string& dir) {
+  if (DirPrv(dir) != 0) return false;
+  std::string t;
+  int fd = FicTmpCri(dir + "/Tmp.xxx", t);
+  if (fd < 0) return false;
+  close(fd);
+  return unlink(t.c_str()) == 0;
 }
 Tx Str(int n) { return n >= 0 ? u" " + TxAsc(std::to_string(n)) : TxAsc(std::to_string(n)); }
 }  // namespace
 
+// Root's folder, then the user's state folder; each is taken only when it is a
+// folder of the user's alone (made 0700 when missing). The last resort in /tmp has
+// a name others can foresee, so one that is there and not the user's alone is
+// passed over for a new folder of unforeseeable name.
 Tx LogDirPad() {
-  if (geteuid() == 0 && Usavel(u"/var/log/zunwiz")) return u"/var/log/zunwiz";
+  if (geteuid() == 0 && Usavel("/var/log/zunwiz")) return u"/var/log/zunwiz";
   if (passwd* p = getpwuid(geteuid())) {
-    Tx d = TxDeUtf8(p->pw_dir) + u"/.local/state/zunwiz";
-    if (p->pw_dir && *p->pw_dir && Usavel(d)) return d;
+    std::string d = std::string(p->pw_dir ? p->pw_dir : "") + "/.local/state/zunwiz";
+    if (p->pw_dir && *p->pw_dir && Usavel(d)) return TxDeUtf8(d);
   }
-  return u"/tmp/zunwiz-" + TxAsc(std::to_string(geteuid()));
+  std::string t = "/tmp/zunwiz-" + std::to_string(geteuid());
+  if (DirPrv(t) == 0) return TxDeUtf8(t);
+  std::string m = t + "-XXXXXX";
+  if (mkdtemp(m.data())) return TxDeUtf8(m);
+  return TxDeUtf8(t);
 }
 
 SupLogReg::SupLogReg() { DbgObjIni(cls, stamp); }
@@ -192,9 +202,15 @@ Tx SupLogReg::RegLck(const Tx& tipo) const {
 // The lock first, in up to 20 attempts 100 ms apart, then the register for append.
 int SupLogReg::Abre(Reg& r) {
   if (r.num) return 1;
-  int res = 0;
-  DirCriFic(r.fic, res);
-  FicCriVaz(r.lck, res);
+  // The folder, the register and its lock file are made never writable by others
+  // whatever the umask, and a planted link in their place is refused.
+  std::string fic = FicNat(r.fic), lck = FicNat(r.lck);
+  size_t k = fic.rfind('/');
+  if (k != std::string::npos && k > 0 && DirCriMod(fic.substr(0, k), 0755) != 0) return 0;
+  for (const std::string* f : {&lck, &fic}) {
+    int fd = FicCriNov(*f, O_WRONLY, 0644);
+    if (fd >= 0) close(fd);
+  }
   int n = 0;
   for (int i = 0; i < 20; i++) {
     n = FicNumLiv();

@@ -6,6 +6,9 @@
 // on reading CR LF, LF and CR all end a line. Writing goes through the platform's
 // safe writer: a file replaced whole appears only at the close, when every byte
 // of it was written, and a failed write leaves the old file as it was.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -35,8 +38,15 @@ class Texto : public Obj {
     if (modo_ == 1) {
       if (!existe) {
         if (!criar) FsoErr(ENOENT, false);
-        f = std::fopen(nat.c_str(), "wb+");
-        if (!f) FsoErr(errno, false);
+        // Made new, never through a link planted in its place.
+        int fd = zw::FicCriNov(nat, O_RDWR);
+        if (fd < 0) FsoErr(errno == EEXIST ? EACCES : errno, false);
+        f = fdopen(fd, "rb");
+        if (!f) {
+          int e = errno;
+          close(fd);
+          FsoErr(e, false);
+        }
       }
       std::string b;
       char buf[65536];

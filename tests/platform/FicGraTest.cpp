@@ -188,3 +188,92 @@ TEST_F(Gra, LineBytesAsRead) {
   EXPECT_EQ(FicFec(1), 0);
   EXPECT_EQ(Le("o"), "\xef\xbb\xbf" "a\xff\r\n\xc3\xa7\r\n");
 }
+
+// A folder that others may write: a link or a second name found there may have
+// been put there by anyone, and no write goes through it.
+TEST_F(Gra, LinksWhereOthersMayWriteAreNotWrittenThrough) {
+  Escreve("alvo", "intacto");
+  ASSERT_EQ(mkdir(P("aberta").c_str(), 0700), 0);
+  ASSERT_EQ(chmod(P("aberta").c_str(), 0777), 0);  // not sticky: anyone may swap names
+  ASSERT_EQ(symlink(P("alvo").c_str(), P("aberta/l").c_str()), 0);
+  ASSERT_EQ(symlink(P("aberta/nada").c_str(), P("aberta/pendente").c_str()), 0);
+  FicGra g;
+  EXPECT_EQ(g.Abre(P("aberta/l"), 'O'), kErrPerm);
+  EXPECT_EQ(g.Abre(P("aberta/l"), 'A'), kErrPerm);
+  EXPECT_EQ(g.Abre(P("aberta/pendente"), 'O'), kErrPerm);
+  int r = 0;
+  FicAbrBin(1, TxAsc(P("aberta/l")), r);
+  EXPECT_EQ(r, -kErrPerm);
+  FicAbrBin(1, TxAsc(P("aberta/pendente")), r);
+  EXPECT_EQ(r, -kErrPerm);
+  FicAbrNum(1, TxAsc(P("aberta/l")), u"O", r);
+  EXPECT_EQ(r, -kErrPerm);
+  EXPECT_EQ(Le("alvo"), "intacto");
+  EXPECT_NE(access(P("aberta/nada").c_str(), F_OK), 0);  // no file made at a link's end
+
+  // A second name of the file there: a replacement takes that name alone, an
+  // append is refused.
+  ASSERT_EQ(link(P("alvo").c_str(), P("aberta/h").c_str()), 0);
+  ASSERT_EQ(g.Abre(P("aberta/h"), 'O'), 0);
+  EXPECT_EQ(g.Grava("novo"), 0);
+  EXPECT_EQ(g.Fecha(), 0);
+  EXPECT_EQ(Le("aberta/h"), "novo");
+  EXPECT_EQ(Le("alvo"), "intacto");
+  ASSERT_EQ(unlink(P("aberta/h").c_str()), 0);
+  ASSERT_EQ(link(P("alvo").c_str(), P("aberta/h").c_str()), 0);
+  EXPECT_EQ(g.Abre(P("aberta/h"), 'A'), kErrPerm);
+  EXPECT_EQ(Le("alvo"), "intacto");
+
+  // The same link in a sticky folder of the user's own is the user's to keep.
+  ASSERT_EQ(chmod(P("aberta").c_str(), 01777), 0);
+  ASSERT_EQ(g.Abre(P("aberta/l"), 'A'), 0);
+  EXPECT_EQ(g.Grava("+"), 0);
+  EXPECT_EQ(g.Fecha(), 0);
+  EXPECT_EQ(Le("alvo"), "intacto+");
+}
+
+TEST_F(Gra, NewFilesAndTemporaryNames) {
+  // A new file is new: a name taken, by a link too, is refused and not followed.
+  ASSERT_EQ(symlink(P("fim").c_str(), P("l").c_str()), 0);
+  EXPECT_EQ(FicCriNov(P("l"), O_WRONLY), -1);
+  EXPECT_EQ(errno, EEXIST);
+  EXPECT_NE(access(P("fim").c_str(), F_OK), 0);
+  mode_t velha = umask(0);
+  int fd = FicCriNov(P("n"), O_WRONLY, 0640);
+  umask(velha);
+  ASSERT_GE(fd, 0);
+  close(fd);
+  struct stat st;
+  ASSERT_EQ(stat(P("n").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0640u);
+
+  // Temporary names: hidden, in the target's folder, owner-only, never the same.
+  std::string a, b;
+  int fa = FicTmpCri(P("alvo.txt"), a), fb = FicTmpCri(P("alvo.txt"), b);
+  ASSERT_GE(fa, 0);
+  ASSERT_GE(fb, 0);
+  close(fa), close(fb);
+  EXPECT_NE(a, b);
+  EXPECT_EQ(a.rfind(P(".alvo.txt.zw-"), 0), 0u) << a;
+  EXPECT_EQ(a.size(), P(".alvo.txt.zw-").size() + 12);
+  ASSERT_EQ(stat(a.c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0600u);
+}
+
+TEST_F(Gra, PrivateFolders) {
+  mode_t velha = umask(0);
+  EXPECT_EQ(DirPrv(P("a/b")), 0);
+  EXPECT_EQ(DirCriMod(P("c/d"), 0750), 0);
+  umask(velha);
+  struct stat st;
+  ASSERT_EQ(stat(P("a/b").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0700u);
+  ASSERT_EQ(stat(P("c").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0750u);
+  ASSERT_EQ(symlink(P("a/b").c_str(), P("l").c_str()), 0);
+  EXPECT_EQ(DirPrv(P("l")), kErrPerm);  // a link, even to the user's own folder
+  ASSERT_EQ(chmod(P("a/b").c_str(), 0770), 0);
+  EXPECT_EQ(DirPrv(P("a/b")), kErrPerm);  // others may write in it
+  Escreve("f", "");
+  EXPECT_EQ(DirPrv(P("f")), kErrPerm);
+}

@@ -1,5 +1,6 @@
 // The registry stand-in over export files, and the folders and drives.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <cstdlib>
 #include <fstream>
@@ -102,6 +103,33 @@ TEST_F(Reg, WritesKeepOtherValuesAndReadBack) {
   EXPECT_FALSE(RegVarGra(777, u"X", u"Y", u"Z"));
   RegFicDef(u"/proc/zw-no-such/r.reg");
   EXPECT_FALSE(RegVarGra(kHklm, u"X", u"Y", u"Z"));
+}
+
+// A write replaces the file through the safe writer: the old file's mode stays, a
+// new file and folder are never writable by others whatever the umask, and no
+// fixed temporary name is written through.
+TEST_F(Reg, WritesKeepTheModeAndFollowNoPlantedName) {
+  Escreve("REGEDIT4\r\n");
+  ASSERT_EQ(chmod(fic_.c_str(), 0600), 0);
+  std::ofstream(dir_ + "/vitima", std::ios::binary) << "intacto";
+  ASSERT_EQ(symlink((dir_ + "/vitima").c_str(), (fic_ + ".tmp").c_str()), 0);
+  EXPECT_TRUE(RegVarGra(kHklm, u"K", u"V", u"v"));
+  struct stat st;
+  ASSERT_EQ(stat(fic_.c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0600u);
+  std::ifstream in(dir_ + "/vitima", std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "intacto");
+  EXPECT_EQ(RegVarLer(kHklm, u"K", u"V"), u"v" + kNul);
+
+  RegFicDef(TxAsc(dir_ + "/novo/r.reg"));
+  mode_t velha = umask(0);
+  bool ok = RegVarGra(kHklm, u"K", u"V", u"v");
+  umask(velha);
+  EXPECT_TRUE(ok);
+  ASSERT_EQ(stat((dir_ + "/novo").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0755u);
+  ASSERT_EQ(stat((dir_ + "/novo/r.reg").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0644u);
 }
 
 TEST(Sis, FoldersAndDrives) {

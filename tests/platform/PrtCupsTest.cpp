@@ -17,6 +17,7 @@
 #include <thread>
 #include "FicGlb.h"
 #include "Prt.h"
+#include "TstTmp.h"
 #include "TxtGlb.h"
 
 using namespace zw;
@@ -221,6 +222,52 @@ TEST_F(PrtCupsTest, NoSchedulerMeansEmptyTablesAndAFailedAdd) {
   PrtLis(tab, n);
   EXPECT_EQ(n, 0);
   EXPECT_EQ(FxPrtPdfIns(u"Nada", Fic("nada.pdf"), TxAsc(kModelo)), u"PR_VT_KO");
+}
+
+// The port's file, with no scheduler needed: it is checked and made before any
+// printer is asked for.
+TEST(PrtPor, APortIsNoLinkAndLiesInFoldersOnlyItsUserMayChange) {
+  std::string d = tst::PastaTmp();
+  auto T = [&](const std::string& n) { return TxDeUtf8(d + "/" + n); };
+  std::ofstream(d + "/vitima") << "intacto";
+  ASSERT_EQ(symlink((d + "/vitima").c_str(), (d + "/l.pdf").c_str()), 0);
+  ASSERT_EQ(symlink((d + "/nada").c_str(), (d + "/pendente.pdf").c_str()), 0);
+  int ok = -1;
+  PrtPorAdi(T("l.pdf"), ok);
+  EXPECT_EQ(ok, 0);
+  PrtPorAdi(T("pendente.pdf"), ok);
+  EXPECT_EQ(ok, 0);
+  EXPECT_FALSE(fs::exists(d + "/nada"));
+  {
+    std::ifstream in(d + "/vitima");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "intacto");
+  }
+  PrtPorAdi(T("vitima"), ok);  // a file of the user's that is there is kept
+  EXPECT_EQ(ok, 1);
+
+  fs::create_directory(d + "/aberta");
+  chmod((d + "/aberta").c_str(), 0777);
+  PrtPorAdi(T("aberta/a.pdf"), ok);
+  EXPECT_EQ(ok, 0);
+  EXPECT_FALSE(fs::exists(d + "/aberta/a.pdf"));
+
+  // What a script sees: the add refused before the scheduler is asked.
+  PrtSrvDef(TxDeUtf8(d + "/nenhum.sock"));
+  EXPECT_EQ(FxPrtPdfIns(u"Nada", T("l.pdf"), u"Generic PDF Printer"), u"PR_VT_KO");
+  EXPECT_EQ(PrtErrUlt(), long(0x0401));  // client-error-forbidden
+
+  // Missing folders are made, never writable by others whatever the umask.
+  mode_t velha = umask(0);
+  PrtPorAdi(T("sem/p.pdf"), ok);
+  EXPECT_EQ(ok, 0);  // adding a port makes no folder
+  EXPECT_EQ(FxPrtPdfIns(u"Nada", T("sem/p.pdf"), u"x"), u"PR_VT_KO");  // no scheduler here
+  umask(velha);
+  PrtSrvDef(u"");
+  struct stat st;
+  ASSERT_EQ(stat((d + "/sem").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0755u);
+  ASSERT_EQ(stat((d + "/sem/p.pdf").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0644u);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // The log class: header blocks, records in their registers, locks and clearing.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -198,4 +199,29 @@ TEST_F(Log, ARecordOnAFullDiskLeavesTheRegisterAsItWas) {
   EXPECT_EQ(std::string((std::istreambuf_iterator<char>(de)), {}), antes);
   // the register and its lock, which stays between records, and nothing else
   EXPECT_EQ(std::system(("test \"$(ls -A '" + cheio.pasta + "' | tr '\\n' ' ')\" = 'LogIni.lck LogIni.txt '").c_str()), 0);
+}
+
+// Registers, lock files and their folder are never writable by others whatever
+// the umask, and a register that is a link someone else could have put there is
+// not written through.
+TEST_F(Log, RegistersAreNeverOpenToOthersNorWrittenThroughPlantedLinks) {
+  log_.DirDef(TxAsc(dir_ + "/novo"));
+  mode_t velha = umask(0);
+  int ok = log_.RegIniMsg(u"x");
+  umask(velha);
+  EXPECT_EQ(ok, 1);
+  struct stat st;
+  for (const char* f : {"/novo", "/novo/LogIni.txt", "/novo/LogIni.lck"}) {
+    ASSERT_EQ(stat((dir_ + f).c_str(), &st), 0) << f;
+    EXPECT_EQ(st.st_mode & 0022, 0u) << f;
+  }
+
+  std::ofstream(dir_ + "/vitima", std::ios::binary) << "intacto";
+  ASSERT_EQ(chmod((dir_ + "/novo").c_str(), 0777), 0);
+  ASSERT_EQ(symlink((dir_ + "/vitima").c_str(), (dir_ + "/novo/LogErr.txt").c_str()), 0);
+  EXPECT_EQ(log_.ErrMsg(1, 53, u"", u"", u"abrir"), 0);
+  ASSERT_EQ(g_.cx.size(), 1u);  // the user is told the record was not made
+  EXPECT_EQ(g_.Ult().tit, u"Mensagem de Erro");
+  std::ifstream in(dir_ + "/vitima", std::ios::binary);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "intacto");
 }
