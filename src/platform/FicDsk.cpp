@@ -3,15 +3,20 @@
 // Every failure comes back as a file-layer error number, never as an exception.
 #include <dirent.h>
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <map>
 #include "DbgFx.h"
 #include "FicGlb.h"
 #include "PrcExe.h"
+#include "SupShf.h"
+#include "SupShfInt.h"
+#include "SupShfPrg.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -181,10 +186,25 @@ void FicTip(const Tx& path, Tx& tip, int& atr) { FicTipCon(path, atr, tip); }
 
 // Deletes files only; "*" and "?" in the name delete every file that matches, and
 // no match at all is 53, as for a single missing file. A folder is not a file: 53.
+// A wildcard acts on every file of its folder at once, so it is refused (70, and a
+// "SHF NEG" line to the progress service) in a folder that FicDirSis protects,
+// however the path spells it ("C:\*.*", "\*.*" and "/*.*" are all the root).
 void FicEli(const Tx& path, int& res) {
   Tx dir, nom;
   DivDsk(path, dir, nom);
   if (nom.find_first_of(u"*?") != Tx::npos) {
+    int e = 0;
+    std::string nd = FicNat(dir.empty() ? Tx(u".") : dir, &e);
+    if (e) {
+      res = e;
+      return;
+    }
+    Tx porque = FicDirSis(nd);
+    if (!porque.empty()) {
+      if (ShfPrg* p = ShfPrgAct()) p->Nota(u"NEG", FicJun(FicDeNat(shf::Canon(nd)), nom), porque);
+      res = kErrPerm;
+      return;
+    }
     std::vector<Tx> noms;
     int n = 0, err = 0;
     DirLisAtr(u"F", 7, dir, nom, noms, nullptr, n, err);
@@ -220,7 +240,7 @@ void FicEli(const Tx& path, int& res) {
     res = kErrAces;
     return;
   }
-  int fd = open(n.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+  int fd = open(n.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOFOLLOW);
   bool preso = fd >= 0 && Preso(fd);
   if (fd >= 0) close(fd);
   if (preso) {
@@ -230,71 +250,12 @@ void FicEli(const Tx& path, int& res) {
   res = unlink(n.c_str()) == 0 ? 0 : FicErrNat(errno, n);
 }
 
-// Copies bytes and the permission bits (an installer's programs stay runnable). The
-// paths are compared in capitals first: the same path twice is -1 and nothing moves.
+// The one-file copy of the shell's file operation: the copy is this process's
+// user's, with the mode and read-only rules of every copy, and a name planted at the
+// destination (a link) is replaced, never written through. The paths are compared
+// in capitals first: the same path twice is -1 and nothing moves.
 void FicCop(const Tx& orig, const Tx& dest, int& res) {
-  if (TxMai(orig) == TxMai(dest)) {
-    res = -1;
-    return;
-  }
-  int e = 0;
-  std::string o = FicNat(orig, &e);
-  if (e) { res = e; return; }
-  std::string d = FicNat(dest, &e);
-  if (e) { res = e; return; }
-  int fi = open(o.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fi < 0) {
-    res = FicErrNat(errno, o);
-    return;
-  }
-  struct stat st;
-  if (fstat(fi, &st) != 0 || S_ISDIR(st.st_mode)) {
-    close(fi);
-    res = kErrAces;
-    return;
-  }
-  struct stat sd;
-  if (stat(d.c_str(), &sd) == 0 && SoLeitura(sd)) {  // a read-only target is not replaced
-    close(fi);
-    res = kErrAces;
-    return;
-  }
-  int fo = open(d.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, st.st_mode & 07777);
-  if (fo < 0) {
-    res = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
-    close(fi);
-    return;
-  }
-  if (Preso(fo) || ftruncate(fo, 0) != 0) {  // a target that a writer holds stays as it is
-    res = kErrPerm;
-    close(fo);
-    close(fi);
-    return;
-  }
-  res = 0;
-  char buf[65536];
-  for (;;) {
-    ssize_t r = read(fi, buf, sizeof buf);
-    if (r == 0) break;
-    if (r < 0) {
-      if (errno == EINTR) continue;
-      res = kErrIO;
-      break;
-    }
-    for (ssize_t w = 0; w < r;) {
-      ssize_t k = write(fo, buf + w, size_t(r - w));
-      if (k < 0) {
-        if (errno == EINTR) continue;
-        res = FicErrNat(errno, d);
-        break;
-      }
-      w += k;
-    }
-    if (res) break;
-  }
-  fchmod(fo, st.st_mode & 07777);
-  if (close(fo) != 0 && !res) res = FicErrNat(errno, d);
-  close(fi);
+  res = TxMai(orig) == TxMai(dest) ? -1 : ShfFicCop(orig, dest);
 }
 
 // Renames a file or a folder; an existing target is 58 (never overwritten).
@@ -434,6 +395,50 @@ void DirLisAtr(const Tx& tipos, int atr, const Tx& dir, const Tx& padrao, std::v
 
 void DirLis(const Tx& tipos, const Tx& dir, const Tx& padrao, std::vector<Tx>& noms, int& n, int& err) {
   DirLisAtr(tipos, 7, dir, padrao, noms, nullptr, n, err);
+}
+
+bool FicPadCasa(const Tx& padrao, const Tx& nom) { return Casa(padrao, 0, nom, 0); }
+
+// The folders are compared as the kernel resolves them, so "/lib" finds "/usr/lib"
+// where one is a link to the other, and "/tmp/.." is the root; with segue false the
+// last name of nat is not resolved, so a link elsewhere that leads to /usr is not
+// /usr, while the link /lib itself still counts. The system's list is
+// the top folders of the file-system layout, the standard folders of /usr, and the
+// folders the library gives scripts as the Windows and system folders (/etc,
+// /usr/local/lib); a folder below them (/usr/local/lib/zun) is the installer's.
+Tx FicDirSis(const std::string& nat, bool segue) {
+  std::string c = shf::Canon(nat.empty() ? std::string(".") : nat);
+  if (!segue) {
+    std::string p = nat;
+    while (p.size() > 1 && p.back() == '/') p.pop_back();
+    std::string nom = shf::Nome(p);
+    if (!nom.empty() && nom != "." && nom != "..") {
+      std::string pai = shf::Canon(shf::Pasta(p));
+      c = (pai == "/" ? "" : pai) + "/" + nom;
+    }
+  }
+  if (c == "/") return u"root";
+  for (auto& [l, d] : Drives())
+    if (TxUtf8(d) == c || shf::Canon(TxUtf8(d)) == c) return u"root";
+  static const char* const sis[] = {
+      "/bin", "/boot", "/dev", "/etc", "/home", "/lib", "/lib32", "/lib64", "/libx32", "/media", "/mnt",
+      "/opt", "/proc", "/root", "/run", "/sbin", "/srv", "/sys", "/usr", "/var", "/usr/bin", "/usr/include",
+      "/usr/lib", "/usr/lib32", "/usr/lib64", "/usr/libexec", "/usr/libx32", "/usr/local", "/usr/sbin",
+      "/usr/share", "/usr/src", "/usr/local/bin", "/usr/local/lib", "/usr/local/sbin", "/usr/local/share",
+      "/var/cache", "/var/lib", "/var/log", "/var/spool"};
+  for (const char* d : sis)
+    if (c == d || shf::Canon(d) == c) return u"system folder";
+  const char* home = std::getenv("HOME");
+  if (home && *home && (c == home || shf::Canon(home) == c)) return u"home folder";
+  bool casa = false;
+  setpwent();
+  while (passwd* pw = getpwent())
+    if (pw->pw_dir && pw->pw_dir[0] == '/' && (c == pw->pw_dir || shf::Canon(pw->pw_dir) == c)) {
+      casa = true;
+      break;
+    }
+  endpwent();
+  return casa ? u"home folder" : Tx();
 }
 
 // Makes sure a file exists: creates its folder and an empty file when it is

@@ -74,8 +74,14 @@ void FicTipCon(const Tx& path, int& atr, Tx& tip);  // "F", "D" or "?" (attribut
 void FicTip(const Tx& path, Tx& tip, int& atr);
 void FicExi(const Tx& path, int& res);  // 1, 0 when not found, or -error
 int FicExi(const Tx& path);
+// Deletes a file; "*" and "?" in the name delete every file that matches, but never
+// in a folder that FicDirSis names: that is 70, told to the progress service as
+// "SHF NEG". A read-only file is 75, a held one 70, no match 53.
 void FicEli(const Tx& path, int& res);
-void FicCop(const Tx& orig, const Tx& dest, int& res);  // -1 when both name one file
+// Copies a file as ShfFicCop does (a new file of this process's user, under a
+// temporary name renamed into place; read-only 75, held 70); -1 when both names
+// are the same in capitals or name one file.
+void FicCop(const Tx& orig, const Tx& dest, int& res);
 void FicRen(const Tx& velho, const Tx& novo, int& res);
 void DirCri(const Tx& path, int& res);
 void DirCriTot(const Tx& path, int& res);
@@ -85,6 +91,16 @@ int DirExi(const Tx& path);
 void DirLisAtr(const Tx& tipos, int atr, const Tx& dir, const Tx& padrao, std::vector<Tx>& noms,
                std::vector<int>* atrs, int& n, int& err);
 void DirLis(const Tx& tipos, const Tx& dir, const Tx& padrao, std::vector<Tx>& noms, int& n, int& err);
+// True when a name matches a pattern by the file layer's rules: "*" any run, "?"
+// one character, capitals and small letters alike, "*.*" also without a dot.
+bool FicPadCasa(const Tx& padrao, const Tx& nom);
+// Why a delete of many entries at once (a wildcard, a folder tree) must leave the
+// folder nat (a Linux path, taken as the kernel resolves it) alone: "root" for the
+// top of the tree or of a drive letter's folder, "system folder" for a folder of
+// the operating system, "home folder" for a user's home; "" for any other folder.
+// With segue false the last name of nat is taken as it is (a link named /lib counts,
+// a link elsewhere that leads to /usr does not): the test for an entry to remove.
+Tx FicDirSis(const std::string& nat, bool segue = true);
 void FicCriVaz(const Tx& path, int& res);
 void FicVerShl(const Tx& path, int estilo);
 void FicVerNot(const Tx& path, int estilo);

@@ -5,22 +5,35 @@
 //
 // What a run does, on Linux:
 // - A source whose name holds "*" or "?" stands for every entry of its folder that
-//   matches (folders too unless IncludeDirectories is off). Several sources, or a
+//   matches (folders too unless IncludeDirectories is off), names taken as the
+//   kernel's bytes, valid UTF-8 or not. Several sources, or a
 //   wildcard, make the destination a folder, created when missing; one plain source
 //   goes into the destination when that is a folder, and becomes it otherwise.
 // - Copies are data-safe: each file is written under a temporary name in its
 //   destination folder and renamed into place, so a failed or cancelled copy leaves
-//   an earlier destination file whole and no half-written file behind. A source is
-//   only read. Symbolic links are copied as links, modes and times are kept (owners
-//   too when running as root). A folder is never copied into itself or into one of
-//   its own subfolders: such a run answers 0 and writes nothing.
+//   an earlier destination file whole and no half-written file behind; the
+//   temporary names are random, so nobody can plant them. A source is only read.
+//   Symbolic links are copied as links, whatever they lead to; times are kept. A
+//   copy belongs to the user who runs the program (root's when it runs as root),
+//   never to the source's owner, and its mode is the source's less the group and
+//   world bits of the creation mask, without set-user and set-group bits (the
+//   owner's bits, and with them the read-only attribute, are the source's). A
+//   folder that is there already is merged into and keeps its owner and mode.
+//   Pipes, sockets and devices are not copied: each is told to the progress
+//   service ("SHF SKP"), the copy goes on, and the run answers 0 with 75. A folder
+//   is never copied into itself or into one of its own subfolders: such a run
+//   answers 0 and writes nothing.
+// - A delete or move never takes away, and a wildcard delete never acts in, the top
+//   of a drive, a folder of the system or a home folder (FicDirSis): 70, told to the
+//   progress service ("SHF NEG"), before anything is done.
 // - A clash with an existing file replaces it without asking when ConfirmOperation
 //   is off (a read-only file too), asks otherwise (Sim, Não, Cancelar), or gives the copy a new name
 //   ("Cópia de x", "Cópia (2) de x") with RenameOnCollision.
 // - A delete with AllowUndo moves the entries to the desktop's trash (the
 //   freedesktop.org trash) instead of removing them.
-// A run stops at its first failure. The file layer's error number of that failure
-// is kept (ErrNum) for callers that report one.
+// A run stops at its first failure (entries left out are no failure: the run goes
+// on and answers 0 at its end). The file layer's error number of that failure is
+// kept (ErrNum) for callers that report one.
 #pragma once
 #include <cstdint>
 #include <stdexcept>
@@ -95,11 +108,13 @@ class SupShf {
   bool abortado_ = false;
 };
 
-// Copies one file to another name with the data-safe copy of the run: 0, or the
-// file layer's error number (-1 when both names are the same file). As the file
-// layer's copy, it leaves a destination that is read-only (75) or that another
-// open file holds for writing (70) as it is. A symbolic link given as the source is
-// followed; the destination's folder must exist.
+// Copies one file to another name with the data-safe copy of the run (owner and
+// mode as a run's copies have them): 0, or the file layer's error number (-1 when
+// both names are the same file, 75 for a source that is not a regular file). It
+// leaves a destination that is read-only (75) or that another open file holds for
+// writing (70) as it is. A symbolic link given as the source is followed; one at
+// the destination is replaced, never written through; the destination's folder
+// must exist.
 int ShfFicCop(const Tx& orig, const Tx& dest);
 
 }  // namespace zw

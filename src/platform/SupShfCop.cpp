@@ -1,18 +1,21 @@
 // The data-safe copy of one entry: bytes through the kernel's copy calls into a
-// temporary name beside the destination, then owner, mode, times, and a rename
-// into place. Every name is taken relative to a folder held open, so the kernel
-// walks one name per call, not the whole path; calls whose effect is already there
-// (owner, mode) are left out. Nothing here ever opens a source for writing.
+// temporary name beside the destination, then mode and times, and a rename into
+// place. The copy belongs to the user who runs the program, as a file that program
+// writes does: the source's owner and group are never given to it. Every name is
+// taken relative to a folder held open, so the kernel walks one name per call, not
+// the whole path; a mode call whose effect creation already made is left out.
+// Nothing here ever opens a source for writing.
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/random.h>
 #include <sys/sendfile.h>
 #include <sys/xattr.h>
 #include <unistd.h>
-#include <atomic>
 #include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <random>
 #include "FicGlb.h"
 #include "SupShf.h"
 #include "SupShfInt.h"
@@ -20,21 +23,32 @@
 namespace zw::shf {
 
 namespace {
-// A name that no other copy uses, for the destination's folder. It starts with a
-// dot so that a file manager does not show it while it lives.
+// A temporary name for the destination's folder that nobody can foresee: twelve
+// characters drawn from the kernel's random source (about 71 bits), so that a user
+// who may write in a shared destination folder cannot plant the name beforehand.
+// It starts with a dot so that a file manager does not show it while it lives.
 std::string NomTmp() {
-  static std::atomic<unsigned> seq{0};
-  static const std::string pid = std::to_string(getpid());
-  return ".zw~" + pid + "~" + std::to_string(++seq) + ".tmp";
+  static const char abc[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+  unsigned char b[12];
+  ssize_t n;
+  do n = getrandom(b, sizeof b, 0);
+  while (n < 0 && errno == EINTR);
+  if (n != ssize_t(sizeof b)) {  // no getrandom (an old kernel): the library's device
+    std::random_device rd;
+    for (auto& c : b) c = static_cast<unsigned char>(rd());
+  }
+  std::string r = ".zw~";
+  for (unsigned char c : b) r += abc[c % 62];
+  return r + ".tmp";
 }
 
 // Creates the temporary file in the folder fdd with the permission bits it will
-// keep: a new name is tried when one is taken (by a process that was forked from
-// this one, say).
+// keep. The name must be new (never a link or a file that is there already): a
+// name that is taken is drawn again.
 int AbreTmp(int fdd, mode_t modo, std::string& tmp) {
   for (int i = 0; i < 100; i++) {
     tmp = NomTmp();
-    int fd = openat(fdd, tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, modo);
+    int fd = openat(fdd, tmp.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, modo);
     if (fd >= 0 || errno != EEXIST) return fd;
   }
   return -1;
@@ -102,13 +116,12 @@ int CopDad(int fi, int fo, int64_t tam, const std::string& d, const Avanco& av, 
   }
 }
 
-// Owner (when the process may give files away), mode and times of st on a new file
-// of the folder p. The owner and the mode are only set when the file did not get
-// them at its creation.
+// The mode of the copy and the times of st on a new file of the folder p. The mode
+// is only set when the file did not get it at its creation (made with it, less the
+// creation mask, unless a default access list of the folder decided).
 void Marca(int fd, const struct stat& st, const PstDes& p, const CopCtx& c) {
-  if (c.raiz && (st.st_uid != c.uid || st.st_gid != p.gid)) (void)!fchown(fd, st.st_uid, st.st_gid);
-  mode_t m = st.st_mode & 07777;
-  if (p.acl || c.masc < 0 || m != (m & 0777 & ~mode_t(c.masc))) fchmod(fd, m);
+  mode_t m = c.Modo(st);
+  if (p.acl || c.masc < 0 || (m & mode_t(c.masc)) != 0) fchmod(fd, m);
   struct timespec t[2] = {st.st_atim, st.st_mtim};
   futimens(fd, t);
 }
@@ -116,7 +129,7 @@ void Marca(int fd, const struct stat& st, const PstDes& p, const CopCtx& c) {
 // True when another open file holds this one for writing (the file layer's open
 // for writing takes an exclusive lock).
 bool Retido(const std::string& p) {
-  int fd = open(p.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  int fd = open(p.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
   if (fd < 0) return false;
   bool r = flock(fd, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
   close(fd);
@@ -124,7 +137,12 @@ bool Retido(const std::string& p) {
 }
 }  // namespace
 
-CopCtx::CopCtx() : masc(Mascara()), raiz(geteuid() == 0), uid(geteuid()) {}
+CopCtx::CopCtx() : masc(Mascara()) {}
+
+mode_t CopCtx::Modo(const struct stat& st) const {
+  mode_t m = st.st_mode & 0777 & ~(mode_t(masc < 0 ? 022 : masc) & 077);
+  return S_ISDIR(st.st_mode) ? m | (st.st_mode & S_ISVTX) : m;
+}
 
 PstDes::~PstDes() {
   if (fd >= 0) close(fd);
@@ -143,9 +161,6 @@ void PstDes::Abre(const std::string& path) {
 
 void PstDes::Toma(int f) {
   fd = f;
-  struct stat st;
-  sgid = fstat(f, &st) == 0 && (st.st_mode & S_ISGID);
-  gid = sgid ? st.st_gid : getegid();
   // With a default access list the mode of a new file is not the mask's; unknown
   // (the call is refused) counts as one.
   acl = fgetxattr(f, "system.posix_acl_default", nullptr, 0) >= 0 || (errno != ENODATA && errno != EOPNOTSUPP);
@@ -153,8 +168,6 @@ void PstDes::Toma(int f) {
 
 void PstDes::Herda(const PstDes& pai, int f) {
   fd = f;
-  gid = pai.gid;
-  sgid = pai.sgid;
   acl = pai.acl;
 }
 
@@ -192,7 +205,7 @@ int CopFic(int fi, const struct stat& st, const PstDes& p, const std::string& no
            const Avanco& av, CopCtx& c) {
   if (p.fd < 0) return FicErrNat(p.err, d);
   std::string tmp;
-  int fo = AbreTmp(p.fd, st.st_mode & 0777, tmp);
+  int fo = AbreTmp(p.fd, c.Modo(st), tmp);
   if (fo < 0) return FicErrNat(errno, d);
   int r = CopDad(fi, fo, st.st_size, d, av, c.modo);
   if (r == 0) Marca(fo, st, p, c);
@@ -203,7 +216,7 @@ int CopFic(int fi, const struct stat& st, const PstDes& p, const std::string& no
 }
 
 int CopLnk(int fdo, const std::string& nomO, const std::string& o, const struct stat& st, const PstDes& p,
-           const std::string& nom, const std::string& d, const CopCtx& c) {
+           const std::string& nom, const std::string& d) {
   std::string alvo(size_t(st.st_size > 0 ? st.st_size : PATH_MAX) + 1, '\0');
   ssize_t n = readlinkat(fdo, nomO.c_str(), alvo.data(), alvo.size());
   if (n < 0) return FicErrNat(errno, o);
@@ -215,8 +228,6 @@ int CopLnk(int fdo, const std::string& nomO, const std::string& o, const struct 
     if (symlinkat(alvo.c_str(), p.fd, tmp.c_str()) == 0) break;
     if (errno != EEXIST || i == 99) return FicErrNat(errno, d);
   }
-  if (c.raiz && (st.st_uid != c.uid || st.st_gid != p.gid))
-    (void)!fchownat(p.fd, tmp.c_str(), st.st_uid, st.st_gid, AT_SYMLINK_NOFOLLOW);
   struct timespec t[2] = {st.st_atim, st.st_mtim};
   utimensat(p.fd, tmp.c_str(), t, AT_SYMLINK_NOFOLLOW);
   if (renameat(p.fd, tmp.c_str(), p.fd, nom.c_str()) != 0) {
@@ -237,7 +248,8 @@ int ShfFicCop(const Tx& orig, const Tx& dest) {
   if (e) return e;
   std::string d = FicNat(dest, &e);
   if (e) return e;
-  int fi = open(o.c_str(), O_RDONLY | O_CLOEXEC);
+  // Without waiting for a writer when the source is a pipe (which is then refused).
+  int fi = open(o.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (fi < 0) return FicErrNat(errno, o);
   struct stat st, sd, ld;
   bool ha = stat(d.c_str(), &sd) == 0;

@@ -1,6 +1,7 @@
 // The run of SupShf: the source list made into pairs of entries, the checks that
 // come before anything is written, and the copy, move or delete of each pair with
-// progress, questions on clashes and the trash.
+// progress, questions on clashes and the trash. Names are the kernel's bytes from
+// the listing to the copy: a name that is not valid UTF-8 is copied as it is.
 #include <dirent.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -79,6 +80,48 @@ std::vector<std::pair<std::string, unsigned char>> ListaTip(DIR* h) {
   return r;
 }
 
+// The entries of the Linux folder nd whose names match the wildcard pad (folders
+// only with pasta), as paths, in the order of their names in capitals. The names
+// stay bytes: one that is not valid UTF-8 is matched by its text (bad bytes read as
+// U+FFFD) but kept as it is. 0 or an error number.
+int ListaPad(const std::string& nd, const Tx& pad, bool pasta, std::vector<std::string>& r) {
+  DIR* h = opendir(nd.c_str());
+  if (!h) {
+    int e = FicErrNat(errno, nd);
+    return e == kErrFicNao ? kErrDirNao : e;
+  }
+  std::vector<std::pair<Tx, std::string>> achados;
+  errno = 0;
+  while (dirent* de = readdir(h)) {
+    const char* n = de->d_name;
+    if (n[0] == '.' && (n[1] == 0 || (n[1] == '.' && n[2] == 0))) continue;
+    Tx t = TxDeUtf8(n);
+    if (FicPadCasa(pad, t)) achados.emplace_back(TxMai(t), n);
+    errno = 0;
+  }
+  int e = errno ? FicErrNat(errno, nd) : 0;
+  closedir(h);
+  if (e) return e;
+  std::sort(achados.begin(), achados.end());
+  for (auto& [m, n] : achados) {
+    std::string p = Junta(nd, n);
+    struct stat st;
+    if (!pasta && stat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode)) continue;
+    r.push_back(std::move(p));
+  }
+  return 0;
+}
+
+// The kind of a special file, for the trace: what a copy leaves out.
+Tx Especial(mode_t m) {
+  return S_ISFIFO(m) ? u"pipe" : S_ISSOCK(m) ? u"socket" : S_ISCHR(m) || S_ISBLK(m) ? u"device" : u"special file";
+}
+
+// Tells the progress service in force of what a run did not do (see ShfPrg::Nota).
+void Nota(const Tx& palavra, const std::string& nat, const Tx& porque) {
+  if (ShfPrg* p = ShfPrgAct()) p->Nota(palavra, FicDeNat(nat), porque);
+}
+
 // Every level of a folder, from the top. 0 or an error number.
 int CriaPastas(const std::string& p) {
   struct stat st;
@@ -97,7 +140,9 @@ class Run {
   Run(SupShf& s, int op, const std::vector<Tx>& org, const std::vector<Tx>& des)
       : s_(s), op_(op), org_(org), des_(des), prg_(s.SilentMode ? nullptr : ShfPrgAct()) {}
 
-  // 1 done, 0 not; err and aborted for the class.
+  // 1 done, 0 not; err and aborted for the class. A copy that left special files
+  // out goes on to its end and answers 0 with 75, so a script never takes it for a
+  // whole copy; each entry left out was told to the progress service.
   int Vai(int& err, bool& abortado) {
     err = Prepara();
     if (err == 0 && prg_) Conta();
@@ -107,6 +152,7 @@ class Run {
         err = op_ == kShfEli ? Eli(o) : op_ == kShfMov ? Mov(o, d) : Cop(o, d);
         if (err) break;
       }
+      if (err == 0 && saltados_ > 0) err = kErrAces;
       if (prg_) prg_->Fim(err == 0);
     }
     abortado = err == -1;
@@ -117,9 +163,12 @@ class Run {
  private:
   // The pairs of source and destination entries, and every check that must pass
   // before anything is written: sources that exist, no folder into itself, no file
-  // onto itself, the destination folder of several sources made.
+  // onto itself, no delete or move that would take away the top of a drive, a
+  // folder of the system or a home folder (70, told as "SHF NEG"), the destination
+  // folder of several sources made.
   int Prepara() {
     bool varios = org_.size() > 1, multiDes = des_.size() > 1 && op_ != kShfEli;
+    bool tira = op_ == kShfEli || op_ == kShfMov;  // the sources go away
     std::vector<std::string> fontes;
     for (const Tx& o : org_) {
       Tx dir, nom;
@@ -127,18 +176,24 @@ class Run {
       int e = 0;
       if (Curinga(nom)) {
         varios = true;
-        std::vector<Tx> noms;
-        int n = 0;
-        DirLisAtr(s_.IncludeDirectories ? u"FD" : u"F", 2, dir, nom, noms, nullptr, n, e);
-        if (e) return e;
         std::string nd = FicNat(dir.empty() ? Tx(u".") : dir, &e);
-        for (int i = 1; i <= n; i++) fontes.push_back(Junta(nd, TxUtf8(noms[size_t(i)])));
+        if (e) return e;
+        if (tira) {
+          Tx porque = FicDirSis(nd);
+          if (!porque.empty()) return Recusa(Junta(Canon(nd), TxUtf8(nom)), porque);
+        }
+        e = ListaPad(nd, nom, s_.IncludeDirectories, fontes);
+        if (e) return e;
         continue;
       }
       std::string n = FicNat(o, &e);
       if (e) return e;
       struct stat st;
       if (lstat(n.c_str(), &st) != 0) return FicErrNat(errno, n);
+      if (tira) {  // the entry itself, not where a link leads (the link /lib counts)
+        Tx porque = FicDirSis(n, false);
+        if (!porque.empty()) return Recusa(n, porque);
+      }
       fontes.push_back(n);
     }
     if (op_ == kShfEli) {
@@ -180,6 +235,12 @@ class Run {
     }
     if (!criar_.empty()) return CriaPastas(criar_);
     return 0;
+  }
+
+  // A delete or move refused before anything was done: 70, told to the service.
+  static int Recusa(const std::string& nat, const Tx& porque) {
+    Nota(u"NEG", nat, porque);
+    return kErrPerm;
   }
 
   // A yes, no or cancel question when the property asks for it; 1 otherwise.
@@ -292,6 +353,11 @@ class Run {
     }
     if (fi < 0 && fstatat(fdo, nomO.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return FicErrNat(errno, po);
     Fd guarda(fi);
+    if (!S_ISDIR(st.st_mode) && !S_ISLNK(st.st_mode) && !S_ISREG(st.st_mode)) {
+      saltados_++;  // pipes, sockets and devices are not copied: told, and the run goes on
+      Nota(u"SKP", po, Especial(st.st_mode));
+      return 0;
+    }
     bool pasta = S_ISDIR(st.st_mode);
     int c = Colisao(p, nomD, pd, pasta);
     if (c) return c == 1 ? 0 : c;
@@ -299,8 +365,7 @@ class Run {
     if (!Passo(po, pd, 0)) return -1;
     if (p.fd < 0) return FicErrNat(p.err, pd);
     if (pasta) return CopPst(fdo, nomO, guarda.Solta(), st, p, nomD, po, pd);
-    if (S_ISLNK(st.st_mode)) return shf::CopLnk(fdo, nomO, po, st, p, nomD, pd, ctx_);
-    if (!S_ISREG(st.st_mode)) return kErrAces;  // devices, pipes and sockets are not copied
+    if (S_ISLNK(st.st_mode)) return shf::CopLnk(fdo, nomO, po, st, p, nomD, pd);
     if (guarda.f < 0) {  // not opened above: opened now, and looked at again
       guarda.f = openat(fdo, nomO.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
       if (guarda.f < 0) return FicErrNat(errno, po);
@@ -313,8 +378,10 @@ class Run {
   }
 
   // A folder's copy: the folder made (or merged into one that is there), every
-  // entry below copied in name order, then owner, mode and times of the source's.
-  // fi is the source folder when already open, else -1.
+  // entry below copied in name order, then the mode of a copy and the source's
+  // times on a folder that was made. A folder that was there keeps its owner, mode
+  // and times, as a system folder merged into must. fi is the source folder when
+  // already open, else -1.
   int CopPst(int fdo, const std::string& nomO, int fi, const struct stat& st, const shf::PstDes& p,
              const std::string& nom, std::string& po, std::string& pd) {
     if (fi < 0) fi = openat(fdo, nomO.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
@@ -348,12 +415,12 @@ class Run {
       if (r) break;
     }
     closedir(h);
-    if (r) return r;
-    if (nova && ctx_.raiz && (st.st_uid != ctx_.uid || st.st_gid != q.gid))
-      (void)!fchownat(p.fd, nom.c_str(), st.st_uid, st.st_gid, AT_SYMLINK_NOFOLLOW);
-    fchmodat(p.fd, nom.c_str(), st.st_mode & 07777, 0);
+    if (r || !nova) return r;
+    // Through the folder held open; by name only where it could not be opened for
+    // reading (an open for names alone takes neither call).
     struct timespec t[2] = {st.st_atim, st.st_mtim};
-    utimensat(p.fd, nom.c_str(), t, AT_SYMLINK_NOFOLLOW);
+    if (fchmod(fdd, ctx_.Modo(st)) != 0) fchmodat(p.fd, nom.c_str(), ctx_.Modo(st), 0);
+    if (futimens(fdd, t) != 0) utimensat(p.fd, nom.c_str(), t, AT_SYMLINK_NOFOLLOW);
     return 0;
   }
 
@@ -376,8 +443,10 @@ class Run {
     if (rename(o.c_str(), d.c_str()) == 0) return 0;
     if (errno != EXDEV) return FicErrNat(errno, d);
     itens_--;
+    int64_t antes = saltados_;
     int r = Cop(o, d);
-    return r ? r : Apaga(o);
+    if (r || saltados_ > antes) return r;  // what the copy left out stays, with its source
+    return Apaga(o);
   }
 
   // Deletes an entry, to the trash with AllowUndo.
@@ -412,7 +481,7 @@ class Run {
   std::vector<std::pair<std::string, std::string>> pares_;
   std::string criar_;
   shf::CopCtx ctx_;
-  int64_t totItens_ = 0, totBytes_ = 0, itens_ = 0, bytesFeitos_ = 0;
+  int64_t totItens_ = 0, totBytes_ = 0, itens_ = 0, bytesFeitos_ = 0, saltados_ = 0;
 };
 
 }  // namespace

@@ -25,4 +25,8 @@ bool ShfPrgLin::Passo(const Tx& orig, const Tx& dest, int64_t itens, int64_t) {
 
 void ShfPrgLin::Fim(bool ok) { linha_(ok ? u"SHF FIM 1" : u"SHF FIM 0"); }
 
+void ShfPrgLin::Nota(const Tx& palavra, const Tx& path, const Tx& porque) {
+  linha_(u"SHF " + palavra + u" " + path + u" (" + porque + u")");
+}
+
 }  // namespace zw

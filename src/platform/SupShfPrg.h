@@ -26,18 +26,27 @@ class ShfPrg {
   virtual bool Passo(const Tx& orig, const Tx& dest, int64_t itens, int64_t bytes) = 0;
   // The run has ended, done or not.
   virtual void Fim(bool ok) = 0;
+  // Something the run did not do, with the reason, told even when the run shows no
+  // progress: an entry that a copy leaves out (palavra "SKP": a pipe, a socket, a
+  // device) or a delete refused (palavra "NEG": the top of a drive, a folder of the
+  // system, a home folder). A window may pass over it; the run's answer says it too.
+  virtual void Nota(const Tx& palavra, const Tx& path, const Tx& porque) {
+    (void)palavra, (void)path, (void)porque;
+  }
 };
 
 // A service that writes lines instead of showing a window, for a run without a
 // display (the wizard runner's trace): "SHF INI <op> <title>" at the start, one line
 // per entry, "SHF COP <source> > <destination>" ("MOV", or "ELI <source>" for a
-// delete), and "SHF FIM 1" or "SHF FIM 0" at the end. It never cancels.
+// delete), and "SHF FIM 1" or "SHF FIM 0" at the end; "SHF SKP <path> (<why>)" and
+// "SHF NEG <path> (<why>)" for what a run did not do. It never cancels.
 class ShfPrgLin : public ShfPrg {
  public:
   explicit ShfPrgLin(std::function<void(const Tx&)> linha) : linha_(std::move(linha)) {}
   void Ini(const Tx& titulo, int op, int64_t itens, int64_t bytes) override;
   bool Passo(const Tx& orig, const Tx& dest, int64_t itens, int64_t bytes) override;
   void Fim(bool ok) override;
+  void Nota(const Tx& palavra, const Tx& path, const Tx& porque) override;
 
  private:
   std::function<void(const Tx&)> linha_;

@@ -4,8 +4,11 @@
 #include <gtest/gtest.h>
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -299,14 +302,19 @@ TEST_F(Shf, ProgressLinesForATrace) {
   EXPECT_EQ(lin, esperadas);
 }
 
-// Modes are the source's whatever the process's creation mask, including the
-// bits a mask never gives (set-user and set-group); a folder merges into one that
-// is there, and a file in the way of a folder stops the run with 75.
-TEST_F(Shf, TreeModesUnderAnyMaskAndMerges) {
+// A copy's mode is the source's less the group and world bits of the creation
+// mask; set-user and set-group bits are never copied, a folder's sticky bit is; the
+// owner's bits are the source's whatever the mask, so the read-only attribute is
+// kept. A folder that is there already is merged into and keeps its own mode; a
+// file in the way of a folder stops the run with 75.
+TEST_F(Shf, TreeModesFollowTheMaskAndMerges) {
   mkdir(N("org").c_str(), 0755);
   mkdir(N("org/g").c_str(), 0755);
-  chmod(N("org/g").c_str(), 02775);
-  const std::pair<const char*, mode_t> modos[] = {{"org/a", 0644}, {"org/b", 0600}, {"org/g/c", 04755}, {"org/g/d", 0664}};
+  chmod(N("org/g").c_str(), 02777);
+  mkdir(N("org/t").c_str(), 0755);
+  chmod(N("org/t").c_str(), 01777);
+  const std::pair<const char*, mode_t> modos[] = {{"org/a", 0644}, {"org/b", 0600}, {"org/g/c", 04755}, {"org/g/d", 0664},
+                                                  {"org/e", 0777}, {"org/f", 0666}, {"org/r", 0444}, {"org/t/s", 02755}};
   for (auto& [n, m] : modos) {
     Escreve(N(n), n);
     chmod(N(n).c_str(), m);
@@ -316,26 +324,50 @@ TEST_F(Shf, TreeModesUnderAnyMaskAndMerges) {
     SupShf s;
     int r = 0;
     s.FxCopDfi(P("org"), P(dest), r);
+    int r1 = ShfFicCop(P("org/e"), P(dest + "/e1"));
+    int r2 = 0;
+    FicCop(P("org/g/c"), P(dest + "/c2"), r2);
     umask(velha);
     EXPECT_EQ(r, 1);
+    EXPECT_EQ(r1, 0);
+    EXPECT_EQ(r2, 0);
+    mode_t tira = masc & 077;
     struct stat st;
     for (auto& [n, m] : modos) {
       std::string c = dest + std::string(n).substr(3);
       ASSERT_EQ(stat(N(c).c_str(), &st), 0) << c;
-      EXPECT_EQ(st.st_mode & 07777, m) << c << " with mask " << masc;
+      EXPECT_EQ(st.st_mode & 07777, m & 0777 & ~tira) << c << " with mask " << std::oct << masc;
       EXPECT_EQ(Le(N(c)), n);
     }
+    stat(N(dest + "/e1").c_str(), &st);
+    EXPECT_EQ(st.st_mode & 07777, 0777 & ~tira) << "one-file copy, mask " << std::oct << masc;
+    stat(N(dest + "/c2").c_str(), &st);
+    EXPECT_EQ(st.st_mode & 07777, 0755 & ~tira) << "file layer's copy, mask " << std::oct << masc;
     stat(N(dest + "/g").c_str(), &st);
-    EXPECT_EQ(st.st_mode & 07777, 02775u) << "mask " << masc;
+    EXPECT_EQ(st.st_mode & 07777, 0777 & ~tira) << "mask " << std::oct << masc;
+    stat(N(dest + "/t").c_str(), &st);
+    EXPECT_EQ(st.st_mode & 07777, 01000 | (0777 & ~tira)) << "mask " << std::oct << masc;
   }
+  // A mask that takes the owner's own bits takes none of them from a copy: a
+  // writable source gives no read-only file.
+  mode_t velha = umask(0277);
+  int r3 = ShfFicCop(P("org/a"), P("m022/a277"));
+  umask(velha);
+  EXPECT_EQ(r3, 0);
+  struct stat st;
+  stat(N("m022/a277").c_str(), &st);
+  EXPECT_EQ(st.st_mode & 07777, 0600u);
   Escreve(N("m022/novo"), "fica");  // merged into: what was there stays, the rest replaced
   Escreve(N("m022/a"), "velho");
+  chmod(N("m022/g").c_str(), 0700);
   SupShf s;
   int r = 0;
   s.FxCopDfi(P("org"), P("m022"), r);
   EXPECT_EQ(r, 1);
   EXPECT_EQ(Le(N("m022/novo")), "fica");
   EXPECT_EQ(Le(N("m022/a")), "org/a");
+  stat(N("m022/g").c_str(), &st);
+  EXPECT_EQ(st.st_mode & 07777, 0700u);  // the folder that was there keeps its mode
   (void)!std::system(("rm -rf '" + N("m022/g") + "'").c_str());
   Escreve(N("m022/g"), "no caminho");
   s.FxCopDfi(P("org"), P("m022"), r);
@@ -396,3 +428,212 @@ TEST_F(Shf, FullDiskLeavesTheEarlierFileWhole) {
 }
 
 }  // namespace
+
+namespace {
+
+// An AF_UNIX socket bound at path p (left open for the test's life).
+int Socket(const std::string& p) {
+  int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un a{};
+  a.sun_family = AF_UNIX;
+  std::snprintf(a.sun_path, sizeof a.sun_path, "%s", p.c_str());
+  EXPECT_EQ(bind(fd, reinterpret_cast<sockaddr*>(&a), sizeof a), 0) << p;
+  return fd;
+}
+
+std::string Alvo(const std::string& p) {
+  char b[256] = {};
+  return readlink(p.c_str(), b, sizeof b - 1) > 0 ? b : "";
+}
+
+// Records the progress lines, and the temporary names that stand in the
+// destination folder while a large file is written.
+struct Tmps : ShfPrgLin {
+  std::vector<Tx> lin;
+  std::string dir;
+  std::vector<std::string> noms;
+  Tmps() : ShfPrgLin([this](const Tx& l) { lin.push_back(l); }) {}
+  bool Passo(const Tx& o, const Tx& d, int64_t i, int64_t b) override {
+    if (DIR* h = opendir(dir.c_str())) {
+      while (dirent* de = readdir(h))
+        if (std::string(de->d_name).rfind(".zw~", 0) == 0 && (noms.empty() || noms.back() != de->d_name))
+          noms.push_back(de->d_name);
+      closedir(h);
+    }
+    return ShfPrgLin::Passo(o, d, i, b);
+  }
+};
+
+}  // namespace
+
+// A folder copy takes every entry, at the top and below: names that are not valid
+// UTF-8 (a file, a folder with its contents) as the same bytes, and links whose
+// target is missing or that loop as links.
+TEST_F(Shf, FolderCopyTakesEveryNameAndLink) {
+  const std::string ff = "f\xff\xfe.bin", dd = "d\xe9";
+  mkdir(N("org").c_str(), 0755);
+  for (std::string base : {"org", "org/sub"}) {
+    mkdir(N(base).c_str(), 0755);
+    Escreve(N(base + "/" + ff), "ff " + base);
+    mkdir(N(base + "/" + dd).c_str(), 0755);
+    Escreve(N(base + "/" + dd + "/x\x80.txt"), "x " + base);
+    (void)!symlink("falta", N(base + "/pendente").c_str());
+    (void)!symlink("laco", N(base + "/laco").c_str());
+  }
+  SupShf s;
+  int r = 0;
+  s.FxCopDfi(P("org"), P("dest"), r);
+  EXPECT_EQ(r, 1);
+  for (std::string base : {"dest", "dest/sub"}) {
+    std::string o = "org" + base.substr(4);
+    EXPECT_EQ(Le(N(base + "/" + ff)), "ff " + o) << base;
+    EXPECT_EQ(Le(N(base + "/" + dd + "/x\x80.txt")), "x " + o) << base;
+    EXPECT_EQ(Alvo(N(base + "/pendente")), "falta") << base;
+    EXPECT_EQ(Alvo(N(base + "/laco")), "laco") << base;
+  }
+  // The same through a wildcard of the run.
+  s.AspExe(0, 0);
+  s.FxCop(P("org/*"), P("dest2"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(Le(N("dest2/" + ff)), "ff org");
+  EXPECT_EQ(Alvo(N("dest2/laco")), "laco");
+}
+
+// Pipes and sockets, at the top and below, are left out and told as "SHF SKP";
+// the copy goes on to its end (the files after them in name order land) and
+// answers 0 with 75, never 1 and never half-way.
+TEST_F(Shf, SpecialFilesAreSkippedToldAndAnswered) {
+  mkdir(N("org").c_str(), 0755);
+  mkdir(N("org/sub").c_str(), 0755);
+  ASSERT_EQ(mkfifo(N("org/a-fifo").c_str(), 0644), 0);
+  ASSERT_EQ(mkfifo(N("org/sub/a-fifo").c_str(), 0644), 0);
+  int s1 = Socket(N("org/b-sock")), s2 = Socket(N("org/sub/b-sock"));
+  Escreve(N("org/z.txt"), "fim");
+  Escreve(N("org/sub/z.txt"), "fim sub");
+  Tmps p;
+  ShfPrgDef(&p);
+  SupShf s;
+  int r = 1;
+  s.FxCopDfi(P("org"), P("dest"), r);
+  close(s1);
+  close(s2);
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(s.ErrNum(), kErrAces);
+  EXPECT_EQ(Le(N("dest/z.txt")), "fim");
+  EXPECT_EQ(Le(N("dest/sub/z.txt")), "fim sub");
+  EXPECT_FALSE(Existe(N("dest/a-fifo")));
+  EXPECT_FALSE(Existe(N("dest/sub/b-sock")));
+  std::vector<Tx> saltos;
+  for (auto& l : p.lin)
+    if (l.rfind(u"SHF SKP ", 0) == 0) saltos.push_back(l);
+  std::vector<Tx> esperados{u"SHF SKP " + FicDeNat(N("org/a-fifo")) + u" (pipe)",
+                            u"SHF SKP " + FicDeNat(N("org/b-sock")) + u" (socket)",
+                            u"SHF SKP " + FicDeNat(N("org/sub/a-fifo")) + u" (pipe)",
+                            u"SHF SKP " + FicDeNat(N("org/sub/b-sock")) + u" (socket)"};
+  EXPECT_EQ(saltos, esperados);
+  EXPECT_EQ(p.lin.back(), u"SHF FIM 0");
+  // A silent run tells them too.
+  p.lin.clear();
+  s.AspExe(0, 0);
+  s.FxCop(P("org/sub/*.*"), P("dest3"), r);
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(p.lin.size(), 2u);
+  EXPECT_EQ(ShfFicCop(P("org/a-fifo"), P("dest/x")), kErrAces);  // the one-file copy does not wait on a pipe
+}
+
+// The temporary names of a copy come from the kernel's random source: a user who
+// plants names in the destination folder (links to a file of theirs choosing) can
+// neither make the copy fail nor have it write through a link; two copies never
+// use the same name and no name carries the process's id.
+TEST_F(Shf, TemporaryNamesCannotBePlanted) {
+  mkdir(N("org").c_str(), 0755);
+  Escreve(N("org/a.txt"), "alfa");
+  (void)!symlink("a.txt", N("org/l").c_str());
+  mkdir(N("dest").c_str(), 0777);
+  std::string pid = std::to_string(getpid());
+  for (int i = 1; i <= 20000; i++)
+    (void)!symlink(N("vitima").c_str(), N("dest/.zw~" + pid + "~" + std::to_string(i) + ".tmp").c_str());
+  SupShf s;
+  int r = 0;
+  s.FxCopDfi(P("org"), P("dest"), r);
+  EXPECT_EQ(r, 1);
+  EXPECT_EQ(ShfFicCop(P("org/a.txt"), P("dest/b.txt")), 0);
+  EXPECT_FALSE(Existe(N("vitima")));
+  EXPECT_EQ(Le(N("dest/a.txt")), "alfa");
+  EXPECT_EQ(Alvo(N("dest/l")), "a.txt");
+
+  Escreve(N("grande.bin"), std::string(17 << 20, 'g'));
+  Tmps p;
+  p.dir = N("vazia");
+  mkdir(p.dir.c_str(), 0755);
+  ShfPrgDef(&p);
+  s.AspExe(1, 0);
+  s.FxCop(P("grande.bin"), P("vazia/g1.bin"), r);
+  s.FxCop(P("grande.bin"), P("vazia/g2.bin"), r);
+  ASSERT_EQ(p.noms.size(), 2u);
+  EXPECT_NE(p.noms[0], p.noms[1]);
+  for (auto& n : p.noms) {
+    EXPECT_EQ(n.find(pid), std::string::npos) << n;
+    EXPECT_EQ(n.size(), std::string(".zw~").size() + 12 + std::string(".tmp").size()) << n;
+  }
+}
+
+// A wildcard delete never acts on the top of a drive, nor on a home folder, and a
+// tree delete or move never takes one away: 70, a "SHF NEG" line, nothing gone.
+// Below them, and for a file named alone, deletes work as before.
+TEST_F(Shf, DeletesStopAtDriveRootsAndHomes) {
+  mkdir(N("q").c_str(), 0755);
+  mkdir(N("q/sub").c_str(), 0755);
+  Escreve(N("q/a.txt"), "a");
+  Escreve(N("q/sub/b.txt"), "b");
+  FicDrvMap(u'Q', P("q"));
+  std::vector<Tx> lin;
+  ShfPrgLin p([&](const Tx& l) { lin.push_back(l); });
+  ShfPrgDef(&p);
+  int r = 0;
+  for (const char16_t* pad : {u"Q:\\*.*", u"Q:\\sub\\..\\*.*", u"q:/a.*"}) {
+    FicEli(pad, r);
+    EXPECT_EQ(r, kErrPerm) << TxUtf8(pad);
+  }
+  EXPECT_EQ(lin.front(), u"SHF NEG Q:\\*.* (root)");
+  SupShf s;
+  s.AspExe(0, 0);
+  s.FxEli(u"Q:\\", r);
+  EXPECT_EQ(r, 0);
+  EXPECT_EQ(s.ErrNum(), kErrPerm);
+  s.FxLpzDir(u"Q:", r);
+  EXPECT_EQ(s.ErrNum(), kErrPerm);
+  s.FxMov(u"Q:\\", P("movida"), r);
+  EXPECT_EQ(s.ErrNum(), kErrPerm);
+  EXPECT_EQ(Le(N("q/a.txt")), "a");
+  EXPECT_EQ(Le(N("q/sub/b.txt")), "b");
+
+  const char* velho = std::getenv("HOME");
+  std::string guardado = velho ? velho : "";
+  setenv("HOME", N("q/sub").c_str(), 1);
+  FicEli(u"Q:\\sub\\*.txt", r);
+  int rCasa = r;
+  s.FxLpzDir(u"Q:\\sub", r);
+  int eCasa = s.ErrNum();
+  if (velho) setenv("HOME", guardado.c_str(), 1); else unsetenv("HOME");
+  EXPECT_EQ(rCasa, kErrPerm);
+  EXPECT_EQ(eCasa, kErrPerm);
+  EXPECT_EQ(lin.back(), u"SHF NEG Q:\\sub\\*.* (home folder)");
+  EXPECT_EQ(Le(N("q/sub/b.txt")), "b");
+
+  FicEli(u"Q:\\sub\\*.txt", r);  // a folder like any other again
+  EXPECT_EQ(r, 0);
+  EXPECT_FALSE(Existe(N("q/sub/b.txt")));
+  FicEli(u"Q:\\a.txt", r);  // one file named alone, at the top
+  EXPECT_EQ(r, 0);
+  s.FxEli(u"Q:\\sub", r);
+  EXPECT_EQ(r, 1);
+  FicDrvMap(u'Q', u"");
+  // The system's folders, where nothing matches: refused before the listing.
+  for (const char16_t* pad : {u"C:\\*.zwnada", u"\\*.zwnada", u"/*.zwnada", u"C:\\usr\\*.zwnada", u"/etc/../etc/*.zwnada"}) {
+    FicEli(pad, r);
+    EXPECT_EQ(r, kErrPerm) << TxUtf8(pad);
+  }
+  EXPECT_EQ(FicDirSis("/usr/local/lib/zwnada"), u"");
+  EXPECT_EQ(FicDirSis("/usr/local/lib"), u"system folder");
+}

@@ -111,6 +111,24 @@ TEST_F(WizLib, ReadOnlyFiles) {
   Cmd(u"Wiz.OpcRegAltAttr 0");
 }
 
+// FxDirCop copies every name, one that is not valid UTF-8 too, and links whose
+// target is missing; a pipe in the folder is left out, the rest is copied, and the
+// answer is 0 so that the script never takes it for a whole copy.
+TEST_F(WizLib, FolderCopyIsWholeOrSaysSo) {
+  mkdir((d + "/org").c_str(), 0755);
+  Escreve("org/n\xe3o.txt", "latin-1");
+  (void)!symlink("falta", (d + "/org/pendente").c_str());
+  EXPECT_EQ(Ev(u"Wiz.FxDirCop(D & \"/org\", D & \"/um\")"), u"1");
+  EXPECT_EQ(Le("um/n\xe3o.txt"), "latin-1");
+  struct stat st;
+  EXPECT_EQ(lstat((d + "/um/pendente").c_str(), &st), 0);
+  ASSERT_EQ(mkfifo((d + "/org/fifo").c_str(), 0644), 0);
+  Escreve("org/z.txt", "depois");
+  EXPECT_EQ(Ev(u"Wiz.FxDirCop(D & \"/org\", D & \"/dois\")"), u"0");
+  EXPECT_EQ(Le("dois/z.txt"), "depois");
+  EXPECT_EQ(Le("dois/n\xe3o.txt"), "latin-1");
+}
+
 TEST_F(WizLib, DriveKinds) {
   EXPECT_EQ(Ev(u"Wiz.FxDrvUsa(\"\")"), u"C");  // any kind: the first drive
   EXPECT_EQ(Ev(u"Wiz.FxDrvUsa(\"cd\")"), u"");
