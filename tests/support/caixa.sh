@@ -3,7 +3,8 @@
 # namespace where "/" is an overlay whose writes land in a tmpfs, with fresh
 # tmpfs on /tmp and /dev/shm, and /dev, /proc and /sys read-only. The command
 # may create, replace and delete anything, in /, /etc and /tmp included; none
-# of it reaches the machine's own folders, and all of it goes when it ends. ZW_CAIXA=1 tells the tests inside that they may.
+# of it reaches the machine's own folders, and all of it goes when it ends.
+# ZW_CAIXA=1 tells the tests inside that they may.
 # Usage: caixa.sh COMMAND [ARGS...]. Exits 77 (skipped) where the box cannot be
 # built (not root, no unshare, no overlay), with the reason on standard error.
 set -u
