@@ -11,6 +11,7 @@
 #include "ZunWizArt.h"
 #include "ZunWizCtl.h"
 #include "ZunWizGlb.h"
+#include "ZunWizMain.h"
 
 namespace zw {
 
@@ -137,11 +138,13 @@ void ZunWizAsp::PagEnt(int idx, const Tx& ide) {
   if (AspGanAct().PagEnt) AspGanAct().PagEnt(*this, idx, ide);
 }
 
-// The process ends here and now: no unload, no "FxFim".
+// The process ends here and now: no unload, no "FxFim". Its status is that of an
+// end at once, or the script's verdict.
 void ZunWizAsp::End() {
   if (AspGanAct().End) AspGanAct().End();
+  const int st = ZunWizSai(kSaiEnd, "zunwiz");
   std::fflush(nullptr);
-  std::_Exit(0);
+  std::_Exit(st);
 }
 
 void ZunWizAsp::FrmPrep(const Tx& pal, int16_t& st) {

@@ -15,12 +15,16 @@
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
 #include "ZunWizGlb.h"
+#include "ZunWizRes.h"
+#include "ZunWizRun.h"
 
 namespace zw {
 
 namespace {
 MsgDlgQt gDlgQt;
 ShfPrgQt gPrgQt;
+int gSai = 0;     // what the start-up reached: 0, or kSaiCri
+TntErr gTntErr;  // the last attempt's failure
 
 // Closes every top-level window of the program; each pass closes what the one
 // before it left open or opened anew.
@@ -38,7 +42,10 @@ void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
   ShfPrgDef(&gPrgQt);
   FrmFimDef(FrmFimQt);
   EvtPmpDef([] { QApplication::processEvents(); });
+  ResIni();
 }
+
+const TntErr& TntErrUlt() { return gTntErr; }
 
 int ZunWizCic() {
   ZunWizFun fun;
@@ -47,7 +54,26 @@ int ZunWizCic() {
   fun.show();
   int r = QApplication::exec();
   gFun = nullptr;
-  return r;
+  return r ? r : gSai;
+}
+
+int ZunWizSai(int st, const char* prog, const std::function<void(const Tx&)>& trc) {
+  auto diz = [prog](const Tx& m) { std::fprintf(stderr, "%s: %s\n", prog, TxUtf8(m).c_str()); };
+  if (st == kSaiCri) {
+    ResFim();
+    const Tx lin = TxAsc(std::to_string(gTntErr.lin));
+    if (trc) trc(u"end build " + RunAsp(gTntErr.des) + u" line " + lin);
+    diz(u"the wizard could not be built: " + gTntErr.des + u" (option file line " + lin + u")");
+    return st;
+  }
+  ResVer r;
+  if ((st == 0 || st == kSaiEnd) && ResLer(r)) {
+    if (trc) trc(u"result " + r.pal + u" " + RunAsp(r.msg));
+    if (r.st) diz(u"the script's verdict: " + r.pal + (r.msg.empty() ? Tx() : u": " + r.msg));
+    return r.st;
+  }
+  ResFim();
+  return st;
 }
 
 void WizMain() {
@@ -55,7 +81,8 @@ void WizMain() {
   FunMostra();
   WizFpaPrp();
   Var slot;
-  WizTntCic(slot);
+  // Declining the installer after failed attempts leaves a wizard never built.
+  if (WizTntCic(slot) == -1) gSai = kSaiCri;
   WizFrmFim(slot);
   FunFim();
   gSup.reset();
@@ -96,6 +123,7 @@ void WizFpaPrp() {
   WizFpaCon(fpa, exi);
   if (exi != 1) {
     MsgErr(u"Wizzard", u"Não foi encontrado o ficheiro de opções.||Ficheiro: " + fpa, 0);
+    ResFim();
     std::fflush(nullptr);
     std::_Exit(kSaiFpa);
   }
@@ -139,9 +167,15 @@ void WizLtrCon(const Tx& dir, Tx& ltr, Tx& drv) {
 }
 
 // One attempt: a new wizard window, the engine bound to it, the option file
-// read and the wizard run. Whatever fails ends the attempt silently, status 0.
+// read and the wizard run. Whatever fails ends the attempt silently, status 0;
+// the failure and the option file line where the build stood are kept, for the
+// run's end to tell when no attempt succeeds.
 void WizExeTnt(Var& slot, int16_t& st) {
   st = 1;
+  auto guarda = [](const Tx& des) {
+    gTntErr.des = des;
+    gTntErr.lin = gSup ? gSup->LinAct() : 0;
+  };
   try {
     auto asp = std::make_shared<ZunWizAsp>();
     slot = Var(std::shared_ptr<VarObj>(asp));
@@ -155,11 +189,11 @@ void WizExeTnt(Var& slot, int16_t& st) {
   } catch (const std::exception& e) {
     st = 0;
     slot = Var();
-    Tx desc = TxDeUtf8(e.what());  // kept, as the cause is never shown
-    (void)desc;
+    guarda(TxDeUtf8(e.what()));
   } catch (...) {
     st = 0;
     slot = Var();
+    guarda(u"unknown failure");
   }
 }
 

@@ -7,16 +7,40 @@
 
 namespace zw {
 
-// Exit status of a run that ends because the option file is missing.
-constexpr int kSaiFpa = 2;
+// Exit statuses of zunwiz and zunwiz-run, one meaning each (docs/startup.md). 0 is
+// a normal end of the wizard; 1 a command line the tool does not take.
+constexpr int kSaiFpa = 2;  // the option file is missing or unreadable
+constexpr int kSaiRsp = 3;  // the answers do not fit the wizard (zunwiz-run)
+constexpr int kSaiEnd = 4;  // the process ended at once ("End")
+constexpr int kSaiCri = 5;  // the wizard could not be built: every attempt failed
+constexpr int kSaiTmp = 6;  // a script call went past its time limit (zunwiz-run)
+constexpr int kSaiTrc = 7;  // the trace or the shots could not be written (zunwiz-run)
+constexpr int kSaiFal = 8;  // the script's verdict: the install failed
+constexpr int kSaiCan = 9;  // the script's verdict: cancelled
+constexpr int kSaiRec = 10; // the script's verdict: the licence was refused
+
+// Why the last attempt to build the wizard failed: the failure's text and the
+// option file line where the build stood (0 when not known).
+struct TntErr {
+  Tx des;
+  int32_t lin = 0;
+};
+const TntErr& TntErrUlt();
 
 // Sets up the process before the first window: the folder of the executable, the
 // command line (words joined by blanks), the Qt dialog service and the hook that
 // closes every window. Needs the QApplication.
 void ZunWizPrp(const Tx& dirExe, const Tx& linCmd);
 // Loads and shows the background window, whose first activation runs WizMain, and
-// runs the event loop until the run ends. Gives the exit status.
+// runs the event loop until the run ends. Gives 0, or kSaiCri when the wizard was
+// never built; ZunWizSai turns it into the exit status.
 int ZunWizCic();
+// The exit status of a run that ended with st: the script's verdict, when it gave
+// one, stands for a normal end (0) and for an end at once (kSaiEnd). What the
+// status means beyond 0 is said on standard error under the program's name prog,
+// and trc, when given, gets the trace's closing line: "end build ..." or
+// "result WORD ...".
+int ZunWizSai(int st, const char* prog, const std::function<void(const Tx&)>& trc = {});
 
 void WizMain();
 void WizRegRaiz();

@@ -8,6 +8,9 @@
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstring>
 #include <cstdlib>
 #include <string>
 #include "MsgDlg.h"
@@ -20,6 +23,7 @@
 #include "ZunWizAsp.h"
 #include "ZunWizCtl.h"
 #include "ZunWizGlb.h"
+#include "ZunWizRes.h"
 
 namespace zw {
 
@@ -40,12 +44,14 @@ std::vector<Tx> Palavras(TxV t) {
   return r;
 }
 
-// A whole word as a number; false when it is not one.
+// A whole word as a number that an int holds; false when it is not one, so that
+// "BOX 4294967297" is no answer rather than BOX 1.
 bool Inteiro(const Tx& w, int& n) {
   std::string s = TxUtf8(w);
   char* fim = nullptr;
-  long v = std::strtol(s.c_str(), &fim, 10);
-  if (s.empty() || *fim) return false;
+  errno = 0;
+  long long v = std::strtoll(s.c_str(), &fim, 10);
+  if (s.empty() || *fim || errno == ERANGE || v < INT_MIN || v > INT_MAX) return false;
   n = int(v);
   return true;
 }
@@ -68,7 +74,9 @@ bool RunRspLer(const Tx& linha, RunRsp& r, Tx& erro) {
       if (p.size() > 1) erro = u"a click takes no more words";
       return true;
     }
-  if (w == u"CLOSE") {
+  if (w == u"HELP" || w == u"?") {
+    r.k = RunRsp::K::Ajuda;
+  } else if (w == u"CLOSE") {
     r.k = RunRsp::K::Close;
     if (p.size() > 1) erro = u"CLOSE takes no more words";
   } else if (w == u"BOX") {
@@ -139,12 +147,22 @@ struct Run final : MsgDlg {
   int foto = 0;
   bool passo = false;  // a step of the answers is due
 
+  // One line of the trace, flushed. A trace that cannot be written ends the run:
+  // what it was for is lost.
   void Trc(const Tx& lin) {
     if (!opc.trc) return;
     std::string s = TxUtf8(lin);
     s += '\n';
-    std::fwrite(s.data(), 1, s.size(), opc.trc);
-    std::fflush(opc.trc);
+    if (std::fwrite(s.data(), 1, s.size(), opc.trc) != s.size() || std::fflush(opc.trc) != 0)
+      Falha("cannot write the trace: " + std::string(std::strerror(errno)));
+  }
+
+  // The trace or a shot could not be written: said on stderr, and the process ends.
+  [[noreturn]] static void Falha(const std::string& porque) {
+    std::fprintf(stderr, "zunwiz-run: %s\n", porque.c_str());
+    ResFim();
+    std::fflush(nullptr);
+    std::_Exit(kSaiTrc);
   }
 
   Tx Pag() const {
@@ -161,21 +179,81 @@ struct Run final : MsgDlg {
                     (pagIdx ? TxUtf8(Pag()) : std::string("before the first page")) + ": " +
                     TxUtf8(porque) + "\n";
     std::fputs(m.c_str(), stderr);
+    ResFim();
     std::fflush(nullptr);
     std::_Exit(kSaiRsp);
   }
 
   // The next answer. A line that is no answer at all does not fit; typed at a
-  // terminal, it is said and the person is asked again.
-  const RunRsp* Prox() {
+  // terminal, it is said and the person is asked again, and "help" or "?" lists
+  // the answers that fit what is in view (ajuda; the page by default) and asks again.
+  const RunRsp* Prox(const std::function<std::string()>& ajuda = {}) {
     for (;;) {
       const RunRsp* r = fon->Prox();
-      if (!r || fon->Erro().empty()) return r;
+      if (!r) return r;
+      if (r->k == RunRsp::K::Ajuda) {
+        if (!opc.rspTerm) Desajuste(u"help is an answer at a terminal only", r->lin);
+        std::fputs(((ajuda ? ajuda() : PagAjuda()) + "> ").c_str(), stderr);
+        std::fflush(stderr);
+        fon->Toma();
+        continue;
+      }
+      if (fon->Erro().empty()) return r;
       if (!opc.rspTerm) Desajuste(fon->Erro(), r->lin);
-      std::fputs(("zunwiz-run: " + TxUtf8(fon->Erro()) + "\n> ").c_str(), stderr);
+      std::fputs(("zunwiz-run: " + TxUtf8(fon->Erro()) + " (help or ? lists the answers)\n> ").c_str(), stderr);
       std::fflush(stderr);
       fon->Toma();
     }
+  }
+
+  // The BOX words of a box's buttons, its default marked: "BOX 1 Yes (default),
+  // BOX 0 No".
+  static std::string BoxPal(const int* bot, int n, int omi) {
+    std::string r;
+    for (int i = 0; i < n; i++) {
+      const int c = bot[i];
+      const int w = c == kAnsOk || c == kAnsYes ? 1 : c == kAnsNo ? 0 : c == kAnsCancel ? -1 : c;
+      static const char* const nomes[] = {"", "OK", "Cancel", "Abort", "Retry", "Ignore", "Yes", "No"};
+      if (i) r += ", ";
+      r += "BOX " + std::to_string(w) + " " + (c >= 1 && c <= 7 ? nomes[c] : "?");
+      if (c == omi) r += " (default)";
+    }
+    return r;
+  }
+
+  // The answers that fit the page in view: the buttons a person could click, the
+  // close box, and the check boxes and option groups in view and enabled.
+  std::string PagAjuda() const {
+    std::string r = "answers here:\n";
+    if (!asp) return r + "  none until the wizard's window is up\n";
+    ZunWizAsp& a = *asp;
+    static const char* const pal[] = {"ANT", "SEG", "CNF", "CAN"};
+    int k = 0;
+    for (QPushButton* b : {a.cmAnt, a.cmSeg, a.cmCnf, a.cmCan}) {
+      if (!b->isHidden() && b->isEnabledTo(&a))
+        r += "  " + std::string(pal[k]) + "  clicks \"" + b->text().toStdString() + "\"\n";
+      k++;
+    }
+    r += "  CLOSE  closes the window by its close box\n";
+    for (int i = 1; gSup && i <= gSup->CmpNum(); i++) {
+      const Tx ide = TxTrim(gSup->Cmp(i).Ide);
+      if (ide.empty() || CmpIdx(ide) != i) continue;
+      for (CtlArr arr : {CtlArr::Ckb, CtlArr::Opc}) {
+        QWidget* w = a.CtlWid(arr, i);
+        if (!w || w->isHidden() || !w->isEnabledTo(&a)) continue;
+        if (arr == CtlArr::Ckb) {
+          r += "  CHECK " + TxUtf8(ide) + " 0|1\n";
+        } else {
+          std::vector<Var> n{Var()};
+          try {
+            a.Ctl(arr, i)->Exe(u"OpcNum", n);
+          } catch (const std::exception&) {
+          }
+          r += "  OPTION " + TxUtf8(ide) + " 1.." + std::to_string(int(PrpNum(n[0]))) + "\n";
+        }
+      }
+    }
+    return r;
   }
 
   // At a terminal, says what answer is awaited: a click, or the box shown.
@@ -195,7 +273,7 @@ struct Run final : MsgDlg {
     QString n = QsTx(nome);
     n.replace(u'/', u'_').replace(u'\\', u'_');
     QString f = QStringLiteral("%1/%2-%3.png").arg(QsTx(opc.fotos)).arg(foto, 2, 10, QLatin1Char('0')).arg(n);
-    px.save(f, "PNG");
+    if (!px.save(f, "PNG")) Falha("cannot write the shot " + f.toStdString());
   }
 
   // ---- The dialog service ----
@@ -206,8 +284,11 @@ struct Run final : MsgDlg {
     const bool pal = MsgDlgPal();
     int cod = MsgRespOmissao(estilo);
     if (n > 1) {
-      Prompt("box", RunAsp(titulo) + u" " + RunAsp(texto));
-      const RunRsp* r = Prox();
+      const std::string pal = BoxPal(bot, n, cod);
+      Prompt("box", RunAsp(titulo) + u" " + RunAsp(texto) + u" [" + TxDeUtf8(pal) + u"]");
+      const RunRsp* r = Prox([&pal] {
+        return "answers here: " + pal + "; any other answer takes the default and waits for later\n";
+      });
       if (r && r->k == RunRsp::K::Box) {
         // The result word names a button: 1 OK or Yes, 0 No, -1 Cancel; any
         // other number is the answer code itself (Abort, Retry, Ignore).
@@ -235,8 +316,11 @@ struct Run final : MsgDlg {
   void Bip() override {}
 
   bool Entrada(const Tx& titulo, const Tx& pergunta, const Tx& omissao, Tx& resposta) override {
-    Prompt("input", RunAsp(titulo) + u" " + RunAsp(pergunta));
-    const RunRsp* r = Prox();
+    Prompt("input", RunAsp(titulo) + u" " + RunAsp(pergunta) + u" default " + RunAsp(omissao));
+    const RunRsp* r = Prox([&omissao] {
+      return "answers here: INPUT text (the rest of the line), INPUT alone to cancel; any other answer takes "
+             "the default " + TxUtf8(RunAsp(omissao)) + " and waits for later\n";
+    });
     bool ok = true;
     resposta = omissao;
     if (r && r->k == RunRsp::K::Input) {
@@ -331,6 +415,8 @@ struct Run final : MsgDlg {
     fon->Toma();
     ZunWizAsp& a = *asp;
     switch (rsp.k) {
+      case RunRsp::K::Ajuda:  // Prox answers it
+        break;
       case RunRsp::K::Box:
       case RunRsp::K::Input:
         Desajuste(u"no box is open", rsp.lin);
@@ -397,7 +483,8 @@ void ZunWizRunIni(const RunOpc& opc) {
   run.opc = opc;
   run.fon.emplace(*opc.rsp);
   gRun = &run;
-  if (!opc.fotos.empty()) QDir().mkpath(QsTx(opc.fotos));
+  if (!opc.fotos.empty() && !QDir().mkpath(QsTx(opc.fotos)))
+    Run::Falha("cannot make the shots folder " + TxUtf8(opc.fotos));
   MsgDlgDef(&run);
   // Copies, moves and deletes write their progress to the trace.
   static ShfPrgLin prg([](const Tx& l) { gRun->Trc(l); });
@@ -417,15 +504,31 @@ void ZunWizRunIni(const RunOpc& opc) {
   g.Unload = [](ZunWizAsp&) { gRun->Unload(); };
   g.End = [] {
     gRun->Trc(u"end exit");
+    const int st = ZunWizSai(kSaiEnd, "zunwiz-run", [](const Tx& l) { gRun->Trc(l); });
     std::fflush(nullptr);
-    std::_Exit(kSaiEnd);
+    std::_Exit(st);
   };
+  // A script call past the time limit ends the run there: a wizard stuck in a loop
+  // would otherwise hold the run for ever.
+  VbsTmpDef(opc.tmp);
+  VbsTmpSaiDef([](const VbsTrcReg& r) {
+    gRun->Trc(u"end timeout");
+    std::string m = "zunwiz-run: a script call went past the time limit of " +
+                    std::to_string(gRun->opc.tmp / 1000) + " s: " + TxUtf8(r.call);
+    if (r.lin > 0) m += ", option file line " + std::to_string(r.lin);
+    std::fprintf(stderr, "%s\n", m.c_str());
+    ResFim();
+    std::fflush(nullptr);
+    std::_Exit(kSaiTmp);
+  });
 }
 
 int ZunWizRunFim(int st) {
   if (gRun && !gRun->opc.rspTerm)
     if (const RunRsp* r = gRun->Prox()) gRun->Desajuste(u"answers are left over when the run ends", r->lin);
-  return st;
+  return ZunWizSai(st, "zunwiz-run", [](const Tx& l) {
+    if (gRun) gRun->Trc(l);
+  });
 }
 
 }  // namespace zw

@@ -10,6 +10,7 @@
 #include <istream>
 #include <optional>
 #include "Tx.h"
+#include "ZunWizMain.h"
 
 namespace zw {
 
@@ -17,7 +18,7 @@ class ZunWizAsp;
 
 // One answer line.
 struct RunRsp {
-  enum class K { Btn, Close, Box, Input, Check, Option };
+  enum class K { Btn, Close, Box, Input, Check, Option, Ajuda };  // Ajuda: "help" or "?" at a terminal
   K k = K::Btn;
   int lin = 0;     // its line number in the answers
   Tx nome;         // the button ("cmAnt"...) or the component named
@@ -58,6 +59,7 @@ struct RunOpc {
   bool rspTerm = false;         // answers typed at a terminal: prompts, no look past the end
   std::FILE* trc = nullptr;     // the trace
   Tx fotos;                     // folder of the screenshots, "" for none
+  long tmp = -1;                // the longest a script call may take, ms; -1 no limit
 };
 
 // Puts the run in force: the dialog service that answers from the answers and
@@ -67,8 +69,5 @@ void ZunWizRunIni(const RunOpc& opc);
 // At the end of the start-up: answers left over do not fit. Gives the exit status.
 int ZunWizRunFim(int st);
 
-// Exit statuses of a run besides the program's own (0 and 2).
-constexpr int kSaiRsp = 3;  // the answers do not fit the wizard
-constexpr int kSaiEnd = 4;  // the process ended at once
 
 }  // namespace zw

@@ -216,16 +216,28 @@ bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
       return false;
     }
   }
-  bool ok = true;
+  bool ok = true, tmp = false;
   std::shared_ptr<vbs::Unit> u = lstCod_;  // kept alive if the code resets the engine
   try {
     e.StartClock();
     e.RunMain(*u->main);
+    tmp = e.halted;
+  } catch (const vbs::Abort&) {
+    tmp = true;
   } catch (...) {
     ok = false;
   }
   sc_->Error().Clear();
   e.err = vbs::ErrState();
+  // The time limit stops the list whatever its handlers: that error stays, as the
+  // control's own calls leave it.
+  if (tmp) {
+    vbs::ScriptError& er = sc_->Error();
+    er.Number = kVbsErrTmp;
+    er.Description = u"Script timeout: the script ran longer than the time allowed";
+    er.Source = u"Microsoft VBScript runtime error";
+    ok = false;
+  }
   return ok;
 }
 

@@ -63,6 +63,17 @@ struct VbsTrcReg {
 // unattended run writes it to its own trace. Null removes it.
 void VbsTrcSaiDef(std::function<void(const VbsTrcReg&)> f);
 bool VbsTrcAct();
+
+// The error number of a call that the time limit stopped.
+constexpr int32_t kVbsErrTmp = -2147467260;
+// The longest one call into the script engine may run, in milliseconds, for every
+// host started or reset after it is set; -1 (the default) is no limit, as the
+// wizard has always had. A call that runs past it is stopped and fails as any
+// script error does; it is then also handed to the function of VbsTmpSaiDef, for a
+// run that must end there rather than pass over it.
+void VbsTmpDef(long ms);
+long VbsTmpAct();
+void VbsTmpSaiDef(std::function<void(const VbsTrcReg&)> f);
 // Reads the command-line word list: a word "DBGVBS=value" switches the trace on when
 // the value is a yes word ("1", "S", "Sim") and off otherwise; without the word the
 // trace stays as it is. Every new VbsSup calls it.

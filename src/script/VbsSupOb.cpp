@@ -78,12 +78,12 @@ void VbsSup::RegSup(const Var& frm, std::shared_ptr<vbs::ScriptControl> sc, cons
   VbsIni();
 }
 
-// Resets the engine: no code, no script variables, no time limit; the engine is
+// Resets the engine: no code, no script variables, the process's time limit; the engine is
 // started with a first expression, then every object of the table is added again.
 void VbsSup::VbsIni() {
   if (!sc_) return;  // nothing to reset yet; every step would fail alike
   if (!EngReset()) Trc(u"VbsIni: Reset");
-  if (!EngTimeout(-1)) Trc(u"VbsIni: Timeout");
+  if (!EngTimeout(int32_t(VbsTmpAct()))) Trc(u"VbsIni: Timeout");
   Var r;
   int16_t ok = 0;
   ExeCalc(u"1+1", r, ok);

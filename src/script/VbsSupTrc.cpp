@@ -13,6 +13,8 @@ namespace zw {
 namespace {
 std::atomic<bool> trcOn{false};
 std::function<void(const VbsTrcReg&)> trcSai;
+long tmpMs = -1;
+std::function<void(const VbsTrcReg&)> tmpSai;
 
 void TrcLin(const Tx& lin) {
   std::string s = TxUtf8(lin);
@@ -25,6 +27,9 @@ void TrcLin(const Tx& lin) {
 void VbsTrcDef(bool on) { trcOn = on; }
 void VbsTrcSaiDef(std::function<void(const VbsTrcReg&)> f) { trcSai = std::move(f); }
 bool VbsTrcAct() { return trcOn; }
+void VbsTmpDef(long ms) { tmpMs = ms < 0 ? -1 : ms; }
+long VbsTmpAct() { return tmpMs; }
+void VbsTmpSaiDef(std::function<void(const VbsTrcReg&)> f) { tmpSai = std::move(f); }
 
 // Looks for the word "DBGVBS=value" (the key in any case) in the command line.
 void VbsTrcLc() {
@@ -46,7 +51,8 @@ void VbsTrcLc() {
 // empty text, which is how an option leaves a value unset.
 void VbsSup::Trc(const Tx& call, const Tx* stm) {
   bool vazio = stm && TxTrim(*stm).empty();
-  if (!trcOn && !trcSai) return;
+  const bool tmp = sc_ && sc_->Error().Number == kVbsErrTmp;
+  if (!trcOn && !trcSai && !(tmp && tmpSai)) return;
   if (!sc_) {
     TrcMsg(call, u"no script control");
     return;
@@ -64,6 +70,7 @@ void VbsSup::Trc(const Tx& call, const Tx* stm) {
     TrcLin(l);
   }
   if (trcSai && !vazio) trcSai(VbsTrcReg{num, des, lin, call});
+  if (tmp && tmpSai) tmpSai(VbsTrcReg{num, des, lin, call});
 }
 
 // A script error that the engine raised outside the control's own calls (a statement

@@ -58,16 +58,20 @@ void SupWiz::WizIni(const Tx& fpa) {
   f->Caption(TitWiz);
   ImgFun(zw::ImgFun);
   MnuIco(ImgIco);
+  mLin = mLinDimX;
   if (!(DimX.EhTx() && DimX.Txt() == u"AUTO")) f->Width(NuDbl(DimX));
+  mLin = mLinDimY;
   if (!(DimY.EhTx() && DimY.Txt() == u"AUTO")) f->Height(NuDbl(DimY));
   PagCmpPrp();
   mPagLst.assign(1, 0);
   mPagAct = 1;
+  mLin = mPagNum >= 1 ? mPag[1].Lin : 0;
   PagVer(mPagAct);
 }
 
 // Hands the engine to the window, which runs "FxIni" and shows itself modally.
 void SupWiz::WizExe() {
+  mLin = 0;
   if (WizFrm* f = Frm()) f->WizExe(*this);
 }
 
@@ -86,6 +90,7 @@ void SupWiz::WizOpcLer(const Tx& fpa) {
   mTda->ZonIni(fpa, u"");
   mTda->ZonSeg(grp, tip, num, des);
   while (!grp.empty()) {
+    mLin = mTda->zonLin;
     if (grp == u"DEF") {
       WizDefLer();
     } else if (grp == u"VAR" || grp == u"PON" || grp == u"ZON") {
@@ -135,6 +140,8 @@ void SupWiz::WizDefLer() {
   tamFix = TxMai(tamFix) == u"N" ? u"N" : u"S";
   WizOpcTwp('X', u"DimX", DimX);
   WizOpcTwp('Y', u"DimY", DimY);
+  mLinDimX = MemLin(u"DimX");
+  mLinDimY = MemLin(u"DimY");
   Var zonX, basPy, basSy, botDx, botPx, botDy, botSy;
   WizOpcTwp('X', u"ZonX", zonX);
   if (zonX.EhTx() && zonX.Txt() == u"AUTO") zonX = DimX;
@@ -161,6 +168,13 @@ Tx SupWiz::MemTx(const Tx& chv) {
   Tx tpp;
   mTda->MemCon(chv, v, exi, tpp);
   return TxVar(v);
+}
+
+int32_t SupWiz::MemLin(const Tx& chv) {
+  int32_t row = -1;
+  mTda->MemIdxUsa(Var(chv), row);
+  if (row > 0 && size_t(row) < mTda->memTab.size()) return mTda->memTab[size_t(row)].lin;
+  return mTda->zonLin;
 }
 
 // A key of the current group, trimmed and in capitals.

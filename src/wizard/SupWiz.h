@@ -55,6 +55,7 @@ struct tPag {
   tTra Tra[5];  // 1 "ANT", 2 "SEG", 3 "CNF", 4 "CAN"; 0 unused
   Tx FxPagEnt, FxPagSai;
   int16_t CmpIni = 0, CmpFim = 0, CmpNum = 0;
+  int32_t Lin = 0;  // the option file line of the group's head
 };
 
 // One "CMP" group, with the fields derived from its texts.
@@ -68,6 +69,7 @@ struct tCmp {
   Tx FonEst;
   int16_t AlnVal = 0;
   Tx TxtAct;
+  int32_t Lin = 0;  // the option file line of the group's head
 };
 
 class SupWiz : public WizEng {
@@ -125,6 +127,10 @@ class SupWiz : public WizEng {
   void CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res) override;
 
   WizFrm* Frm() const { return WizFrmDe(mFrm); }
+  // The option file line of what the build is working on: the head of the group
+  // being read, the group of the component being made, or the key of the window's
+  // size. When a build fails, it says where; 0 when no line is known.
+  int32_t LinAct() const { return mLin; }
 
   // Read-only views for the program's tools and tests.
   int16_t ZpoNum() const { return mZpoNum; }
@@ -143,6 +149,7 @@ class SupWiz : public WizEng {
   void WizOpcLer(const Tx& fpa);
   void WizDefLer();
   Tx MemTx(const Tx& chv);  // a key of the current group as text, "" when absent
+  int32_t MemLin(const Tx& chv);  // the file line of a key of the current group, its head's when absent
   void WizOpcTx(const Tx& chv, Tx& val);
   void WizOpcDir(const Tx& chv, Tx& val);
   void WizOpcTwp(char eixo, const Tx& chv, Var& val);
@@ -211,6 +218,8 @@ class SupWiz : public WizEng {
   CtlObj* mOpcAct = nullptr;
   std::vector<int16_t> mPagLst;
   int16_t mPagAct = 0;
+  int32_t mLin = 0;                  // LinAct
+  int32_t mLinDimX = 0, mLinDimY = 0;  // the lines of the keys of the window's size
 };
 
 }  // namespace zw

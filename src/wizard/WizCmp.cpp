@@ -37,6 +37,7 @@ void SupWiz::CmpOpcPrp() {
   TxOpcSbr(MemTx(u"Txt"), mCmpW.Txt);
   mCmpW.Adi = MemTx(u"Adi");
   mCmpW.Sit = MemTx(u"Sit");
+  mCmpW.Lin = mTda->zonLin;
   int16_t idx = 0;
   CmpAdd(idx);
 }
@@ -75,6 +76,7 @@ void SupWiz::OpcConSup(const Tx& chv, Tx& val) {
 void SupWiz::PagCmpPrp() {
   for (int i = 1; i <= mCmpNum; i++) {
     tCmp& c = mCmp[size_t(i)];
+    mLin = c.Lin;
     Tx px, py, dx, dy;
     int ach = 0;
     TxDiv2(c.Pos, u",", px, py, ach);

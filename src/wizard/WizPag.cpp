@@ -23,6 +23,7 @@ void SupWiz::PagOpcPrp() {
   mPagW.CmpFim = 0;
   mPagW.CmpNum = 0;
   mPagW.CmpIni = int16_t(mCmpNum + 1);
+  mPagW.Lin = mTda->zonLin;
   int16_t idx = 0;
   PagAdd(idx);
 }

@@ -42,7 +42,13 @@ static double ZpoPix(const Var& twp, double tpp) {
 // pass are the same from one group to the next until a record is added, so the
 // host runs them as one list that it compiles once.
 void SupWiz::ZpoCalc() {
-  double x = ZpoPix(DimX, TwpPix('X')), y = ZpoPix(DimY, TwpPix('Y'));
+  // The window's size in pixels; a size that is no number fails at its key's line.
+  const int32_t lin = mLin;
+  mLin = mLinDimX;
+  double x = ZpoPix(DimX, TwpPix('X'));
+  mLin = mLinDimY;
+  double y = ZpoPix(DimY, TwpPix('Y'));
+  mLin = lin;
   std::vector<Tx>& cmd = mZpoCmd;
   if (cmd.size() < 2) cmd.resize(2);
   cmd[0] = u"xMax=" + TxVar(Var(x));

@@ -44,8 +44,8 @@ const char* IcoNome(QMessageBox::Icon i) {
 
 // The child: starts the program with the command line, answers each box with
 // its default button after writing "BOX <title>|<icon>|<buttons>|<beeps>|<text>"
-// to stderr (line breaks as "/"), and ends with the program's status. A run that
-// hangs ends with status 99.
+// to stderr (line breaks as "/"), and ends with the program's status as zunwiz's
+// main gives it. A run that hangs ends with status 99.
 [[noreturn]] void Corre(const Tx& dirExe, const Tx& lin) {
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   tst::QtApp();
@@ -68,7 +68,7 @@ const char* IcoNome(QMessageBox::Icon i) {
   ZunWizPrp(dirExe, lin);
   espia = new MsgEspia(MsgDlgAct());
   MsgDlgDef(espia);
-  int r = ZunWizCic();
+  int r = ZunWizSai(ZunWizCic(), "zunwiz");
   std::fflush(nullptr);
   std::_Exit(r);
 }
@@ -85,7 +85,8 @@ TEST(ZunWizRun, MissingOptionFileShowsTheBoxAndEnds) {
               "Ficheiro: /no/such\\.par\n$");
 }
 
-// An option file that exists: the run ends by itself, quietly, with status 0.
+// An option file that exists but has no page: the run ends by itself, quietly,
+// at once, as going past the last page does, with that status.
 TEST(ZunWizRun, ExistingOptionFileEndsNormally) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   // The death test's child runs this body again: it takes the parent's folder
@@ -101,7 +102,33 @@ TEST(ZunWizRun, ExistingOptionFileEndsNormally) {
   fs::create_directories(d);
   std::ofstream(d / "ZunWiz.par") << "[DEF]\n";
   Tx dir = TxDeUtf8(d.string());
-  EXPECT_EXIT(Corre(dir, u""), testing::ExitedWithCode(0), "^$");
+  EXPECT_EXIT(Corre(dir, u""), testing::ExitedWithCode(kSaiEnd), "^$");
   unsetenv("ZW_TEST_RUN_OK");
+  fs::remove_all(d);
+}
+
+// A wizard that no attempt can build (a font size no control takes): the first
+// failure runs the installer unasked, the second asks, the default answer is No,
+// and the run ends with its own status rather than 0, naming the failure and the
+// option file line of the component whose font it is.
+TEST(ZunWizRun, AWizardNeverBuiltEndsWithItsOwnStatus) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  fs::path d;
+  if (const char* pai = std::getenv("ZW_TEST_RUN_CRI")) {
+    d = pai;
+  } else {
+    char modelo[] = "/tmp/zw-run-cri-XXXXXX";
+    d = mkdtemp(modelo);
+    setenv("ZW_TEST_RUN_CRI", d.c_str(), 1);
+  }
+  fs::create_directories(d);
+  std::ofstream(d / "ZunWiz.par") << "'Nome : cria\n'Tipo : PAR\n'Data : 2026-11-25\n'Versao : 1.0\n'Descricao : x\n"
+                                     "#PAG - Um\n[IDE]=UM\n##\n#CMP - L\n[Tip]=LAB\n[Fon]=Arial, 100000\n##\n";
+  Tx dir = TxDeUtf8(d.string());
+  EXPECT_EXIT(Corre(dir, u""), testing::ExitedWithCode(kSaiCri),
+              "^BOX ZunWiz\\|question\\|[^|]*\\|[0-9]+\\|Ocorreu um erro a iniciar o programa//"
+              "Provavelmente falta instalar componentes/Instalar \\?//Confirma \\?\n"
+              "zunwiz: the wizard could not be built: Overflow \\(option file line 9\\)\n$");
+  unsetenv("ZW_TEST_RUN_CRI");
   fs::remove_all(d);
 }

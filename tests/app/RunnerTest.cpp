@@ -11,6 +11,7 @@
 #include "MsgDlg.h"
 #include "QtApp.h"
 #include "TxQt.h"
+#include "VbsSup.h"
 #include "ZunWizAsp.h"
 #include "ZunWizRun.h"
 
@@ -33,6 +34,8 @@ struct RunTeste {
   ~RunTeste() {
     MsgDlgDef(nullptr);
     AspGanAct() = AspGan();
+    VbsTmpSaiDef(nullptr);
+    VbsTmpDef(-1);
     std::fclose(trc);
   }
   std::string Trace() {
@@ -82,7 +85,20 @@ TEST(RunRsp, ReadsEachKindOfAnswerAndRefusesTheRest) {
   EXPECT_EQ(r.k, RunRsp::K::Option);
   EXPECT_EQ(r.num, 3);
 
-  for (const char16_t* mau : {u"NEXT", u"SEG 2", u"BOX", u"BOX yes", u"CHECK ck 2", u"CHECK ck", u"OPTION op x"}) {
+  // "help" and "?" ask for the answers that fit; a terminal takes them.
+  for (const char16_t* aj : {u"help", u"?", u" HELP "}) {
+    ASSERT_TRUE(RunRspLer(aj, r, erro)) << TxUtf8(aj);
+    EXPECT_EQ(r.k, RunRsp::K::Ajuda) << TxUtf8(aj);
+    EXPECT_TRUE(erro.empty()) << TxUtf8(aj);
+  }
+  ASSERT_TRUE(RunRspLer(u"BOX 2147483647", r, erro));
+  EXPECT_TRUE(erro.empty());
+  EXPECT_EQ(r.num, 2147483647);
+
+  // Numbers past an int are no answers: 4294967297 is not BOX 1 cut short.
+  for (const char16_t* mau : {u"NEXT", u"SEG 2", u"BOX", u"BOX yes", u"CHECK ck 2", u"CHECK ck", u"OPTION op x",
+                              u"BOX 4294967297", u"BOX -4294967295", u"BOX 2147483648", u"BOX 99999999999999999999",
+                              u"OPTION op 4294967298", u"CHECK ck 4294967297"}) {
     ASSERT_TRUE(RunRspLer(mau, r, erro)) << TxUtf8(mau);
     EXPECT_FALSE(erro.empty()) << TxUtf8(mau);
   }

@@ -9,10 +9,13 @@
 #               CLOSE, BOX R, INPUT text, CHECK NAME 0|1, OPTION NAME N;
 #   NAME.trace  the trace expected, exactly (docs/zunwiz-run.md tells its lines).
 # NAME.args, when it exists, holds more command-line words, one per line
-# ("KEY=value"...). Where the case's folder appears in the trace (a box that names
+# ("KEY=value"...); NAME.opts zunwiz-run's own options, one word per line
+# ("--timeout", "2"). Where the case's folder appears in the trace (a box that names
 # the option file, say) it is written "<DIR>". The exit status must be the one the
-# trace's last line stands for: 3 after "end answers", 4 after "end exit", else 0;
-# a case with no option file is the missing option file, status 2.
+# trace's last line stands for: 3 after "end answers", 4 after "end exit", 5 after
+# "end build", 6 after "end timeout" (reached within 12 s), after "result WORD" the
+# verdict's status (0 CONCLUIDO, 8 FALHOU or another word, 9 CANCELADO, 10
+# RECUSADO), else 0; a case with no option file is the missing option file, status 2.
 #
 # To add a case: write NAME.par and NAME.ans in the folder, run
 #   build/tools/zunwiz-run/zunwiz-run --answers NAME.ans --trace NAME.trace -FP $PWD/NAME.par

@@ -2,6 +2,7 @@
 // WScript object; an error nothing handles is written to stderr as
 // FILE(line, column) VBScript runtime error NNN: Description, with status 1.
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -10,6 +11,24 @@
 #include "WScript.h"
 
 int main(int argc, char** argv) {
+  // --help and --version as the first word; a script of either name is run as
+  // "vbs ./--help".
+  if (argc >= 2 && !std::strcmp(argv[1], "--version")) {
+    std::printf("vbs %s\n", ZW_VERSAO);
+    return 0;
+  }
+  if (argc >= 2 && !std::strcmp(argv[1], "--help")) {
+    std::fputs(
+        "usage: vbs FILE [arguments]\n"
+        "Runs a VBScript file with a WScript object; the arguments are WScript.Arguments.\n"
+        "An error nothing handles goes to standard error as\n"
+        "FILE(line, column) VBScript runtime error NNN: Description.\n"
+        "\n"
+        "Exit status: 0, or what WScript.Quit gives; 1 an error nothing handled;\n"
+        "2 no file, or a file that cannot be read.\n",
+        stdout);
+    return 0;
+  }
   if (argc < 2) {
     std::fprintf(stderr, "usage: vbs FILE [arguments]\n");
     return 2;

@@ -29,6 +29,23 @@ int Uso() {
   return 64;
 }
 
+// What --help prints: the three commands and the exit statuses.
+int Ajuda() {
+  std::fputs(
+      "usage: zunwiz-opc dump FILE [KEY=value ...]\n"
+      "       zunwiz-opc get FILE KEY [--subst] [KEY=value ...]\n"
+      "       zunwiz-opc set FILE KEY VALUE\n"
+      "dump shows what the wizard's reader sees in FILE, as JSON; get answers an option\n"
+      "as the wizard would after reading the whole file (--subst replaces its bracket\n"
+      "words); set changes or adds one variable in place. KEY=value words override\n"
+      "the file's options.\n"
+      "\n"
+      "Exit status: 0 done; 1 the reader fails on the file; 2 the file cannot be read;\n"
+      "3 it cannot be written (it is then as it was); 64 wrong arguments.\n",
+      stdout);
+  return 0;
+}
+
 
 // A JSON number; what JSON cannot hold (infinity, NaN) becomes null.
 std::string Jn(double d) {
@@ -136,6 +153,11 @@ int Set(TdaOpc& o, const Tx& fic, const Tx& chv, const Tx& val) {
 int main(int argc, char** argv) {
   std::vector<Tx> a;
   for (int i = 1; i < argc; i++) a.push_back(TxDeUtf8(argv[i]));
+  if (a.size() == 1 && a[0] == u"--version") {
+    std::printf("zunwiz-opc %s\n", ZW_VERSAO);
+    return 0;
+  }
+  if (a.size() == 1 && a[0] == u"--help") return Ajuda();
   if (a.size() < 2) return Uso();
   const Tx& cmd = a[0];
   const Tx& fic = a[1];

@@ -1,11 +1,12 @@
 // zunwiz-run: runs a wizard with answers instead of a person and writes a trace.
-//   zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] WORDS...
+//   zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS] WORDS...
 // WORDS are zunwiz's own command line ("-FP file", "KEY=value"...). The start-up,
-// engine and windows are zunwiz's, on Qt's offscreen platform. Exit status: 0 the
-// run ended, 2 the option file is missing, 3 the answers do not fit the wizard,
-// 4 the process ended at once.
+// engine and windows are zunwiz's, on Qt's offscreen platform. The exit statuses
+// are the program's own (ZunWizMain.h); 1 is a command line that does not fit.
 #include <QApplication>
+#include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -15,10 +16,46 @@
 #include "ZunWizRun.h"
 
 namespace {
+const char kUso[] = "usage: zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS] WORDS...\n";
+
 [[noreturn]] void Uso(const char* porque) {
-  std::fprintf(stderr, "zunwiz-run: %s\nusage: zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] WORDS...\n",
-               porque);
+  std::fprintf(stderr, "zunwiz-run: %s\n%s", porque, kUso);
   std::exit(1);
+}
+
+// What --help prints: the options, the answer words and the exit statuses.
+void Ajuda() {
+  std::fputs(kUso, stdout);
+  std::fputs(
+      "Runs the wizard of an option file with answers in place of a person and writes\n"
+      "a trace of what it showed and asked. WORDS are zunwiz's own: -FP file, KEY=value.\n"
+      "\n"
+      "  --answers FILE     the answers; without it, standard input (at a terminal,\n"
+      "                     help or ? lists the answers that fit)\n"
+      "  --trace FILE|-     where the trace goes; - (the default) is standard output\n"
+      "  --shots DIR        a PNG of the window at each page and of each box\n"
+      "  --timeout SECONDS  the longest one script call may take; 0 for no limit.\n"
+      "                     Default: no limit with answers typed at a terminal, 600 else\n"
+      "  --help, --version\n"
+      "\n"
+      "Answers: ANT, SEG, CNF, CAN, CLOSE, BOX R, INPUT text, CHECK NAME 0|1, OPTION NAME N.\n"
+      "\n"
+      "Exit status: 0 the wizard ended normally; 1 the command line does not fit;\n"
+      "2 the option file is missing; 3 the answers do not fit; 4 the process ended at\n"
+      "once; 5 the wizard could not be built; 6 a script call went past the time\n"
+      "limit; 7 the trace or the shots could not be written; the script's verdict:\n"
+      "8 the install failed, 9 cancelled, 10 the licence refused.\n",
+      stdout);
+}
+
+// A number of seconds, whole and not negative, within a day's worth of times.
+bool Segundos(const char* s, long& seg) {
+  char* fim = nullptr;
+  errno = 0;
+  long v = std::strtol(s, &fim, 10);
+  if (!*s || *fim || errno || v < 0 || v > 2000000) return false;
+  seg = v;
+  return true;
 }
 }  // namespace
 
@@ -26,6 +63,7 @@ int main(int argc, char** argv) {
   const char* rsp = nullptr;
   const char* trc = "-";
   const char* fotos = "";
+  const char* tmp = nullptr;
   int i = 1;
   for (; i < argc; i++) {
     auto val = [&](const char*& alvo) {
@@ -35,6 +73,9 @@ int main(int argc, char** argv) {
     if (!std::strcmp(argv[i], "--answers")) val(rsp);
     else if (!std::strcmp(argv[i], "--trace")) val(trc);
     else if (!std::strcmp(argv[i], "--shots")) val(fotos);
+    else if (!std::strcmp(argv[i], "--timeout")) val(tmp);
+    else if (!std::strcmp(argv[i], "--help")) { Ajuda(); return 0; }
+    else if (!std::strcmp(argv[i], "--version")) { std::printf("zunwiz-run %s\n", ZW_VERSAO); return 0; }
     else if (!std::strcmp(argv[i], "--")) { i++; break; }
     else break;
   }
@@ -48,8 +89,14 @@ int main(int argc, char** argv) {
     opc.rsp = &std::cin;
     opc.rspTerm = isatty(0);
   }
+  long seg = opc.rspTerm ? 0 : 600;
+  if (tmp && !Segundos(tmp, seg)) Uso("--timeout takes a whole number of seconds");
+  opc.tmp = seg > 0 ? seg * 1000 : -1;
   opc.trc = std::strcmp(trc, "-") ? std::fopen(trc, "w") : stdout;
-  if (!opc.trc) Uso("cannot write the trace file");
+  if (!opc.trc) {
+    std::fprintf(stderr, "zunwiz-run: cannot write the trace file %s: %s\n", trc, std::strerror(errno));
+    return zw::kSaiTrc;
+  }
   opc.fotos = zw::TxDeUtf8(fotos);
 
   // Standard error is for the run's own messages: Qt's notes about the offscreen
