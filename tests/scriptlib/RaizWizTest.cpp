@@ -13,13 +13,12 @@
 #include "SupWizVbs.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
+#include "WizTst.h"
 
 namespace zw {
 namespace {
 
-struct RaizWiz : ::testing::Test {
-  std::shared_ptr<vbs::ScriptControl> sc = std::make_shared<vbs::ScriptControl>();
-  VbsSup h;
+struct RaizWiz : tst::WizHost {
   SupWizVbs lib;
   std::string d;
   std::vector<Tx> lin;
@@ -28,26 +27,13 @@ struct RaizWiz : ::testing::Test {
   void SetUp() override {
     char t[] = "/tmp/zwraizwizXXXXXX";
     d = mkdtemp(t);
-    h.VbsSupPrp(Var(), sc);
-    int16_t ok = 0;
-    h.RegObPrp(u"N", u"Wiz", lib.Ob(), ok);
-    ASSERT_EQ(ok, 1);
+    Liga(lib.Ob());
     ASSERT_EQ(Cmd(u"D = \"" + TxDeUtf8(d) + u"\""), 1);
     ShfPrgDef(&prg);
   }
   void TearDown() override {
     ShfPrgDef(nullptr);
     (void)!std::system(("rm -rf '" + d + "'").c_str());
-  }
-  Tx Ev(const Tx& e) {
-    Var r;
-    h.ExeCalcRes(e, r);
-    return TxVar(r);
-  }
-  int16_t Cmd(const Tx& c) {
-    int16_t ok = 0;
-    h.ExeCmd(c, ok);
-    return ok;
   }
   void Escreve(const std::string& p, const std::string& b) { std::ofstream(p, std::ios::binary) << b; }
   struct stat Est(const std::string& p) {

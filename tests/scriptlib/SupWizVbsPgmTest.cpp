@@ -14,6 +14,7 @@
 #include "SupWizVbs.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
+#include "WizTst.h"
 
 namespace zw {
 namespace {
@@ -21,9 +22,7 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-struct WizPgmTest : ::testing::Test {
-  std::shared_ptr<vbs::ScriptControl> sc = std::make_shared<vbs::ScriptControl>();
-  VbsSup h;
+struct WizPgmTest : tst::WizHost {
   std::unique_ptr<SupWizVbs> lib = std::make_unique<SupWizVbs>();
   fs::path dir;
   int eventos = 0;
@@ -31,10 +30,7 @@ struct WizPgmTest : ::testing::Test {
   void SetUp() override {
     char m[] = "/tmp/zw-wizpgm-XXXXXX";
     dir = mkdtemp(m);
-    h.VbsSupPrp(Var(), sc);
-    int16_t ok = 0;
-    h.RegObPrp(u"N", u"Wiz", lib->Ob(), ok);
-    ASSERT_EQ(ok, 1);
+    Liga(lib->Ob());
     EvtPmpDef([this] { ++eventos; });
     setenv("ZW_CMP_MARCA", (dir / "marca").c_str(), 1);
   }
@@ -42,11 +38,6 @@ struct WizPgmTest : ::testing::Test {
     EvtPmpDef(nullptr);
     unsetenv("ZW_CMP_MARCA");
     fs::remove_all(dir);
-  }
-  Tx Ev(const Tx& e) {
-    Var r;
-    h.ExeCalcRes(e, r);
-    return TxVar(r);
   }
   // A script text literal of a path.
   static Tx Lit(const fs::path& p) { return u"\"" + TxDeUtf8(p.string()) + u"\""; }

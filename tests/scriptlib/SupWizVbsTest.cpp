@@ -6,6 +6,7 @@
 #include "SupWizVbs.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
+#include "WizTst.h"
 
 namespace zw {
 namespace {
@@ -24,27 +25,12 @@ struct EngTst : WizEng {
   }
 };
 
-struct WizVbsTest : ::testing::Test {
-  std::shared_ptr<vbs::ScriptControl> sc = std::make_shared<vbs::ScriptControl>();
-  VbsSup h;
+struct WizVbsTest : tst::WizHost {
   EngTst eng;
   std::unique_ptr<SupWizVbs> lib = std::make_unique<SupWizVbs>(&eng);
 
   void SetUp() override {
-    h.VbsSupPrp(Var(), sc);
-    int16_t ok = 0;
-    h.RegObPrp(u"N", u"Wiz", lib->Ob(), ok);
-    ASSERT_EQ(ok, 1);
-  }
-  Tx Ev(const Tx& e) {
-    Var r;
-    h.ExeCalcRes(e, r);
-    return TxVar(r);
-  }
-  int16_t Cmd(const Tx& c) {
-    int16_t ok = 0;
-    h.ExeCmd(c, ok);
-    return ok;
+    Liga(lib->Ob());
   }
 };
 

@@ -15,39 +15,25 @@
 #include "SupWizVbs.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
+#include "WizTst.h"
 
 namespace zw {
 namespace {
 
-struct WizLib : ::testing::Test {
-  std::shared_ptr<vbs::ScriptControl> sc = std::make_shared<vbs::ScriptControl>();
-  VbsSup h;
+struct WizLib : tst::WizHost {
   SupWizVbs lib;
   std::string d;
 
   void SetUp() override {
     char t[] = "/tmp/zwwizlibXXXXXX";
     d = mkdtemp(t);
-    h.VbsSupPrp(Var(), sc);
-    int16_t ok = 0;
-    h.RegObPrp(u"N", u"Wiz", lib.Ob(), ok);
-    ASSERT_EQ(ok, 1);
+    Liga(lib.Ob());
     ASSERT_EQ(Cmd(u"D = \"" + TxDeUtf8(d) + u"\""), 1);
   }
   void TearDown() override {
     Cmd(u"Wiz.FxRegGrpPrp \"\"");
     RegFicDef(u"");
     (void)!std::system(("chmod -R u+w '" + d + "'; rm -rf '" + d + "'").c_str());
-  }
-  Tx Ev(const Tx& e) {
-    Var r;
-    h.ExeCalcRes(e, r);
-    return TxVar(r);
-  }
-  int16_t Cmd(const Tx& c) {
-    int16_t ok = 0;
-    h.ExeCmd(c, ok);
-    return ok;
   }
   void Escreve(const std::string& rel, const std::string& b) { std::ofstream(d + "/" + rel, std::ios::binary) << b; }
   std::string Le(const std::string& rel) {
