@@ -118,6 +118,11 @@ class Engine {
   // quick quantum (up to kMaxQuantum) and shrinks after a slow one.
   long timeoutMs = -1;
   std::chrono::steady_clock::time_point deadline, lastRead;
+  // The host's pulse (ScriptControl::Pulse), read with the clock: it makes a
+  // call timed even without a time-out.
+  std::function<bool()> pulse;
+  std::chrono::milliseconds pulseEvery{100};
+  std::chrono::steady_clock::time_point nextPulse;
   bool timed = false;
   // the time-out stopped this run: every later step stops too. A time-out
   // inside Class_Terminate cannot leave it (the release that ran it may be in a

@@ -65,6 +65,10 @@ void ScriptControl::Reset() {
 
 long ScriptControl::Timeout() const { return e_->timeoutMs; }
 void ScriptControl::Timeout(long ms) { e_->timeoutMs = ms < 0 ? -1 : ms; }
+void ScriptControl::Pulse(std::function<bool()> f, long ms) {
+  e_->pulse = std::move(f);
+  e_->pulseEvery = std::chrono::milliseconds(ms > 0 ? ms : 1);
+}
 std::shared_ptr<HostPolicy> ScriptControl::Policy() const { return e_->policy; }
 void ScriptControl::Policy(std::shared_ptr<HostPolicy> p) { e_->policy = std::move(p); }
 

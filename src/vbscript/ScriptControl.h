@@ -2,6 +2,7 @@
 // script control gives them. Nothing raises past this interface: an error of the
 // script (compile or run time) lands in Error() and the call answers false.
 #pragma once
+#include <functional>
 #include <memory>
 #include <span>
 #include <vector>
@@ -75,6 +76,11 @@ class ScriptControl {
   // kept across Reset, as the time-out is.
   std::shared_ptr<HostPolicy> Policy() const;
   void Policy(std::shared_ptr<HostPolicy> p);
+  // A host's pulse while a call runs: f is called about every `ms` milliseconds
+  // of the call (a window paints and takes its close box there). When it answers
+  // false the call stops as a time-out does. It is kept across Reset; an empty f
+  // removes it. f must not call back into this control.
+  void Pulse(std::function<bool()> f, long ms);
   // The window that owns what the engine shows; kept, not used.
   void SitehWnd(long hwnd) { hwnd_ = hwnd; }
   long SitehWnd() const { return hwnd_; }

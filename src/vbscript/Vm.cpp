@@ -209,11 +209,13 @@ void Engine::Install(Unit& u) {
 }
 
 void Engine::StartClock() {
-  timed = timeoutMs >= 0;
+  timed = timeoutMs >= 0 || bool(pulse);
   halted = false;
   haltLine = 0;
   lastRead = std::chrono::steady_clock::now();
-  if (timed) deadline = lastRead + std::chrono::milliseconds(timeoutMs);
+  deadline = timeoutMs >= 0 ? lastRead + std::chrono::milliseconds(timeoutMs)
+                            : std::chrono::steady_clock::time_point::max();
+  nextPulse = lastRead + pulseEvery;
   quantum = tick = 64;
 }
 
@@ -225,6 +227,16 @@ void Engine::TickSlow() {
     halted = true;
     tick = 0;
     throw Abort{};
+  }
+  if (pulse && now >= nextPulse) {
+    bool seguir = pulse();
+    now = std::chrono::steady_clock::now();
+    nextPulse = now + pulseEvery;
+    if (!seguir) {
+      halted = true;
+      tick = 0;
+      throw Abort{};
+    }
   }
   long long ns = std::chrono::duration_cast<std::chrono::nanoseconds>(now - lastRead).count();
   lastRead = now;

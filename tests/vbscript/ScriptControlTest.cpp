@@ -353,3 +353,23 @@ TEST(ScriptControl, TimeoutTellsTheLineItStoppedAt) {
   EXPECT_TRUE(sc.ExecuteStatement(u"y = 2"));
   EXPECT_EQ(sc.Error().Line, 0);
 }
+
+// The host's pulse runs while a call runs, without a time-out too; its false
+// stops the call as a time-out does; a Reset keeps it and an empty one ends it.
+TEST(ScriptControl, PulseRunsDuringCallsAndMayStopThem) {
+  ScriptControl sc;
+  int n = 0;
+  sc.Pulse([&] { return ++n < 5; }, 1);
+  ASSERT_TRUE(sc.AddCode(u"Dim i\nSub Curto\n i = 1\nEnd Sub"));
+  EXPECT_FALSE(sc.ExecuteStatement(u"Do\n i = i + 1\nLoop"));
+  EXPECT_EQ(sc.Error().Number, kTimeoutErr);
+  EXPECT_EQ(n, 5);
+  sc.Reset();
+  n = 0;
+  EXPECT_FALSE(sc.ExecuteStatement(u"Do : Loop"));
+  EXPECT_EQ(n, 5);
+  sc.Pulse(nullptr, 1);
+  n = 0;
+  EXPECT_TRUE(sc.ExecuteStatement(u"For i = 1 To 200000 : Next"));
+  EXPECT_EQ(n, 0);
+}
