@@ -356,8 +356,10 @@ class Parser {
         e = m;
       } else if (IsOp('(') && e->k != Ex::Lit && e->k != Ex::New) {
         int at = int(p);
-        // (f)(x) calls f, as f(x) does
-        if (e->k == Ex::Paren && e->a->k == Ex::Name && !e->a->call) e = e->a;
+        // (f)(x) calls f, as f(x) does, however many parentheses enclose the name
+        Ex* in = e;
+        while (in->k == Ex::Paren) in = in->a;
+        if (in != e && in->k == Ex::Name && !in->call) e = in;
         if ((e->k == Ex::Name || e->k == Ex::Mem) && !e->call) {
           e->call = true;
           e->parenPos = at;
@@ -1584,9 +1586,12 @@ class Parser {
           in.op = oCallB;
           in.a = r.idx;
           in.b = 0;
-          if ((use == kFnConv && stmt) || (use == kFnSub && !stmt)) {
+          // a conversion as a statement runs as a call would, so that its own
+          // errors come first, and fails with 458 only once it has succeeded
+          if (use == kFnConv && stmt) in.b = 1;
+          if (use == kFnSub && !stmt) {
             in.op = oFail;
-            in.a = use == kFnConv ? 458 : 13;
+            in.a = 13;
           }
           break;
         }

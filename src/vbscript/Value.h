@@ -35,6 +35,8 @@ struct Fault {
   Tx src;
   int32_t line = 0;  // where the script was when it was raised (0 until the engine knows)
   int32_t col = 0;
+  Tx helpFile{};        // what Err shows after it: empty and 0 but for Err.Raise
+  int32_t helpCtx = 0;
 };
 [[noreturn]] void Raise(int32_t num);                       // with the engine's own description
 [[noreturn]] void Raise(int32_t num, Tx desc, Tx src = {});  // with a description of the caller's

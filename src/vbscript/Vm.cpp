@@ -74,9 +74,10 @@ class ErrObj : public Obj {
           desc = ErrDesc(num);
           if (desc.empty()) desc = u"Unknown runtime error";
         }
-        if (a.Has(3)) s.helpFile = ToTx(a[3]);
-        if (a.Has(4)) s.helpCtx = ToLng(a[4]);
-        throw Fault{num, desc, src};
+        Fault f{num, desc, src};
+        f.helpFile = a.Has(3) ? ToTx(a[3]) : s.helpFile;
+        f.helpCtx = a.Has(4) ? ToLng(a[4]) : s.helpCtx;
+        throw f;
       }
       case 7: s = ErrState(); return;
     }
@@ -829,6 +830,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             if (n < f->min || (f->max >= 0 && n > f->max)) Raise(450);
             Value r;
             f->fn(Args{sp - n, n}, r);
+            if (I->b) Raise(458);
             PopTo(E, sp - n);
             PushV(E, std::move(r));
             NEXT;
@@ -1262,13 +1264,17 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
       err.num = f.num;
       err.desc = f.desc;
       err.src = f.src.empty() ? Tx(u"Microsoft VBScript runtime error") : f.src;
+      err.helpFile = std::move(f.helpFile);
+      err.helpCtx = f.helpCtx;
       PopTo(E, base);
       if (st && pc < st->to) ip = code + st->to;
     } catch (std::exception&) {
       // a C++ failure inside a statement (memory, most of all) is error 7 there
       if (!onErr) throw Fault{7, ErrDesc(7), {}};
+      err = ErrState();
       err.num = 7;
       err.desc = ErrDesc(7);
+      err.src = u"Microsoft VBScript runtime error";
       PopTo(E, base);
       const StmtPos* st = FindStmt(p, int(ip - code) - 1);
       if (st) ip = code + st->to;
