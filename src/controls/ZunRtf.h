@@ -2,7 +2,8 @@
 // Read-only, as the original window had it. LoadFile reads a rich-text file and
 // shows it with its formatting; Text gives the plain text and, set, replaces the
 // whole content with plain text in the control's font. BackStyle 0 leaves the
-// back transparent, so the window's picture shows through.
+// back transparent, so the window's picture shows through; the shading of
+// characters is then not painted either.
 #pragma once
 #include <QTextEdit>
 #include "CtlQt.h"
@@ -15,6 +16,7 @@ class ZunRtf : public QTextEdit, public CtlQt {
  public:
   explicit ZunRtf(QWidget* pai = nullptr);
 
+  // The plain text: paragraphs joined by CR LF, a table row's cells by tabs.
   Tx Text() const;
   void Text(const Tx& tx);
   // Reads the file (both "\" and "/" separate folders). A file that is missing or
@@ -34,7 +36,12 @@ class ZunRtf : public QTextEdit, public CtlQt {
   void CorAct() override;
 
  private:
+  void FunAct();
   int backStyle_ = 1;
+  // The plain text of the document shown, as the reader gives it (a table's
+  // cells joined by tabs); false once Text has replaced it.
+  Tx txt_;
+  bool txtDoc_ = false;
 };
 
 }  // namespace zw

@@ -1,6 +1,7 @@
 // The single-byte code pages of rich-text files other than Windows-1252: the
 // characters of bytes 0x80 to 0xFF, 0xFFFD where a page has none.
 #include "RtfCp.h"
+#include <iconv.h>
 
 namespace zw {
 
@@ -161,7 +162,7 @@ const Pag kPags[] = {
 }  // namespace
 
 bool RtfCpTem(int cp) {
-  if (cp == 1252) return true;
+  if (cp == 1252 || RtfCpCnvTem(cp)) return true;
   for (const Pag& p : kPags)
     if (p.cp == cp) return true;
   return false;
@@ -172,6 +173,72 @@ char16_t RtfCpChr(int cp, unsigned char b) {
   for (const Pag& p : kPags)
     if (p.cp == cp) return p.chr[b - 0x80];
   return ChrDe1252(b);
+}
+
+namespace {
+
+// The converter's name of a page.
+const char* CnvNom(int cp) {
+  switch (cp) {
+    case 932: return "CP932";
+    case 936: return "CP936";
+    case 949: return "CP949";
+    case 950: return "CP950";
+    case 1361: return "JOHAB";
+    case 874: return "CP874";
+    case 1255: return "CP1255";
+    case 1256: return "CP1256";
+    case 1258: return "CP1258";
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+bool RtfCpCnvTem(int cp) { return CnvNom(cp) != nullptr; }
+
+// The lead bytes of the double-byte pages, as each page's definition gives them.
+bool RtfCpLid(int cp, unsigned char b) {
+  switch (cp) {
+    case 932: return (b >= 0x81 && b <= 0x9F) || (b >= 0xE0 && b <= 0xFC);
+    case 936: case 949: case 950: return b >= 0x81 && b <= 0xFE;
+    case 1361: return (b >= 0x84 && b <= 0xD3) || (b >= 0xD8 && b <= 0xDE) || (b >= 0xE0 && b <= 0xF9);
+  }
+  return false;
+}
+
+RtfCpCnv::~RtfCpCnv() {
+  for (auto& [cp, cd] : cds_)
+    if (cd != reinterpret_cast<void*>(-1)) iconv_close(static_cast<iconv_t>(cd));
+}
+
+Tx RtfCpCnv::Cnv(int cp, const unsigned char* b, size_t n) {
+  if (n == 1 && b[0] < 0x80) return Tx(1, char16_t(b[0]));
+  void* cd = reinterpret_cast<void*>(-1);
+  bool achou = false;
+  for (auto& [c, d] : cds_)
+    if (c == cp) { cd = d; achou = true; }
+  if (!achou) {
+    const char* nome = CnvNom(cp);
+    if (nome) cd = reinterpret_cast<void*>(iconv_open("UTF-16LE", nome));
+    cds_.emplace_back(cp, cd);
+  }
+  if (cd == reinterpret_cast<void*>(-1)) return Tx(1, n == 1 ? RtfCpChr(1252, b[0]) : char16_t(0xFFFD));
+  iconv_t ic = static_cast<iconv_t>(cd);
+  iconv(ic, nullptr, nullptr, nullptr, nullptr);  // a fresh state for each character
+  char ent[2] = {char(b[0]), char(n > 1 ? b[1] : 0)};
+  char sai[16];
+  char* pe = ent;
+  char* ps = sai;
+  size_t ne = n, ns = sizeof sai;
+  // Hebrew and Vietnamese hold a letter back for the marks that may follow it: the
+  // second call lets it out.
+  if (iconv(ic, &pe, &ne, &ps, &ns) == size_t(-1) || ne != 0 || iconv(ic, nullptr, nullptr, &ps, &ns) == size_t(-1) ||
+      ps == sai)
+    return Tx(1, char16_t(0xFFFD));
+  Tx r;
+  for (char* q = sai; q + 1 < ps; q += 2) r += char16_t(static_cast<unsigned char>(q[0]) | static_cast<unsigned char>(q[1]) << 8);
+  return r;
 }
 
 }  // namespace zw

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <fstream>
 #include <random>
+#include <set>
 #include <sstream>
 #include "RtfLer.h"
 
@@ -214,4 +215,114 @@ TEST(RtfLer, GarbageNeverHangsOrCrashes) {
   EXPECT_EQ(RtfTx(Le("{\\rtf1\\fs99999999999999999999 a\\u99999999999999b\\bin99999999999 c}")).substr(0, 1), u"a");
   RtfDoc d = Le("{\\rtf1\\fs99999999999 a}");
   EXPECT_GT(d.pars.at(0).runs.at(0).car.tam, 0);
+}
+
+// Japanese, Chinese and Korean text written as lead and trail bytes, by the
+// document's page or by the character set of the font in use.
+TEST(RtfLer, DoubleBytePages) {
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg932 \\'93\\'fa\\'96\\'7b\\'8c\\'ea \\'b1\\'b2}")), u"日本語 ｱｲ") << "Shift-JIS with half-width kana";
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg936 \\'d6\\'d0\\'ce\\'c4}")), u"中文");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg950 \\'a4\\'a4\\'a4\\'e5}")), u"中文");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg949 \\'c7\\'d1\\'b1\\'db}")), u"한글");
+  // A trail byte that is a backslash, a brace or a letter, and bytes written as they are.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg932 \\'95\\'5c\\'95\\\\\\'82\\'a0\x82\xa0}")), u"表表ああ");
+  // WordPad: a Western document whose font is Japanese; the font's name in its own set.
+  RtfDoc d = Le("{\\rtf1\\ansi\\ansicpg1252{\\fonttbl{\\f0\\fnil Arial;}{\\f1\\fnil\\fcharset128 \\'82\\'6c\\'82\\'72 \\'96\\'be\\'92\\'a9;}}"
+                "\\f0 caf\\'e9 \\f1\\'93\\'fa\\'96\\'7b\\f0\\'e9}");
+  EXPECT_EQ(RtfTx(d), u"café 日本é");
+  EXPECT_EQ(RunDe(d, 0, u"日本")->car.fon, u"ＭＳ 明朝");
+  // A \uN with its two-byte stand-in (\uc2), and a lead byte cut off by the end of a paragraph.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg936\\uc2\\u20013\\'d6\\'d0x\\'d6\\par y}")), u"中x\r\ny");
+  // Single-byte pages the converter carries: Thai and Hebrew.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg874 \\'a1}")), u"ก");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi{\\fonttbl{\\f0\\fcharset177 Arial;}}\\f0 \\'f9}")), u"ש");
+}
+
+// Hidden text (\v) is not shown; \v0, the group's end and \plain bring text back.
+TEST(RtfLer, HiddenTextIsLeftOut) {
+  EXPECT_EQ(RtfTx(Le("{\\rtf1 Aceito{\\v  nada de} os termos\\v  oculto\\v0 .\\v x\\plain  sim}")), u"Aceito os termos. sim");
+}
+
+// Line spacing, paragraph spacing, contextual spacing, tab stops and the paragraph
+// mark's format as paragraphs carry them; \pard clears them.
+TEST(RtfLer, ParagraphSpacingTabsAndMark) {
+  RtfDoc d = Le("{\\rtf1\\pard\\s2\\sa200\\sl276\\slmult1\\contextualspace\\tqr\\tx5000\\tx6000\\tqdec\\tx7000\\fs20 a\\par"
+                "\\fs40\\par\\pard\\sl-300\\slmult0 b\\par}");
+  ASSERT_EQ(d.pars.size(), 3u);
+  EXPECT_EQ(d.pars[0].lin, 276);
+  EXPECT_TRUE(d.pars[0].linMul);
+  EXPECT_TRUE(d.pars[0].ctx);
+  EXPECT_EQ(d.pars[0].est, 2);
+  EXPECT_EQ(d.pars[0].depois, 200);
+  EXPECT_EQ(d.pars[0].tabs, (std::vector<RtfTab>{{5000, 1}, {6000, 0}, {7000, 3}}));
+  EXPECT_EQ(d.pars[0].car.tam, 10);
+  EXPECT_TRUE(d.pars[1].runs.empty());
+  EXPECT_EQ(d.pars[1].car.tam, 20) << "an empty paragraph's own size";
+  EXPECT_EQ(d.pars[2].lin, -300);
+  EXPECT_FALSE(d.pars[2].linMul);
+  EXPECT_TRUE(d.pars[2].tabs.empty());
+  EXPECT_FALSE(d.pars[2].ctx);
+}
+
+// Table rows as Word and LibreOffice write them: cells with their right edges,
+// shading, borders and padding; text in cells, several paragraphs in one cell.
+TEST(RtfLer, TableRows) {
+  RtfDoc d = Le(
+      "{\\rtf1{\\colortbl;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}"
+      "\\trowd\\trgaph108\\trleft-108\\trbrdrt\\brdrs\\brdrw10\\trbrdrv\\brdrs\\brdrw10 \\trpaddl108\\trpaddr108\\trpaddfl3\\trpaddfr3"
+      "\\clcbpat1\\clbrdrl\\brdrs\\brdrw20\\brdrcf2\\cellx3000\\clbrdrt\\brdrdb\\cellx6000"
+      "\\pard\\intbl um\\cell dois\\par tres\\cell\\row"
+      "\\trowd\\trgaph100\\cellx4000\\pard\\intbl\\b quatro\\cell\\row\\pard fim\\par}");
+  EXPECT_EQ(RtfTx(d), u"um\tdois\r\ntres\r\nquatro\r\nfim");
+  ASSERT_EQ(d.tbls.size(), 2u);
+  const RtfTblLin& l = d.tbls[0];
+  EXPECT_EQ(l.esq, -108);
+  ASSERT_EQ(l.cels.size(), 2u);
+  EXPECT_EQ(l.cels[0].dirX, 3000);
+  EXPECT_EQ(l.cels[0].fun, Rgb(255, 0, 0));
+  EXPECT_EQ(l.cels[0].bor[0].lar, 20);
+  EXPECT_EQ(l.cels[0].bor[0].cor, Rgb(0, 0, 255));
+  EXPECT_EQ(l.cels[0].bor[1].lar, 10) << "the row's top border where the cell has none";
+  EXPECT_EQ(l.cels[0].bor[2].lar, 10) << "the row's inside border between cells";
+  EXPECT_EQ(l.cels[1].bor[1].lar, 15) << "a style without a width: one pixel";
+  EXPECT_EQ(l.cels[1].fun, -1);
+  EXPECT_EQ(l.pad[0], 108);
+  EXPECT_EQ(l.pad[1], 0);
+  EXPECT_EQ(d.tbls[1].pad[0], 100) << "without \\trpadd, half the gap between cells";
+  ASSERT_EQ(d.pars.size(), 5u);
+  EXPECT_EQ(d.pars[1].tbl, 0);
+  EXPECT_EQ(d.pars[1].cel, 1);
+  EXPECT_EQ(d.pars[2].cel, 1);
+  EXPECT_EQ(d.pars[3].tbl, 1);
+  EXPECT_EQ(d.pars[3].cel, 0);
+  EXPECT_EQ(d.pars[4].tbl, -1);
+}
+
+// Fonts and formats past the file's limits take the plain format, and the
+// document tells so; a file declaring thousands of fonts reads in one pass.
+TEST(RtfLer, FontAndFormatLimits) {
+  std::string b = "{\\rtf1{\\fonttbl";
+  for (int k = 0; k < 14000; ++k) b += "{\\f" + std::to_string(k) + "\\fnil Fonte" + std::to_string(k) + ";}";
+  b += "}";
+  for (int k = 0; k < 14000; ++k) b += "\\f" + std::to_string(k) + " x";
+  b += "}";
+  RtfDoc d = Le(b);
+  EXPECT_TRUE(d.lim & kRtfLimFon);
+  std::set<Tx> fontes;
+  size_t letras = 0;
+  for (const RtfRun& r : d.pars.at(0).runs) {
+    fontes.insert(r.car.fon);
+    letras += r.tx.size();
+  }
+  EXPECT_EQ(fontes.size(), size_t(kRtfFonMax) + 1) << "the fonts within the limit and the default";
+  EXPECT_EQ(letras, 14000u) << "no text is lost";
+  std::string c = "{\\rtf1";
+  for (int k = 0; k < 3000; ++k) c += "\\fs" + std::to_string(10 + k) + " y";
+  RtfDoc e = Le(c + "}");
+  EXPECT_TRUE(e.lim & kRtfLimCar);
+  EXPECT_FALSE(e.lim & kRtfLimFon);
+  std::set<double> tams;
+  for (const RtfRun& r : e.pars.at(0).runs) tams.insert(r.car.tam);
+  EXPECT_LE(tams.size(), size_t(kRtfCarMax) + 1);
+  EXPECT_EQ(Le("{\\rtf1 nada}").lim, 0);
 }
