@@ -1611,6 +1611,26 @@ class Parser {
     }
     for (auto& [up, v] : consts[U->main.get()]) U->consts.emplace_back(up, v);
     U->explicit_ = explicit_;
+    Fuse(*U->main);
+    for (auto& pr : U->procs) Fuse(*pr);
+  }
+
+  // Marks each local read followed by a small integer and an arithmetic or
+  // comparison operator (i Mod 7, n - 1, n < 2), so that the machine does the three
+  // in one step when the local holds an integer. The two instructions after it stay
+  // in place for the other kinds; no jump lands inside an expression.
+  static void Fuse(Proc& pr) {
+    std::vector<Ins>& c = pr.code;
+    for (size_t k = 0; k + 2 < c.size(); ++k) {
+      if (c[k].op != oLdL || c[k + 1].op != oPushI) continue;
+      switch (c[k + 2].op) {
+        case oAdd: case oSub: case oMul: case oMod:
+        case oEq: case oNe: case oLt: case oGt: case oLe: case oGe:
+          c[k].op = oLdLI;
+          break;
+        default: break;
+      }
+    }
   }
 };
 

@@ -199,6 +199,12 @@ class Value {
   template <class T>
   Value(const Ref<T>& p) : Value(static_cast<Obj*>(p.get())) {}
   Value(Arr* p) : t(vtArray | vtVariant) { a = p; p->AddRef(); }
+  // In-place writes of the small kinds that store the whole 8-byte payload at
+  // once: a copy of a value reads all 8 bytes, and reading them just after a
+  // narrower store to the same place stalls the processor until that store is done.
+  void SetInt(int16_t n) { t = vtInteger; c = int64_t(uint16_t(n)); }
+  void SetLng(int32_t n) { t = vtLong; c = int64_t(uint32_t(n)); }
+  void SetBool(bool v) { t = vtBoolean; c = v ? 0xFFFF : 0; }
   static Value Int(int16_t n) { return Value(n); }
   static Value Lng(int32_t n) { return Value(n); }
   static Value Dbl(double n) { return Value(n); }

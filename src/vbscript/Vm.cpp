@@ -683,29 +683,87 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
         // NEXT leaves the instruction's scope (running its destructors) for the
         // common dispatch; FAST jumps on directly and is used only where no local
         // with a destructor is alive.
+        // The quick paths of the commonest instructions keep the stack top in rs, a
+        // local the compiler holds in a register, and store it back to sp as they
+        // leave, so that one such instruction need not wait for the last one's store
+        // to sp before it can find its operands; each instruction begins with
+        // rs == sp, and the common dispatch reloads rs after the others.
 #define NEXT goto dispatch
 #define FAST do { I = ip++; goto *kDisp[I->op]; } while (0)
         const Ins* I;
+        Value* rs = sp;
       dispatch:
+        rs = sp;
         I = ip++;
         if (I->op >= std::size(kDisp)) goto L_default;
         goto *kDisp[I->op];
         {
           L_oPushK: *sp++ = K[I->a]; NEXT;
-          L_oPushI: sp->t = vtInteger; sp->i = int16_t(I->a); ++sp; FAST;
+          L_oPushI: rs->SetInt(int16_t(I->a)); sp = ++rs; FAST;
           L_oPushE: ++sp; NEXT;
           L_oPop: Clear(sp[-1]); --sp; NEXT;
           L_oMe: *sp++ = Value(static_cast<Obj*>(me)); NEXT;
           L_oLdL: {
             const Value& v = bp[I->a].Deref();
-            if (v.t < vtString) { sp->t = v.t; sp->c = v.c; ++sp; FAST; }
+            if (v.t < vtString) { rs->t = v.t; rs->c = v.c; sp = ++rs; FAST; }
             *sp++ = v;
+            NEXT;
+          }
+          L_oLdLI: {
+            // local op integer: the next two instructions hold the integer and the
+            // operator; a comparison followed by oJf also jumps here
+            const Value& x = bp[I->a].Deref();
+            int32_t k = ip->a;
+            Op op = Op(ip[1].op);
+            if (IsIntK(x) && (op != oMod || k != 0)) {
+              int64_t a = IntOf(x), v;
+              bool wide = x.t == vtLong;
+              switch (op) {
+                case oAdd: v = a + k; break;
+                case oSub: v = a - k; break;
+                case oMul: v = a * k; break;
+                case oMod: v = k == -1 ? 0 : int32_t(a) % k; break;  // a 32-bit division is quicker
+                default: {
+                  bool b;
+                  switch (op) {
+                    case oEq: b = a == k; break;
+                    case oNe: b = a != k; break;
+                    case oLt: b = a < k; break;
+                    case oGt: b = a > k; break;
+                    case oLe: b = a <= k; break;
+                    default: b = a >= k; break;
+                  }
+                  if (ip[2].op == oJf) {
+                    const Ins* J = ip + 2;
+                    ip += 3;
+                    if (!b) {
+                      if (J->a <= ip - code) Tick();
+                      ip = code + J->a;
+                    }
+                    FAST;
+                  }
+                  rs->SetBool(b);
+                  sp = ++rs;
+                  ip += 2;
+                  FAST;
+                }
+              }
+              if (!wide && v >= -32768 && v <= 32767) rs->SetInt(int16_t(v));
+              else if (v >= INT32_MIN && v <= INT32_MAX) rs->SetLng(int32_t(v));
+              else { rs->t = vtDouble; rs->d = double(v); }
+              sp = ++rs;
+              ip += 2;
+              FAST;
+            }
+            // any other kind: a plain oLdL, and the two instructions after it run
+            if (x.t < vtString) { rs->t = x.t; rs->c = x.c; sp = ++rs; FAST; }
+            *sp++ = x;
             NEXT;
           }
           L_oStL: {
             Value& d = bp[I->a].Deref();
-            Value& s = sp[-1];
-            if (s.t < vtString && d.t < vtString) { d.t = s.t; d.c = s.c; s.t = vtEmpty; --sp; FAST; }
+            Value& s = rs[-1];
+            if (s.t < vtString && d.t < vtString) { d.t = s.t; d.c = s.c; s.t = vtEmpty; sp = --rs; FAST; }
             Value v = std::move(s);
             --sp;
             LetTo(d, std::move(v));
@@ -716,7 +774,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             Cell& c = *cp[size_t(I->a)];
             if (c.kind == Cell::Var) {
               const Value& v = c.v;
-              if (v.t < vtString) { sp->t = v.t; sp->c = v.c; ++sp; FAST; }
+              if (v.t < vtString) { rs->t = v.t; rs->c = v.c; sp = ++rs; FAST; }
               *sp++ = v;
               NEXT;
             }
@@ -732,9 +790,9 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           }
           L_oStG: {
             Cell& c = *cp[size_t(I->a)];
-            Value& s = sp[-1];
+            Value& s = rs[-1];
             if (c.kind == Cell::Var && s.t < vtString && c.v.t < vtString) {
-              c.v.t = s.t; c.v.c = s.c; s.t = vtEmpty; --sp;
+              c.v.t = s.t; c.v.c = s.c; s.t = vtEmpty; sp = --rs;
               FAST;
             }
             if (c.kind == Cell::Member) {
@@ -893,17 +951,17 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
           L_oNew: PushV(E, NewInst(K[I->a].Sv())); NEXT;
 
           L_oAdd: L_oSub: L_oMul: {
-            Value& x = sp[-2];
-            Value& y = sp[-1];
+            Value& x = rs[-2];
+            Value& y = rs[-1];
             if (IsIntK(x) && IsIntK(y)) {
               int64_t a = IntOf(x), b = IntOf(y), v;
               v = I->op == oAdd ? a + b : I->op == oSub ? a - b : a * b;
               bool wide = x.t == vtLong || y.t == vtLong;
-              if (!wide && v >= -32768 && v <= 32767) { x.t = vtInteger; x.i = int16_t(v); }
-              else if (v >= INT32_MIN && v <= INT32_MAX) { x.t = vtLong; x.l = int32_t(v); }
+              if (!wide && v >= -32768 && v <= 32767) x.SetInt(int16_t(v));
+              else if (v >= INT32_MIN && v <= INT32_MAX) x.SetLng(int32_t(v));
               else { x.t = vtDouble; x.d = double(v); }
               y.t = vtEmpty;
-              --sp;
+              sp = --rs;
               FAST;
             }
             if (x.t == vtDouble && y.t == vtDouble) {
@@ -911,7 +969,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               if (!std::isfinite(v)) Raise(6);
               x.d = v;
               y.t = vtEmpty;
-              --sp;
+              sp = --rs;
               FAST;
             }
             Value r = Arith(I->op, x, y);
@@ -921,16 +979,16 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             NEXT;
           }
           L_oMod: {
-            Value& x = sp[-2];
-            Value& y = sp[-1];
+            Value& x = rs[-2];
+            Value& y = rs[-1];
             if (IsIntK(x) && IsIntK(y)) {
               int32_t b = int32_t(IntOf(y));
               if (b == 0) Raise(11);
               int32_t v = b == -1 ? 0 : int32_t(IntOf(x)) % b;
               bool wide = x.t == vtLong || y.t == vtLong;
-              if (wide) { x.t = vtLong; x.l = int32_t(v); } else { x.i = int16_t(v); }
+              if (wide) x.SetLng(v); else x.SetInt(int16_t(v));
               y.t = vtEmpty;
-              --sp;
+              sp = --rs;
               FAST;
             }
             Value r = Arith(I->op, x, y);
@@ -983,8 +1041,8 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             NEXT;
           }
           L_oEq: L_oNe: L_oLt: L_oGt: L_oLe: L_oGe: {
-            Value& x = sp[-2];
-            Value& y = sp[-1];
+            Value& x = rs[-2];
+            Value& y = rs[-1];
             int c;
             if (IsIntK(x) && IsIntK(y)) {
               int64_t a = IntOf(x), b = IntOf(y);
@@ -997,10 +1055,9 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
                 case oLe: v = a <= b; break;
                 default: v = a >= b; break;
               }
-              x.t = vtBoolean;
-              x.i = v ? -1 : 0;
+              x.SetBool(v);
               y.t = vtEmpty;
-              --sp;
+              sp = --rs;
               FAST;
             }
             c = Cmp(x, y, I->b);
@@ -1078,10 +1135,10 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
             ip = code + I->a;
             FAST;
           L_oJf: {
-            if (sp[-1].t == vtBoolean) {
-              --sp;
-              bool t = sp->i != 0;
-              sp->t = vtEmpty;
+            if (rs[-1].t == vtBoolean) {
+              sp = --rs;
+              bool t = rs->i != 0;
+              rs->t = vtEmpty;
               if (!t) {
                 if (I->a <= ip - code) Tick();
                 ip = code + I->a;
@@ -1134,8 +1191,8 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
               int64_t n = IntOf(v) + IntOf(step);
               int64_t l = IntOf(lim);
               bool wide = v.t == vtLong || step.t == vtLong;
-              if (!wide && n >= -32768 && n <= 32767) { v.i = int16_t(n); }
-              else if (n >= INT32_MIN && n <= INT32_MAX) { v.t = vtLong; v.l = int32_t(n); }
+              if (!wide && n >= -32768 && n <= 32767) v.SetInt(int16_t(n));
+              else if (n >= INT32_MIN && n <= INT32_MAX) v.SetLng(int32_t(n));
               else { v.t = vtDouble; v.d = double(n); }
               if (IntOf(step) >= 0 ? n <= l : n >= l) ip = code + W.a;
               FAST;
