@@ -1,5 +1,6 @@
 // The wizard window.
 #include "ZunWizAsp.h"
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -12,6 +13,7 @@
 #include "ZunWizCtl.h"
 #include "ZunWizGlb.h"
 #include "ZunWizMain.h"
+#include "ZunWizPmp.h"
 
 namespace zw {
 
@@ -33,6 +35,8 @@ QString FicQt(const Tx& fic) {
 }  // namespace
 
 ZunWizAsp::ZunWizAsp() {
+  PmpIni();
+  PmpFecTom();  // a close kept for an earlier attempt's window is not this one's
   setObjectName(QStringLiteral("ZunWizAsp"));
   setWindowTitle(QStringLiteral("Wizzard"));
   setWindowIcon(ArtIco());
@@ -47,14 +51,26 @@ ZunWizAsp::ZunWizAsp() {
     w->setObjectName(QString::fromLatin1(ArrNome(a)) + QStringLiteral("(0)"));
     mArr[int(a)][0] = w;
   }
-  // A button at its design place (twips) that hands its click to the engine.
+  // A button at its design place (twips) that hands its click to the engine. No
+  // click runs a transition while another one or a script call runs; "Cancelar"
+  // then offers to stop the script. A close kept meanwhile is carried out once the
+  // transition has ended.
   auto botao = [this](const char* nome, const char* cap, int left, void (SupWiz::*tra)()) {
     auto* b = new QPushButton(QString::fromUtf8(cap), this);
     b->setObjectName(QString::fromLatin1(nome));
     b->setAutoDefault(false);
     b->setGeometry(TwpPx(left), TwpPx(5490, 'Y'), TwpPx(1275), TwpPx(360, 'Y'));
     connect(b, &QPushButton::clicked, this, [this, tra] {
-      if (SupWiz* sup = mSup) (sup->*tra)();
+      if (mTra || PmpExeAct()) {
+        if (tra == &SupWiz::TraCan) PmpCan();
+        return;
+      }
+      SupWiz* sup = mSup;
+      if (!sup) return;
+      mTra = true;
+      (sup->*tra)();
+      mTra = false;
+      if (PmpFecTom() && isVisible()) close();
     });
     return b;
   };
@@ -74,10 +90,13 @@ void ZunWizAsp::FormLoad() {
 }
 
 // Runs the script's "FxIni" and shows the window modally; returns once it is unloaded.
+// A close kept while the start's scripts ran (the background window's close box)
+// unloads the window without showing it.
 void ZunWizAsp::WizExe(SupWiz& eng) {
   mSup = &eng;
   mSup->VbsExe(u"FxIni");
-  exec();
+  if (PmpFecTom()) FormUnload();
+  else exec();
   mSup = nullptr;
 }
 
@@ -155,12 +174,28 @@ void ZunWizAsp::FrmPrep(const Tx& pal, int16_t& st) {
 }
 
 // The unload runs the script's "FxFim". It never refuses, so the close box ends
-// the wizard without a question.
+// the wizard without a question; a close asked while "FxFim" ran is this one.
 void ZunWizAsp::FormUnload() {
   SupWiz* sup = mSup;
   if (sup) sup->VbsExe(u"FxFim");
   mSup = nullptr;
+  PmpFecTom();
   if (sup && AspGanAct().Unload) AspGanAct().Unload(*this);
+}
+
+// The engine's unload is the program's own close: it never waits for a script.
+void ZunWizAsp::Unload() {
+  PmpFecPrg prg;
+  close();
+}
+
+// A person's close while a script call runs waits (ZunWizPmp.h); any other goes on.
+void ZunWizAsp::closeEvent(QCloseEvent* e) {
+  if (!PmpFec()) {
+    e->ignore();
+    return;
+  }
+  QDialog::closeEvent(e);
 }
 
 void ZunWizAsp::showEvent(QShowEvent* e) {

@@ -48,7 +48,7 @@ class ZunWizAsp : public QDialog, public WizFrm {
   CtlObj* Ctl(CtlArr arr, int i) override;
   int UBound(CtlArr arr) const override;
   CtlObj* Load(CtlArr arr, int i) override;
-  void Unload() override { close(); }
+  void Unload() override;
   [[noreturn]] void End() override;
   void PagEnt(int idx, const Tx& ide) override;
 
@@ -66,6 +66,7 @@ class ZunWizAsp : public QDialog, public WizFrm {
 
  protected:
   void done(int r) override;  // every way of closing ends here: the unload
+  void closeEvent(QCloseEvent* e) override;
   void changeEvent(QEvent* e) override;
   void keyPressEvent(QKeyEvent* e) override;
   void showEvent(QShowEvent* e) override;
@@ -73,6 +74,7 @@ class ZunWizAsp : public QDialog, public WizFrm {
  private:
   void FormUnload();
   SupWiz* mSup = nullptr;
+  bool mTra = false;  // a click's transition runs
   std::map<int, QWidget*> mArr[4];
   std::vector<std::unique_ptr<CtlBtn>> mBtn;  // the buttons as controls
   QLabel* mImg = nullptr;  // the window's picture, behind every control

@@ -1,5 +1,6 @@
 // The background window.
 #include "ZunWizFun.h"
+#include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
@@ -9,6 +10,7 @@
 #include "ZunWizArt.h"
 #include "ZunWizGlb.h"
 #include "ZunWizMain.h"
+#include "ZunWizPmp.h"
 
 namespace zw {
 
@@ -123,6 +125,17 @@ void ZunWizFun::changeEvent(QEvent* e) {
   QWidget::changeEvent(e);
   if (e->type() == QEvent::ActivationChange && isActiveWindow() && mMostrado && Activo != 1)
     QTimer::singleShot(0, this, [this] { Activa(); });
+}
+
+// Before the wizard window shows, the background is the window a person sees while
+// the start's scripts run: its close box then asks, as the wizard window's does,
+// and the wizard is unloaded once the start has ended (ZunWizPmp.h).
+void ZunWizFun::closeEvent(QCloseEvent* e) {
+  if (!PmpFec()) {
+    e->ignore();
+    return;
+  }
+  QWidget::closeEvent(e);
 }
 
 }  // namespace zw

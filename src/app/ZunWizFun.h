@@ -35,6 +35,7 @@ class ZunWizFun : public QWidget {
   void resizeEvent(QResizeEvent* e) override;
   void showEvent(QShowEvent* e) override;
   void changeEvent(QEvent* e) override;
+  void closeEvent(QCloseEvent* e) override;
 
  private:
   void Activa();

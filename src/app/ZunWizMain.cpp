@@ -15,6 +15,7 @@
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
 #include "ZunWizGlb.h"
+#include "ZunWizPmp.h"
 #include "ZunWizRes.h"
 #include "ZunWizRun.h"
 
@@ -29,6 +30,7 @@ TntErr gTntErr;  // the last attempt's failure
 // Closes every top-level window of the program; each pass closes what the one
 // before it left open or opened anew.
 void FrmFimQt(int) {
+  PmpFecPrg prg;  // the program's own: done even while a script runs
   for (QWidget* w : QApplication::topLevelWidgets())
     if (w->isVisible()) w->close();
 }

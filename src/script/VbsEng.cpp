@@ -133,11 +133,17 @@ bool ObArrCall(const Var& ob, const Tx& member, std::vector<Var>& elems, Var& re
 
 // ---- The script control ----------------------------------------------------------
 
+VbsSup::ExeMar::ExeMar(VbsSup& s) : h(s) { ExeIni(); }
+VbsSup::ExeMar::~ExeMar() { ExeFim(h.sc_.get()); }
+
+// A reset also gives the engine the pump in force, which the engine keeps across
+// later resets.
 bool VbsSup::EngReset() {
   lstCod_.reset();
   if (!sc_) return false;
   sc_->Reset();
   added_.clear();
+  PmpPrp();
   return true;
 }
 
@@ -175,11 +181,13 @@ bool VbsSup::EngAddObject(const Tx& name, const Var& ob, Tx& why) {
 // compiled list is made again after it.
 bool VbsSup::EngAddCode(const Tx& tx) {
   lstCod_.reset();
+  ExeMar m(*this);
   return sc_ && sc_->AddCode(tx);
 }
 
 bool VbsSup::EngExec(const Tx& tx) {
   lstCod_.reset();
+  ExeMar m(*this);
   return sc_ && sc_->ExecuteStatement(tx);
 }
 
@@ -190,6 +198,7 @@ bool VbsSup::EngExec(const Tx& tx) {
 // engine and its code stay the same; the engine's last error is left clear.
 bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
   if (!sc_) return false;
+  ExeMar m(*this);
   vbs::Engine& e = sc_->engine();
   vbs::UseEngine use(&e);
   if (!lstCod_ || cmds != lstTx_) {
@@ -243,6 +252,7 @@ bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
 
 bool VbsSup::EngEval(const Tx& tx, Var& res) {
   vbs::Value r;
+  ExeMar m(*this);
   if (!sc_ || !sc_->Eval(tx, r)) return false;
   res = VarDeVbs(r);
   return true;
@@ -250,6 +260,7 @@ bool VbsSup::EngEval(const Tx& tx, Var& res) {
 
 bool VbsSup::EngRun(const Tx& name, Arr& args, Var& res) {
   if (!sc_) return false;
+  ExeMar m(*this);
   std::vector<vbs::Value> vals;
   for (auto& a : args) vals.push_back(VbsDeVar(a));
   std::vector<vbs::Value*> ptrs;

@@ -74,6 +74,21 @@ constexpr int32_t kVbsErrTmp = -2147467260;
 void VbsTmpDef(long ms);
 long VbsTmpAct();
 void VbsTmpSaiDef(std::function<void(const VbsTrcReg&)> f);
+// The pump of a program with a window, for the calls into the engine of every host
+// started or reset after it is set (null removes it): f is called about every ms
+// milliseconds while a call runs, so that the window paints and takes its close box.
+// f must not call into a script engine. When it answers false the call stops as the
+// time limit stops one, with the same error number, and fails with the description
+// kVbsTerDes; no limit was passed, so the time limit's hook is not told.
+void VbsPmpDef(std::function<bool()> f, long ms);
+inline constexpr char16_t kVbsTerDes[] = u"Script stopped: the user stopped the script";
+// Whether a call into a script engine runs now, on any host; how many milliseconds
+// the outermost one has run (0 when none runs); and its number, which grows by one
+// with each outermost call, so that what was asked during one call is not taken for
+// the next.
+bool VbsExeAct();
+long VbsExeMs();
+uint64_t VbsExeNum();
 // Reads the command-line word list: a word "DBGVBS=value" switches the trace on when
 // the value is a yes word ("1", "S", "Sim") and off otherwise; without the word the
 // trace stays as it is. Every new VbsSup calls it.
@@ -202,6 +217,18 @@ class VbsSup {
   bool EngCodeObject(Var& ob);
   bool EngCreate(const Tx& progId, Var& ob, Tx& why);
   void EngErr(int32_t& num, Tx& des, Tx& line, Tx& col, Tx& text);
+
+  // One call into the engine, for its life (VbsEng.cpp): counted process-wide for
+  // VbsExeAct, and failed with kVbsTerDes when the pump stopped it.
+  struct ExeMar {
+    VbsSup& h;
+    explicit ExeMar(VbsSup& s);
+    ~ExeMar();
+  };
+  static void ExeIni();
+  static void ExeFim(vbs::ScriptControl* sc);
+  static bool PmpExe();  // the pump as the engine calls it
+  void PmpPrp();         // gives the engine the pump in force
 
   std::vector<int32_t> pgmLin_;  // option file line of each program line, from 1
   Tx trcName_ = u"VbsSup";

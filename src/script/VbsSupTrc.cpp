@@ -3,6 +3,7 @@
 // stderr, one line each, so that an author can see why a page function did nothing.
 // The trace only writes: flags, results and script state are the same either way.
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include "TxtGlb.h"
 #include "VbsInt.h"
@@ -15,6 +16,14 @@ std::atomic<bool> trcOn{false};
 std::function<void(const VbsTrcReg&)> trcSai;
 long tmpMs = -1;
 std::function<void(const VbsTrcReg&)> tmpSai;
+std::function<bool()> pmpFx;
+long pmpMs = 100;
+// The calls into the engines: how deep they stand, the outermost one's number and
+// start, and whether the pump has stopped it.
+int exeNiv = 0;
+uint64_t exeNum = 0;
+std::chrono::steady_clock::time_point exeIni;
+bool exeTer = false;
 
 void TrcLin(const Tx& lin) {
   std::string s = TxUtf8(lin);
@@ -30,6 +39,45 @@ bool VbsTrcAct() { return trcOn; }
 void VbsTmpDef(long ms) { tmpMs = ms < 0 ? -1 : ms; }
 long VbsTmpAct() { return tmpMs; }
 void VbsTmpSaiDef(std::function<void(const VbsTrcReg&)> f) { tmpSai = std::move(f); }
+void VbsPmpDef(std::function<bool()> f, long ms) {
+  pmpFx = std::move(f);
+  pmpMs = ms > 0 ? ms : 100;
+}
+bool VbsExeAct() { return exeNiv > 0; }
+long VbsExeMs() {
+  if (exeNiv == 0) return 0;
+  return long(std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - exeIni).count());
+}
+uint64_t VbsExeNum() { return exeNum; }
+
+// An outermost call starts the clock and forgets an earlier stop.
+void VbsSup::ExeIni() {
+  if (exeNiv++ > 0) return;
+  exeNum++;
+  exeIni = std::chrono::steady_clock::now();
+  exeTer = false;
+}
+
+// A call that the pump stopped ends with the time limit's error; its description
+// says it was stopped, which is how Trc tells the two apart.
+void VbsSup::ExeFim(vbs::ScriptControl* sc) {
+  if (exeNiv > 0) exeNiv--;
+  if (exeTer && sc && sc->Error().Number == kVbsErrTmp) sc->Error().Description = kVbsTerDes;
+}
+
+// The pump in force, as every engine calls it; a false answer marks the stop.
+bool VbsSup::PmpExe() {
+  if (!pmpFx) return true;
+  const bool seg = pmpFx();
+  if (!seg) exeTer = true;
+  return seg;
+}
+
+// Gives the engine the pump when one is in force; an engine without it runs as it
+// always has, and a pump set on the control by someone else stays.
+void VbsSup::PmpPrp() {
+  if (sc_ && pmpFx) sc_->Pulse([] { return PmpExe(); }, pmpMs);
+}
 
 // Looks for the word "DBGVBS=value" (the key in any case) in the command line.
 void VbsTrcLc() {
@@ -51,7 +99,8 @@ void VbsTrcLc() {
 // empty text, which is how an option leaves a value unset.
 void VbsSup::Trc(const Tx& call, const Tx* stm) {
   bool vazio = stm && TxTrim(*stm).empty();
-  const bool tmp = sc_ && sc_->Error().Number == kVbsErrTmp;
+  // A call past the time limit, not one that the pump stopped.
+  const bool tmp = sc_ && sc_->Error().Number == kVbsErrTmp && sc_->Error().Description != kVbsTerDes;
   if (!trcOn && !trcSai && !(tmp && tmpSai)) return;
   if (!sc_) {
     TrcMsg(call, u"no script control");
