@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include "SupWiz.h"
 #include "CtlFab.h"
+#include "FicLer.h"
 #include "TxQt.h"
 #include "ZunWizArt.h"
 #include "ZunWizCtl.h"
@@ -26,11 +27,18 @@ AspGan& AspGanAct() {
 }
 
 namespace {
-// A picture or icon file as the file system names it: "\" separates too.
-QString FicQt(const Tx& fic) {
-  QString q = QsTx(fic);
-  q.replace(u'\\', u'/');
-  return q;
+// A picture or icon file, read by the rule of every file the system reads
+// (FicLer.h) and handed to Qt as bytes, so that Qt never opens the path itself: a
+// pipe or a device does not hold the window. A refused file is told through
+// LimTrc and left out as a missing one is.
+QPixmap ImgLer(const Tx& fic, const char16_t* oque) {
+  std::string b;
+  QPixmap px;
+  int e = FicLer(fic, b);
+  if (e == 0) px.loadFromData(reinterpret_cast<const uchar*>(b.data()), uint(b.size()));
+  else if (e != kErrFicNao && e != kErrDirNao)
+    LimTrc(u"refused " + Tx(oque) + u" " + fic + u" (" + TxDeUtf8(FicLerPorque(e)) + u")");
+  return px;
 }
 }  // namespace
 
@@ -105,7 +113,7 @@ void ZunWizAsp::Caption(const Tx& tx) { setWindowTitle(QsTx(tx)); }
 // The picture is drawn from the window's upper left corner at its own size,
 // behind every control; a file that cannot be loaded leaves the window as it was.
 void ZunWizAsp::Picture(const Tx& fic) {
-  QPixmap px(FicQt(fic));
+  QPixmap px = ImgLer(fic, u"picture");
   if (px.isNull()) return;
   mImg->setPixmap(px);
   mImg->setGeometry(0, 0, px.width(), px.height());
@@ -114,8 +122,8 @@ void ZunWizAsp::Picture(const Tx& fic) {
 }
 
 void ZunWizAsp::Icon(const Tx& fic) {
-  QPixmap px(FicQt(fic));
-  if (!px.isNull()) setWindowIcon(QIcon(FicQt(fic)));
+  QPixmap px = ImgLer(fic, u"icon");
+  if (!px.isNull()) setWindowIcon(QIcon(px));
 }
 
 void ZunWizAsp::Width(double twp) { resize(TwpPx(twp), height()); }

@@ -2,7 +2,9 @@
 // start-up and windows.
 #include "ZunWizRun.h"
 #include "VbsSup.h"
+#include <QCoreApplication>
 #include <QDir>
+#include <QEvent>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
@@ -12,9 +14,11 @@
 #include <climits>
 #include <cstring>
 #include <cstdlib>
+#include <map>
 #include <string>
 #include "MsgDlg.h"
 #include "CtlQt.h"
+#include "FicLer.h"
 #include "MsgDlgQt.h"
 #include "SupShfPrg.h"
 #include "SupWiz.h"
@@ -99,14 +103,43 @@ bool RunRspLer(const Tx& linha, RunRsp& r, Tx& erro) {
   return true;
 }
 
+// The longest answer line; no answer comes near it.
+constexpr size_t kRunLinMax = 1 << 20;
+
+// One line of answers, at most kRunLinMax bytes: standard input that never ends a
+// line (/dev/zero) gives a line too long rather than a read for ever. False at the
+// end of the answers.
+static bool RunLinLer(std::istream& in, std::string& s, bool& longa) {
+  s.clear();
+  longa = false;
+  std::streambuf* sb = in.rdbuf();
+  for (;;) {
+    int c = sb->sbumpc();
+    if (c == std::char_traits<char>::eof()) return !s.empty();
+    if (c == '\n') return true;
+    if (s.size() >= kRunLinMax) {
+      longa = true;
+      return true;
+    }
+    s += char(c);
+  }
+}
+
 const RunRsp* RunFon::Prox() {
   if (mProx) return &*mProx;
   std::string s;
-  while (!mFim && std::getline(mIn, s)) {
+  bool longa = false;
+  while (!mFim && RunLinLer(mIn, s, longa)) {
     mLin++;
     // Editors on some systems begin a UTF-8 file with a byte-order mark.
     if (mLin == 1 && s.rfind("\xEF\xBB\xBF", 0) == 0) s.erase(0, 3);
     RunRsp r;
+    if (longa) {
+      mErro = u"a line longer than " + TxDeUtf8(std::to_string(kRunLinMax)) + u" bytes is no answer";
+      r.lin = mLin;
+      mProx = r;
+      return &*mProx;
+    }
     if (RunRspLer(TxDeUtf8(s), r, mErro)) {
       r.lin = mLin;
       mProx = r;
@@ -146,6 +179,9 @@ struct Run final : MsgDlg {
   Tx pagIde;
   int foto = 0;
   bool passo = false;  // a step of the answers is due
+  // The controls shown since the last page line, and those in view at it: a page
+  // line looks at these, not at every control of every page of the window.
+  std::map<QWidget*, QPointer<QWidget>> vis;
 
   // One line of the trace, flushed. A trace that cannot be written ends the run:
   // what it was for is lost.
@@ -337,6 +373,10 @@ struct Run final : MsgDlg {
   // The page line, then one line per control whose own Visible is set: buttons
   // first, then components by index.
   void PagEnt(ZunWizAsp& a, int idx, const Tx& ide) {
+    // Without shots nobody sees the offscreen window: it is not painted, since a
+    // paint passes over every control of every page, and a wizard of many pages
+    // would pay that at each page change.
+    if (opc.fotos.empty() && a.updatesEnabled()) a.setUpdatesEnabled(false);
     asp = &a;
     pagIdx = idx;
     pagIde = ide;
@@ -344,12 +384,35 @@ struct Run final : MsgDlg {
     for (QPushButton* b : {a.cmAnt, a.cmSeg, a.cmCnf, a.cmCan})
       if (!b->isHidden()) CtlLin(a, b, TxQs(b->objectName()), b->text(), nullptr);
     std::vector<std::pair<int, CtlArr>> cmp;
-    for (CtlArr arr : {CtlArr::Lab, CtlArr::Ckb, CtlArr::Rtf, CtlArr::Opc})
-      for (const auto& [i, w] : a.Arr(arr))
-        if (i > 0 && !w->isHidden()) cmp.emplace_back(i, arr);
+    for (auto it = vis.begin(); it != vis.end();) {
+      QWidget* w = it->second;
+      int i = 0;
+      CtlArr arr = CtlArr::Lab;
+      if (w && !w->isHidden() && CtlIdx(a, w, i, arr)) {
+        cmp.emplace_back(i, arr);
+        ++it;
+      } else {
+        it = vis.erase(it);
+      }
+    }
     std::sort(cmp.begin(), cmp.end());
     for (auto [i, arr] : cmp) CmpLin(a, arr, i);
-    Foto(a.grab(), ide.empty() ? TxDeUtf8(std::to_string(idx)) : ide);
+    if (!opc.fotos.empty()) Foto(a.grab(), ide.empty() ? TxDeUtf8(std::to_string(idx)) : ide);
+  }
+
+  // The array and index of a component's control of the window, from the name the
+  // window gives it ("laWiz(3)"); false for any other widget.
+  static bool CtlIdx(ZunWizAsp& a, QWidget* w, int& i, CtlArr& arr) {
+    const QString n = w->objectName();
+    for (CtlArr k : {CtlArr::Lab, CtlArr::Ckb, CtlArr::Rtf, CtlArr::Opc}) {
+      const QLatin1String pre(ZunWizAsp::ArrNome(k));
+      if (!n.startsWith(pre) || n.size() < pre.size() + 3 || n[pre.size()] != u'(' || !n.endsWith(u')')) continue;
+      bool ok = false;
+      i = n.mid(pre.size() + 1, n.size() - pre.size() - 2).toInt(&ok);
+      arr = k;
+      return ok && i > 0 && a.CtlWid(k, i) == w;
+    }
+    return false;
   }
 
   void CtlLin(ZunWizAsp& a, QWidget* w, const Tx& nome, const QString& tx, const Var* val) {
@@ -397,10 +460,9 @@ struct Run final : MsgDlg {
   // The component named ide, as the engine looks it up: the first whose name is
   // equal after trimming and capitals; 0 when there is none.
   static int CmpIdx(const Tx& ide) {
-    const Tx quer = TxMaiTrm(ide);
-    for (int i = 1; gSup && i <= gSup->CmpNum(); i++)
-      if (TxMaiTrm(gSup->Cmp(i).Ide) == quer) return i;
-    return 0;
+    int16_t i = 0;
+    if (gSup) gSup->CmpIdx(ide, i);
+    return i;
   }
 
   // One answer, once the window is up and idle: a click, the close box, a check
@@ -478,14 +540,31 @@ struct Run final : MsgDlg {
 
 }  // namespace
 
+namespace {
+// Notes every widget that is shown, for the page lines (Run::vis).
+struct RunVis final : QObject {
+  bool eventFilter(QObject* o, QEvent* e) override {
+    if (e->type() == QEvent::ShowToParent && o->isWidgetType() && gRun) {
+      QWidget* w = static_cast<QWidget*>(o);
+      gRun->vis[w] = w;
+    }
+    return false;
+  }
+};
+}  // namespace
+
 void ZunWizRunIni(const RunOpc& opc) {
   static Run run;
+  static RunVis vis;
+  QCoreApplication::instance()->installEventFilter(&vis);
   run.opc = opc;
   run.fon.emplace(*opc.rsp);
   gRun = &run;
   if (!opc.fotos.empty() && !QDir().mkpath(QsTx(opc.fotos)))
     Run::Falha("cannot make the shots folder " + TxUtf8(opc.fotos));
   MsgDlgDef(&run);
+  // Files refused and texts cut at their limits are lines of the trace.
+  LimTrcDef([](const Tx& l) { gRun->Trc(l); });
   // Copies, moves and deletes write their progress to the trace.
   static ShfPrgLin prg([](const Tx& l) { gRun->Trc(l); });
   ShfPrgDef(&prg);

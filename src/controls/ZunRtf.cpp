@@ -8,6 +8,7 @@
 #include <QTextDocument>
 #include <fstream>
 #include <sstream>
+#include "FicLer.h"
 #include "FonTab.h"
 #include "RtfLer.h"
 #include "TxQt.h"
@@ -48,16 +49,16 @@ void ZunRtf::Text(const Tx& tx) {
 }
 
 void ZunRtf::LoadFile(const Tx& caminho) {
-  std::string cam = TxUtf8(caminho);
-  for (char& c : cam)
-    if (c == '\\') c = '/';
-  std::ifstream f(cam, std::ios::binary);
-  if (!f) throw CtlErr(53, "file not found");
-  std::ostringstream os;
-  os << f.rdbuf();
-  if (f.bad()) throw CtlErr(75, "path/file access error");
+  // Read by the rule of every file the system reads, up to the rich-text limit; a
+  // refusal is told with its reason.
+  std::string b;
+  if (int e = FicLer(caminho, b, kRtfLerMax)) {
+    if (e == kErrFicNao || e == kErrDirNao) throw CtlErr(53, "file not found");
+    LimTrc(u"refused rich text " + caminho + u" (" + TxDeUtf8(FicLerPorque(e, kRtfLerMax)) + u")");
+    throw CtlErr(75, "path/file access error");
+  }
   RtfDoc doc;
-  if (!RtfLer(os.str(), doc)) throw CtlErr(321, "invalid file format");
+  if (!RtfLer(b, doc)) throw CtlErr(321, "invalid file format");
   DocPoe(doc);
 }
 

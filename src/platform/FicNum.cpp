@@ -16,6 +16,7 @@
 #include "DbgFx.h"
 #include "FicGlb.h"
 #include "FicGra.h"
+#include "FicLer.h"
 #include "MsgDlg.h"
 
 namespace zw {
@@ -44,27 +45,6 @@ Arq* Num(int num) {
 // Decimal text of a number with the blank that a positive number carries in front.
 Tx TxStrNu(int n) { return n >= 0 ? u" " + TxAsc(std::to_string(n)) : TxAsc(std::to_string(n)); }
 
-// Reads a regular file of at most kFicLerMax bytes. A device, a pipe or a socket is
-// refused as a folder is (75) before anything is read: opening does not wait for a
-// pipe's writer, and nothing endless is read. A larger file is 57.
-int LerFd(int fd, std::string& b) {
-  struct stat st;
-  if (fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) return kErrAces;
-  if (st.st_size > kFicLerMax) return kErrIO;
-  b.clear();
-  char buf[65536];
-  for (;;) {
-    ssize_t r = read(fd, buf, sizeof buf);
-    if (r == 0) return 0;
-    if (r < 0) {
-      if (errno == EINTR) continue;
-      return kErrIO;
-    }
-    b.append(buf, size_t(r));
-    if (b.size() > size_t(kFicLerMax)) return kErrIO;  // a file that grows while read
-  }
-}
-
 // The open itself: 0 or the error number. With ler false an input file is only
 // opened and tested, not read.
 int Abre(int num, const Tx& path, char m, bool ler = true) {
@@ -78,19 +58,10 @@ int Abre(int num, const Tx& path, char m, bool ler = true) {
   a.modo = m;
   a.nome = path;
   if (m == 'I') {
-    // Not blocking, so that a pipe without a writer does not hold the open.
-    int fd = open(n.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (fd < 0) return errno == ENXIO ? kErrAces : FicErrNat(errno, n);
-    struct stat st;
-    int e = fstat(fd, &st) != 0 || !S_ISREG(st.st_mode) ? kErrAces : st.st_size > kFicLerMax ? kErrIO : 0;
-    if (!e && flock(fd, LOCK_SH | LOCK_NB) != 0) e = kErrPerm;  // a writer holds it
+    // The system's one rule for what it reads (FicLer.h): a regular file of at
+    // most kFicLerMax bytes, opened without waiting for a pipe's writer.
     std::string b;
-    if (!e && ler) {
-      fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
-      e = LerFd(fd, b);
-    }
-    close(fd);
-    if (e) return e;
+    if (int e = FicLerNat(n, b, kFicLerMax, ler)) return e;
     a.dados = TxDeBytes(b, &a.cod);
     a.byt = a.cod == Cod::Utf8Bom ? b.substr(3) : std::move(b);
   } else if (m == 'B') {

@@ -3,12 +3,11 @@
 #include "GlbReg.h"
 #include <dirent.h>
 #include <algorithm>
-#include <fstream>
 #include <map>
-#include <sstream>
 #include <vector>
 #include "FicGlb.h"
 #include "FicGra.h"
+#include "FicLer.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -59,11 +58,12 @@ Tx ChvNorm(const Tx& k) {
   return t;
 }
 
+// A registry file by the rule of every file read (FicLer.h); one that cannot be
+// read is read as empty, as a missing one is.
 std::string LeBytes(const std::string& f) {
-  std::ifstream in(f, std::ios::binary);
-  std::stringstream s;
-  s << in.rdbuf();
-  return s.str();
+  std::string b;
+  FicLerNat(f, b);
+  return b;
 }
 
 // UTF-16 with its mark (as version 5 files are written), else 8-bit text.

@@ -2,6 +2,7 @@
 // the global script variables Arg1..ArgN (assigned by statements) and as its own
 // parameters (passed to Run); a function's value comes back through "FxRes".
 // Failures never leave: the caller sees a flag of 0, an old "FxRes" or "".
+#include "Engine.h"
 #include "TxtGlb.h"
 #include "VbsInt.h"
 #include "VbsSup.h"
@@ -18,6 +19,36 @@ Tx TxLit(const Var& v) {
 
 Tx TxNum(int64_t n) { return TxAsc(std::to_string(n)); }
 
+// The longest text, in characters, that a statement the host runs may leave in its
+// variable. The calculation runs every variable line again after each group of the
+// option file, so a line such as "[S]=S & S" doubles its text at every pass, up to
+// gigabytes; past this length the variable is emptied and the statement fails with
+// 14 "Out of string space", traced as any script error the host passes over.
+constexpr uint32_t kCalcTxMax = 1u << 20;
+
+// The variable a statement "name=value" assigns: the plain name before the "=",
+// trimmed; "" when there is none.
+TxV CmdAlvo(TxV c) {
+  size_t i = c.find(u'=');
+  if (i == TxV::npos) return {};
+  TxV n = c.substr(0, i);
+  while (!n.empty() && (n.front() == u' ' || n.front() == u'\t')) n.remove_prefix(1);
+  while (!n.empty() && (n.back() == u' ' || n.back() == u'\t')) n.remove_suffix(1);
+  auto letra = [](char16_t x) { return (x >= u'A' && x <= u'Z') || (x >= u'a' && x <= u'z'); };
+  if (n.empty() || !letra(n[0])) return {};
+  for (char16_t x : n)
+    if (!letra(x) && !(x >= u'0' && x <= u'9') && x != u'_') return {};
+  return n;
+}
+
+// Empties a global variable whose text is past the limit; true when it did.
+bool CelLim(vbs::Cell& c) {
+  if ((c.kind != vbs::Cell::Var && c.kind != vbs::Cell::Undecl) || !c.v.IsStr() || c.v.s->len <= kCalcTxMax)
+    return false;
+  c.v = vbs::Value();
+  return true;
+}
+
 }  // namespace
 
 void VbsSup::ExeCmd(const Tx& cmd, int16_t& ok) {
@@ -25,12 +56,37 @@ void VbsSup::ExeCmd(const Tx& cmd, int16_t& ok) {
   if (!EngExec(cmd)) {
     ok = 0;
     Trc(u"ExeCmd \"" + cmd + u"\"", &cmd);
+    return;
   }
+  TxV alvo = CmdAlvo(cmd);
+  if (alvo.empty() || !sc_) return;
+  vbs::Engine& e = sc_->engine();
+  int cel = e.FindCell(alvo);
+  if (cel < 0 || !CelLim(*e.cp[size_t(cel)])) return;
+  ok = 0;
+  vbs::ScriptError& err = sc_->Error();
+  err.Clear();
+  err.Number = 14;
+  err.Description = vbs::ErrDesc(14);
+  err.Source = u"Microsoft VBScript runtime error";
+  TrcErr(u"ExeCmd \"" + cmd + u"\"", 14, err.Description);
 }
 
+// After the pass, a variable of the list past the limit is emptied (the pass ran
+// as one piece of code, so the look is at its end). Only the few long texts are
+// matched against the statements.
 void VbsSup::ExeCmdLst(const std::vector<Tx>& cmds, int16_t& ok) {
   ok = EngExecLst(cmds) ? 1 : 0;
   if (!ok) Trc(u"ExeCmdLst");
+  if (!sc_) return;
+  for (vbs::Cell* c : sc_->engine().cp) {
+    if (!c->v.IsStr() || c->v.s->len <= kCalcTxMax) continue;
+    for (const Tx& cmd : cmds) {
+      if (!vbs::EqNoCase(CmdAlvo(cmd), c->name) || !CelLim(*c)) continue;
+      TrcErr(u"ExeCmd \"" + cmd + u"\"", 14, vbs::ErrDesc(14));
+      break;
+    }
+  }
 }
 
 // Evaluates into res, which keeps its kind: a text stays text, anything else

@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 #include "Var.h"
 #include "WizEng.h"
@@ -27,6 +28,10 @@ namespace zw {
 class VbsSup;
 class SupWizVbs;
 class TdaOpc;
+
+// The longest text a label, a check box or a rich-text box is given, in characters:
+// laying text out takes about a second a megabyte, so a longer one is cut here.
+constexpr size_t kCmpTxMax = 65536;
 
 // One line of a "VAR", "PON" or "ZON" group.
 struct tZpo {
@@ -141,6 +146,8 @@ class SupWiz : public WizEng {
   const tPag& Pag(int i) const { return mPag[size_t(i)]; }
   const tCmp& Cmp(int i) const { return mCmp[size_t(i)]; }
   const std::vector<int16_t>& PagLst() const { return mPagLst; }
+  // The first component of that name, trimmed and case-blind; 0 when none.
+  void CmpIdx(const Tx& ide, int16_t& idx) const;
   VbsSup* Vbs() const { return mVbs.get(); }
   SupWizVbs* WizVbs() const { return mWizVbs.get(); }
 
@@ -172,7 +179,6 @@ class SupWiz : public WizEng {
   void PagAdd(int16_t& idx);
   void PagIdx(const Tx& ide, int16_t& idx) const;
   void CmpAdd(int16_t& idx);
-  void CmpIdx(const Tx& ide, int16_t& idx) const;
   void CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach);
   void CmpObCon(const Var& nome, CtlObj*& ctl);
   CtlObj* CmpOb(int16_t i);
@@ -197,6 +203,7 @@ class SupWiz : public WizEng {
   CtlObj* Btn(int slot);
   bool TraPagFx(const tTra& t, const Tx& tip, int16_t ant);
   CtlObj* CmpVarOb(const Var& nome, int16_t& idx);
+  static Var CmpTxLim(const Var& v, const tCmp& c);
 
   Tx mTrcNom = u"SupWiz";
   Tx mTrcSit;
@@ -206,14 +213,17 @@ class SupWiz : public WizEng {
   Var mFrm;
   int16_t mZpoNum = 0;
   std::vector<tZpo> mZpo;
+  std::unordered_map<Tx, int16_t> mZpoIdx;  // first record of each identifier (WizTab.h)
   std::vector<Tx> mZpoCmd;  // the statements of the last calculation pass
   int16_t mZpoCmdNum = 0;   // records whose statements mZpoCmd holds already
   tZpo mZpoW;
   int16_t mPagNum = 0;
   std::vector<tPag> mPag;
+  std::unordered_map<Tx, int16_t> mPagIdx;
   tPag mPagW;
   int16_t mCmpNum = 0;
   std::vector<tCmp> mCmp;
+  std::unordered_map<Tx, int16_t> mCmpIdx;
   tCmp mCmpW;
   CtlObj* mOpcAct = nullptr;
   std::vector<int16_t> mPagLst;

@@ -44,7 +44,7 @@ void SupWiz::CmpOpcPrp() {
 
 // Appends the work record and widens the last page's range of components.
 void SupWiz::CmpAdd(int16_t& idx) {
-  idx = WizTabAdi(mCmp, mCmpNum, mCmpW);
+  idx = WizTabAdi(mCmp, mCmpNum, mCmpW, mCmpIdx);
   tPag& p = mPag[size_t(mPagNum)];
   if (p.CmpNum == 0) p.CmpFim = p.CmpIni;
   else p.CmpFim++;
@@ -162,7 +162,7 @@ void SupWiz::CmpVer(int16_t i) {
     PoeB(c, u"AutoSize", true);
     CmpVerFon(c, r);
     Poe(c, u"Alignment", Var(r.AlnVal));
-    Poe(c, u"Caption", Var(r.TxtAct));
+    Poe(c, u"Caption", CmpTxLim(Var(r.TxtAct), r));
     Poe(c, u"Left", r.PosX);
     Poe(c, u"Top", r.PosY);
     if (r.DimY > 0) {
@@ -177,7 +177,7 @@ void SupWiz::CmpVer(int16_t i) {
     CtlObj& c = cria(CtlArr::Ckb);
     if (r.DimX > 0) Poe(c, u"Width", r.DimX);
     CmpVerFon(c, r);
-    Poe(c, u"Caption", Var(r.TxtAct));
+    Poe(c, u"Caption", CmpTxLim(Var(r.TxtAct), r));
     Poe(c, u"Left", r.PosX);
     Poe(c, u"Top", r.PosY);
     if (r.DimY > 0) Poe(c, u"Height", r.DimY);
@@ -191,7 +191,7 @@ void SupWiz::CmpVer(int16_t i) {
     CmpVerFon(c, r);
     const Tx& t = r.TxtAct;
     if (t.size() >= 2 && t.front() == u'[' && t.back() == u']') RtfFicLer(c, WizDirExp(t.substr(1, t.size() - 2)));
-    else Poe(c, u"Text", Var(t));
+    else Poe(c, u"Text", CmpTxLim(Var(t), r));
     Poe(c, u"Left", r.PosX);
     Poe(c, u"Top", r.PosY);
     if (r.DimY > 0) Poe(c, u"Height", r.DimY);

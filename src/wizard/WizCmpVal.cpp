@@ -2,6 +2,7 @@
 // situations, and the two calls of "Wiz": CmpVarCon publishes a control's values
 // as script variables, CmpVarAlt changes one of its properties by a word.
 #include <stdexcept>
+#include "FicLer.h"
 #include "SupWiz.h"
 #include "TxtGlb.h"
 #include "WizTab.h"
@@ -12,7 +13,7 @@ namespace zw {
 // The index of the first component of that name, case-blind; 0 (the unused
 // element) when there is none.
 void SupWiz::CmpIdx(const Tx& ide, int16_t& idx) const {
-  idx = WizTabPsq(mCmp, mCmpNum, ide);
+  idx = WizTabPsq(mCmpIdx, ide);
 }
 
 // The control of a name: the buttons by their exact names, else the control of the
@@ -110,6 +111,17 @@ void SupWiz::CmpCor(CtlObj& ctl, const Var& cor, const Var& cor2) {
   if (CtlCorApl(ctl, cor, cor2) == 0) throw std::runtime_error("no colour palette");
 }
 
+// A text for a control, cut at kCmpTxMax characters (never between the two halves
+// of a surrogate pair); a cut is told with the component's name and line.
+Var SupWiz::CmpTxLim(const Var& v, const tCmp& c) {
+  if (!v.EhTx() || v.Txt().size() <= kCmpTxMax) return v;
+  size_t n = kCmpTxMax;
+  if (v.Txt()[n - 1] >= 0xD800 && v.Txt()[n - 1] <= 0xDBFF) n--;
+  LimTrc(u"cut text of component \"" + c.Ide + u"\" (line " + TxAsc(std::to_string(c.Lin)) + u") at " +
+         TxAsc(std::to_string(kCmpTxMax)) + u" characters");
+  return Var(v.Txt().substr(0, n));
+}
+
 // The component index and the control of a name that a script gives.
 CtlObj* SupWiz::CmpVarOb(const Var& nome, int16_t& idx) {
   Tx n = TxVar(nome);
@@ -181,7 +193,7 @@ void SupWiz::CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res
     } else if (p == u"SIT") {
       CmpSit(c, v);
     } else if (p == u"TXT") {
-      c->PrpAtr(u"Caption", val);
+      c->PrpAtr(u"Caption", CmpTxLim(val, mCmp[size_t(i)]));
     } else if (p == u"CHK") {
       c->PrpAtr(u"Value", val);
     }

@@ -108,11 +108,11 @@ void SupWiz::ImgFun(const Tx& fic) {
   });
 }
 
-void SupWiz::PagAdd(int16_t& idx) { idx = WizTabAdi(mPag, mPagNum, mPagW); }
+void SupWiz::PagAdd(int16_t& idx) { idx = WizTabAdi(mPag, mPagNum, mPagW, mPagIdx); }
 
 // The first page of that identifier, case-blind; -1 when none.
 void SupWiz::PagIdx(const Tx& ide, int16_t& idx) const {
-  idx = WizTabPsq(mPag, mPagNum, ide);
+  idx = WizTabPsq(mPagIdx, ide);
   if (idx == 0) idx = -1;
 }
 

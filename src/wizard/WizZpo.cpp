@@ -89,11 +89,11 @@ void SupWiz::ZpoCalc() {
   VbsCri().ExeCmdLst(cmd, ok);
 }
 
-void SupWiz::ZpoAdd(int16_t& idx) { idx = WizTabAdi(mZpo, mZpoNum, mZpoW); }
+void SupWiz::ZpoAdd(int16_t& idx) { idx = WizTabAdi(mZpo, mZpoNum, mZpoW, mZpoIdx); }
 
 // The first record of that identifier, case-blind; -1 when none.
 void SupWiz::ZpoIdx(const Tx& ide, int16_t& idx) const {
-  idx = WizTabPsq(mZpo, mZpoNum, ide);
+  idx = WizTabPsq(mZpoIdx, ide);
   if (idx == 0) idx = -1;
 }
 

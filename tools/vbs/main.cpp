@@ -3,10 +3,8 @@
 // FILE(line, column) VBScript runtime error NNN: Description, with status 1.
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iostream>
-#include <iterator>
 #include <sstream>
+#include "FicLer.h"
 #include "ScriptControl.h"
 #include "WScript.h"
 
@@ -33,12 +31,13 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "usage: vbs FILE [arguments]\n");
     return 2;
   }
-  std::ifstream in(argv[1], std::ios::binary);
-  if (!in) {
-    std::fprintf(stderr, "vbs: cannot open %s\n", argv[1]);
+  // The script is read by the rule of every file the system reads: a folder, a
+  // device or a pipe is refused at once, as is a file past the limit.
+  std::string bytes;
+  if (int e = zw::FicLerNat(argv[1], bytes)) {
+    std::fprintf(stderr, "vbs: cannot read %s (%s)\n", argv[1], zw::FicLerPorque(e).c_str());
     return 2;
   }
-  std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
   zw::Tx text = zw::TxDeBytes(bytes);
   std::vector<zw::Tx> args;
   for (int i = 2; i < argc; ++i) args.push_back(zw::TxDeUtf8(argv[i]));

@@ -10,8 +10,10 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <unordered_map>
 #include "ChkEfe.h"
 #include "FicGlb.h"
+#include "FicLer.h"
 #include "ScriptControl.h"
 #include "SupWizVbs.h"
 #include "TdaOpc.h"
@@ -60,6 +62,7 @@ struct Zpo {
   std::vector<int16_t> ok;    // whether each statement took, at the latest pass
   std::vector<Tx> err;        // and the engine's word when it did not
   std::vector<char> pre;      // stopped by the time-out once: not run again
+  std::vector<char> lim;      // grew past the host's longest text once: found already
 };
 
 struct Tra {
@@ -204,7 +207,13 @@ void Chk::Def() {
 
 // A picture that the window would load: one that is not there is passed over.
 void Chk::Img(const Val& v, const Tx& onde) {
-  if (v.tx.empty() || FicExi(v.tx) == 1) return;
+  int exi = v.tx.empty() ? 1 : FicExi(v.tx);
+  if (exi == 1) return;
+  if (exi != 0 && exi != -kErrDirNao) {
+    Ach(v.lin, false, u"picture " + Aspa(v.tx) + u" of " + onde + u" cannot be read (" +
+                          TxDeUtf8(FicLerPorque(-exi)) + u"): the window keeps the picture it has");
+    return;
+  }
   Tx why = v.tx.find(u'[') != Tx::npos ? u" (a page's \"Img\" takes no \"[...]\" words)" : Tx();
   Ach(v.lin, false, u"picture " + Aspa(v.tx) + u" of " + onde + u" does not exist: the window keeps the picture it has" + why);
 }
@@ -442,11 +451,18 @@ void Chk::Calc(int g) {
     z.ok.assign(z.stm.size(), 0);
     z.err.assign(z.stm.size(), Tx());
     z.pre.resize(z.stm.size(), 0);
+    z.lim.resize(z.stm.size(), 0);
     efe_->Lin(z.lin);
     for (size_t k = 0; k < z.stm.size(); k++) {
       if (z.pre[k]) continue;  // it would only hang again
       h_.ExeCmd(z.stm[k], z.ok[k]);
       if (z.ok[k] != 1) z.err[k] = sc_->Error().Description;
+      if (z.ok[k] != 1 && sc_->Error().Number == 14 && !z.lim[k]) {
+        z.lim[k] = 1;
+        Ach(z.lin, true, u"the calculation of " + z.nom[k] + u" after group " + Num(g) +
+                             u" makes a text too long (Out of string space): the run empties " + z.nom[k] +
+                             u" there and goes on");
+      }
       if (z.ok[k] != 1 && Tmp(z.lin, u"the calculation of " + z.nom[k])) z.pre[k] = 1;
     }
     if (z.grp != g) continue;
@@ -482,7 +498,7 @@ void Chk::Fim() {
   for (const Zpo& z : zpo_) {
     efe_->Lin(z.lin);
     for (size_t k = 0; k < z.ok.size(); k++) {
-      if (z.pre[k]) continue;  // found when it hung
+      if (z.pre[k] || (z.lim[k] && z.ok[k] != 1)) continue;  // found when it hung or grew
       if (z.ok[k] != 1) {
         Ach(z.lin, true, u"the script engine refuses " + Aspa(z.stm[k]) + u" (" + z.err[k] + u"): " + z.nom[k] +
                              u" stays as it was");
@@ -497,14 +513,15 @@ void Chk::Fim() {
     }
   }
   if (pag_.empty()) Ach(1, true, u"no \"PAG\" group: the wizard ends before its window shows");
+  // The first page of each identifier, as the engine finds pages.
+  std::unordered_map<Tx, size_t> pagIdx;
+  for (size_t i = 0; i < pag_.size(); i++) pagIdx.try_emplace(TxMaiTrm(pag_[i].ide.tx), i);
   for (size_t i = 0; i < pag_.size(); i++) {
     const Pag& p = pag_[i];
-    for (size_t j = 0; j < i; j++)
-      if (TxMaiTrm(pag_[j].ide.tx) == TxMaiTrm(p.ide.tx)) {
-        Ach(p.ide.lin, false, u"page identifier " + Aspa(p.ide.tx) + u" is also the page of line " + Num(pag_[j].lin) +
-                                  u": transitions to it find that one");
-        break;
-      }
+    size_t j = pagIdx.at(TxMaiTrm(p.ide.tx));
+    if (j != i)
+      Ach(p.ide.lin, false, u"page identifier " + Aspa(p.ide.tx) + u" is also the page of line " + Num(pag_[j].lin) +
+                                u": transitions to it find that one");
     Fx(p.ent, u"\"FxPagEnt\"", 0, false);
     Fx(p.sai, u"\"FxPagSai\"", 0, false);
     for (int s = 1; s <= 4; s++) {
@@ -512,9 +529,7 @@ void Chk::Fim() {
       if (!t.tem) continue;
       Tx k = TxMaiTrm(t.tip.tx);
       if (k == u"PAG") {
-        Tx alvo = TxMaiTrm(t.pag.tx);
-        bool ach = std::any_of(pag_.begin(), pag_.end(), [&](const Pag& q) { return TxMaiTrm(q.ide.tx) == alvo; });
-        if (!ach)
+        if (!pagIdx.count(TxMaiTrm(t.pag.tx)))
           Ach(t.pag.lin ? t.pag.lin : t.lin, true, u"\"TRAPAG\" names no page " + Aspa(t.pag.tx) +
                                                        u": this button ends the wizard at once");
       } else if (k == u"FX") {
@@ -546,8 +561,13 @@ void Chk::Fim() {
     const Tx& x = c.txt.tx;
     if (t == u"RTF" && x.size() >= 2 && x.front() == u'[' && x.back() == u']') {
       Tx f = DirExp(x.substr(1, x.size() - 2));
-      if (FicExi(f) != 1)
+      std::string byt;
+      int e = FicLer(f, byt, kRtfLerMax);
+      if (e == kErrFicNao || e == kErrDirNao)
         Ach(c.txt.lin, true, u"rich-text file " + Aspa(f) + u" does not exist: the box stays empty");
+      else if (e)
+        Ach(c.txt.lin, true, u"rich-text file " + Aspa(f) + u" cannot be read (" +
+                                 TxDeUtf8(FicLerPorque(e, kRtfLerMax)) + u"): the box stays empty");
     }
     if (t == u"OPCTXT") continue;  // its place and size have no effect
     for (const Val* v : {&c.pos, &c.dim}) {

@@ -8,9 +8,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 #include <iostream>
+#include <sstream>
 #include <unistd.h>
+#include "FicLer.h"
 #include "TxQt.h"
 #include "ZunWizMain.h"
 #include "ZunWizRun.h"
@@ -79,11 +80,17 @@ int main(int argc, char** argv) {
     else if (!std::strcmp(argv[i], "--")) { i++; break; }
     else break;
   }
-  std::ifstream fic;
+  std::istringstream fic;
   zw::RunOpc opc;
   if (rsp) {
-    fic.open(rsp);
-    if (!fic) Uso("cannot read the answers file");
+    // Read whole by the rule of every file the system reads: a pipe, a device or a
+    // file past the limit is refused at once rather than read for ever.
+    std::string b;
+    int e = zw::FicLerNat(rsp, b);
+    if (e == zw::kErrAces && zw::FicNulo(rsp)) e = 0;  // no answers
+    if (e)
+      Uso(("cannot read the answers file " + std::string(rsp) + " (" + zw::FicLerPorque(e) + ")").c_str());
+    fic.str(std::move(b));
     opc.rsp = &fic;
   } else {
     opc.rsp = &std::cin;
