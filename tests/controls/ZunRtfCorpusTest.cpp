@@ -6,6 +6,8 @@
 #include <QAbstractTextDocumentLayout>
 #include <QDir>
 #include <QFile>
+#include <QImage>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QTextBlock>
 #include <memory>
@@ -58,7 +60,7 @@ TEST(ZunRtfCorpus, EveryFileGivesItsRecordedText) {
     QDir d(Pasta() + sub);
     for (const QString& n : d.entryList({QStringLiteral("*.rtf")}, QDir::Files, QDir::Name)) fics << d.filePath(n);
   }
-  ASSERT_GE(fics.size(), 8);
+  ASSERT_GE(fics.size(), 21);
   for (const QString& f : fics) {
     QString ref = f;
     ref.replace(QRegularExpression(QStringLiteral("\\.rtf$")), QStringLiteral(".txt"));
@@ -97,4 +99,30 @@ TEST(ZunRtfCorpus, LibreOfficeFileFontAndSpacing) {
   QFont f = b.begin().fragment().charFormat().font();
   EXPECT_EQ(f.pixelSize(), 13);
   EXPECT_EQ(f.family(), FonFam(QStringLiteral("Liberation Mono")));
+}
+
+// Not a check: draws every corpus file in a box 600 pixels wide, as tall as its
+// text, into ZW_RTF_SHOTS/<name>.png for comparison by eye with LibreOffice's
+// rendering at 96 dpi (docs/rtf-corpus.md). Run with
+// --gtest_also_run_disabled_tests and ZW_RTF_SHOTS set.
+TEST(ZunRtfCorpus, DISABLED_DrawEveryFileForComparison) {
+  const QString pasta = qEnvironmentVariable("ZW_RTF_SHOTS");
+  if (pasta.isEmpty()) GTEST_SKIP() << "ZW_RTF_SHOTS not set";
+  QDir d(Pasta() + QStringLiteral("/corpus"));
+  for (const QString& n : d.entryList({QStringLiteral("*.rtf")}, QDir::Files, QDir::Name)) {
+    ZunRtf* rt = nullptr;
+    auto jan = Carrega(d.filePath(n), rt);
+    rt->document()->setTextWidth(600);
+    const int alt = int(rt->document()->documentLayout()->documentSize().height()) + 4;
+    rt->setGeometry(0, 0, 600, alt);
+    jan->resize(600, alt);
+    QImage img(600, alt, QImage::Format_RGB32);
+    img.fill(Qt::white);
+    QPainter p(&img);
+    rt->render(&p);
+    p.end();
+    QString png = n;
+    png.replace(QRegularExpression(QStringLiteral("\\.rtf$")), QStringLiteral(".png"));
+    EXPECT_TRUE(img.save(pasta + u'/' + png)) << png.toStdString();
+  }
 }
