@@ -1,15 +1,26 @@
 // Separator tokens, split modes, bracket pairs and "[KEY=value]" items.
 #include <algorithm>
+#include "CtlObj.h"
 #include "GlbVar.h"
 #include "TxtGlb.h"
 
 namespace zw {
 
+namespace {
+// Positions of the token and item functions are 16-bit signed numbers: a separator
+// or an item found past 32767 is an overflow (6), which no caller here traps, so the
+// texts these functions take apart are limited to that size.
+int Pos16(int p) {
+  if (p > 32767) throw CtlErr(6, "Overflow");
+  return p;
+}
+}  // namespace
+
 // Next token: the text before the first separator; the text keeps what follows the
 // whole separator. Not found: the whole text is the token and the text becomes "".
 // An empty separator is found at position 1, so the text is not consumed.
 void TxTokSeg(Tx& tx, TxV sep, Tx& tok, int& ach) {
-  int p = TxPos(tx, sep);
+  int p = Pos16(TxPos(tx, sep));
   if (p) {
     Tx t = TxEsq(tx, p - 1);
     tx.erase(0, std::min(tx.size(), size_t(p - 1) + sep.size()));
@@ -49,7 +60,7 @@ void TxTokNu(Tx& tx, TxV sep, Var& dst) {
 }
 
 void TxDiv2(TxV tx, TxV sep, Tx& esq, Tx& dir, int& ach) {
-  int p = TxPos(tx, sep);
+  int p = Pos16(TxPos(tx, sep));
   Tx e, d;
   if (p) {
     e = TxEsq(tx, p - 1);
@@ -217,8 +228,9 @@ void OpcTxDiv(TxV tx, TxV chv, Tx& ant, Tx& val, Tx& dep, int& ach) {
   Tx abre;
   int la, fim = 0;
   OpcChvFmt(chv, abre, la);
-  int p = TxPos(tx, abre), ini = p;
+  int p = Pos16(TxPos(tx, abre)), ini = p;
   if (p) TxBrkPar(tx, ini, fim, u"[]");
+  Pos16(fim);
   Tx a, v, d;
   if (p && ini && fim) {
     a = TxEsq(tx, p - 1);
