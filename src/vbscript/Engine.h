@@ -105,6 +105,7 @@ class Engine {
     const Proc* p;
     const Ins* at;
     Frm* up;
+    const Ins* cur;  // the instruction running, for the handlers of Exec
   };
   Frm* frm = nullptr;
   std::shared_ptr<HostPolicy> policy;
@@ -139,6 +140,7 @@ class Engine {
   // Calls the procedure whose arguments lie on the stack (argc of them); leaves its result there.
   void CallStk(const Proc& p, Inst* me, int argc);
   void Exec(const Proc& p, Value* bp, Inst* me, Value* up);
+  void Steps(const Proc& p, Value* bp, Inst* me, Value* up, const Ins* ip, Frm& fr, bool& onErr);
   Value NewInst(TxV cls);
   void Terminate(Inst* o);
   void Tick() { if (timed && --tick <= 0) TickSlow(); }

@@ -423,11 +423,21 @@ static void MakeArrays(Engine& E, const Proc& p, Value* bp) {
 
 static void UnlockTo(Engine& E, Value* base);
 
+// Empties the stack down to base. Scalars are emptied through a local pointer and
+// sp is stored once; before a release, which may run a Class_Terminate that uses
+// the stack, sp is brought down to just above the value released.
 static inline void PopTo(Engine& E, Value* base) {
-  while (E.sp > base) {
-    Clear(E.sp[-1]);
-    --E.sp;
+  Value* p = E.sp;
+  while (p > base) {
+    --p;
+    if (p->t >= vtString) {
+      E.sp = p + 1;
+      *p = Value();
+    } else {
+      p->t = vtEmpty;
+    }
   }
+  E.sp = p;
   if (!E.elemLocks.empty()) UnlockTo(E, base);
 }
 
@@ -584,21 +594,14 @@ static inline int64_t IntOf(const Value& v) { return v.t == vtLong ? v.l : v.i; 
 static inline bool IsIntK(const Value& v) { return v.t == vtInteger || v.t == vtLong; }
 
 
-void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
+// The instruction loop of one procedure, from ip until its oRet. It has no
+// handler of its own, so that the compiler can keep ip and the stack top in
+// registers (a variable that a handler reads lives in memory); fr.cur tells
+// Exec's handlers which instruction an error came from.
+void Engine::Steps(const Proc& p, Value* bp, Inst* me, Value* up, const Ins* ip, Frm& fr, bool& onErr) {
   const Ins* const code = p.code.data();
-  const Ins* ip = code;
   const Value* const K = p.k.data();
-  bool onErr = false;
-  Value* const base = bp + p.nslots;
   Engine& E = *this;
-  // this procedure on the chain Where() reads; `at` is set where code calls out
-  Frm fr{&p, nullptr, frm};
-  frm = &fr;
-  struct Pop {
-    Engine& e;
-    Frm* up;
-    ~Pop() { e.frm = up; }
-  } pop{E, fr.up};
 #define AT fr.at = ip
 
   // the variable an instruction names
@@ -670,8 +673,6 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
     return c && c->kind == Cell::Proc;
   };
 
-  for (;;) {
-    try {
       for (;;) {
         // threaded dispatch: each instruction jumps straight to the next one's code
         static const void* const kDisp[] = {
@@ -689,12 +690,13 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
         // to sp before it can find its operands; each instruction begins with
         // rs == sp, and the common dispatch reloads rs after the others.
 #define NEXT goto dispatch
-#define FAST do { I = ip++; goto *kDisp[I->op]; } while (0)
+#define FAST do { I = ip++; fr.cur = I; goto *kDisp[I->op]; } while (0)
         const Ins* I;
         Value* rs = sp;
       dispatch:
         rs = sp;
         I = ip++;
+        fr.cur = I;
         if (I->op >= std::size(kDisp)) goto L_default;
         goto *kDisp[I->op];
         {
@@ -1308,10 +1310,32 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
 #undef NEXT
 #undef FAST
 #undef AT
-
       }
+}
+
+// Runs a procedure whose frame is ready (bp: its slots). A handler here puts an
+// error on the statement that raised it and, under On Error Resume Next, goes on
+// after that statement.
+void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
+  const Ins* const code = p.code.data();
+  const Ins* ip = code;
+  bool onErr = false;
+  Value* const base = bp + p.nslots;
+  Engine& E = *this;
+  // this procedure on the chain Where() reads; `at` is set where code calls out
+  Frm fr{&p, nullptr, frm, code};
+  frm = &fr;
+  struct Pop {
+    Engine& e;
+    Frm* up;
+    ~Pop() { e.frm = up; }
+  } pop{E, fr.up};
+  for (;;) {
+    try {
+      Steps(p, bp, me, up, ip, fr, onErr);
+      return;
     } catch (Fault& f) {
-      int pc = int(ip - code) - 1;
+      int pc = int(fr.cur - code);
       const StmtPos* st = FindStmt(p, pc);
       if (f.line == 0 && st) {
         f.line = st->line;
@@ -1324,7 +1348,7 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
       err.helpFile = std::move(f.helpFile);
       err.helpCtx = f.helpCtx;
       PopTo(E, base);
-      if (st && pc < st->to) ip = code + st->to;
+      ip = st && pc < st->to ? code + st->to : fr.cur + 1;
     } catch (std::exception&) {
       // a C++ failure inside a statement (memory, most of all) is error 7 there
       if (!onErr) throw Fault{7, ErrDesc(7), {}};
@@ -1333,12 +1357,12 @@ void Engine::Exec(const Proc& p, Value* bp, Inst* me, Value* up) {
       err.desc = ErrDesc(7);
       err.src = u"Microsoft VBScript runtime error";
       PopTo(E, base);
-      const StmtPos* st = FindStmt(p, int(ip - code) - 1);
-      if (st) ip = code + st->to;
+      const StmtPos* st = FindStmt(p, int(fr.cur - code));
+      ip = st ? code + st->to : fr.cur + 1;
     } catch (Abort&) {
       // the time-out: the innermost procedure it passes through tells where it struck
       if (!haltLine) {
-        const StmtPos* st = FindStmt(p, int(ip - code) - 1);
+        const StmtPos* st = FindStmt(p, int(fr.cur - code));
         haltLine = st ? st->line : 0;
       }
       throw;
