@@ -11,6 +11,17 @@ set(args "")
 if(EXISTS ${DIR}/${NAME}.args)
   file(STRINGS ${DIR}/${NAME}.args args ENCODING UTF-8)
 endif()
+# NAME.env: KEY=value lines, put in the run's environment.
+if(EXISTS ${DIR}/${NAME}.env)
+  file(STRINGS ${DIR}/${NAME}.env envs ENCODING UTF-8)
+  foreach(e ${envs})
+    string(FIND "${e}" "=" eq)
+    string(SUBSTRING "${e}" 0 ${eq} k)
+    math(EXPR eq "${eq} + 1")
+    string(SUBSTRING "${e}" ${eq} -1 v)
+    set(ENV{${k}} "${v}")
+  endforeach()
+endif()
 # The option file: NAME.par, or for a case GROUP-VARIANT that has none, the GROUP.par
 # its group shares.
 set(par ${DIR}/${NAME}.par)

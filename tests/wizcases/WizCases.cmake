@@ -10,7 +10,8 @@
 #   NAME.trace  the trace expected, exactly (docs/zunwiz-run.md tells its lines).
 # NAME.args, when it exists, holds more command-line words, one per line
 # ("KEY=value"...); NAME.opts zunwiz-run's own options, one word per line
-# ("--timeout", "2"). Where the case's folder appears in the trace (a box that names
+# ("--timeout", "2"); NAME.env variables for the run's environment, one "KEY=value"
+# a line. Where the case's folder appears in the trace (a box that names
 # the option file, say) it is written "<DIR>". The exit status must be the one the
 # trace's last line stands for: 3 after "end answers", 4 after "end exit", 5 after
 # "end build", 6 after "end timeout" (reached within 12 s), after "result WORD" the
