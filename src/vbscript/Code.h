@@ -19,7 +19,8 @@ namespace vbs {
   /* variables by addressing mode (b holds the mode: see Md) */ \
   X(oLd) X(oSt) X(oSet) X(oRef) \
   X(oLdL) X(oStL)   /* locals, the common case */ \
-  X(oLdLI)          /* oLdL that leads oPushI and an operator: all three in one when both are integers */ \
+  /* oLdL that leads oPushI and an operator: the three in one step when the local is an integer */ \
+  X(oLdLAddI) X(oLdLSubI) X(oLdLMulI) X(oLdLModI) X(oLdLCmpI) \
   X(oLdG) X(oStG)   /* globals */ \
   X(oKeep)          /* stores the top in local a as it is (an expression's result) */ \
   X(oRefIx)         /* name(i...) as an argument: an element of an array by reference, else as oCall */ \

@@ -1624,10 +1624,11 @@ class Parser {
     for (size_t k = 0; k + 2 < c.size(); ++k) {
       if (c[k].op != oLdL || c[k + 1].op != oPushI) continue;
       switch (c[k + 2].op) {
-        case oAdd: case oSub: case oMul: case oMod:
-        case oEq: case oNe: case oLt: case oGt: case oLe: case oGe:
-          c[k].op = oLdLI;
-          break;
+        case oAdd: c[k].op = oLdLAddI; break;
+        case oSub: c[k].op = oLdLSubI; break;
+        case oMul: c[k].op = oLdLMulI; break;
+        case oMod: c[k].op = oLdLModI; break;
+        case oEq: case oNe: case oLt: case oGt: case oLe: case oGe: c[k].op = oLdLCmpI; break;
         default: break;
       }
     }

@@ -139,6 +139,7 @@ class Engine {
   void CallProc(const Proc& p, Inst* me, Args a, Value& r);
   // Calls the procedure whose arguments lie on the stack (argc of them); leaves its result there.
   void CallStk(const Proc& p, Inst* me, int argc);
+  void CallIn(const Proc& p, Inst* me, int argc);
   void Exec(const Proc& p, Value* bp, Inst* me, Value* up);
   void Steps(const Proc& p, Value* bp, Inst* me, Value* up, const Ins* ip, Frm& fr, bool& onErr);
   Value NewInst(TxV cls);
