@@ -76,6 +76,7 @@ std::string FicLerPorque(int err, long long max) {
                                                                              : std::to_string(max) + " bytes") +
              ", or an input/output error";
     case kErrDrv: return "device unavailable";
+    case kErrFicMui: return "too many files open";
     default: return "file error " + std::to_string(err);
   }
 }

@@ -1,6 +1,7 @@
 // VbsSup: program text. Lines become one block of code that the engine compiles at
 // once; with the strip flag 1 comments, indentation and blank lines never reach it.
 #include "FicGlb.h"
+#include "FicLer.h"
 #include "TxtGlb.h"
 #include "VbsInt.h"
 #include "VbsSup.h"
@@ -40,9 +41,10 @@ void VbsSup::PgmLer(const Tx& fic, int16_t strip, Tx& tx, int16_t& ok) {
   tx.clear();
   int num = FicNumLiv(), res = 0;
   if (num > 0) FicAbrNum(num, fic, u"I", res);
+  else res = -kErrFicMui;
   if (res != 1) {
     ok = 0;
-    TrcMsg(u"PgmLer \"" + fic + u"\"", u"the file can't be opened");
+    TrcMsg(u"PgmLer \"" + fic + u"\"", u"the file can't be opened (" + TxDeUtf8(FicLerPorque(-res)) + u")");
     return;
   }
   while (!FicEof(num)) {
