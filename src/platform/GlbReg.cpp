@@ -2,7 +2,10 @@
 // values looked up, and text values written back to the writable file.
 #include "GlbReg.h"
 #include <dirent.h>
+#include <pwd.h>
+#include <unistd.h>
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <vector>
 #include "FicGlb.h"
@@ -15,7 +18,6 @@ namespace zw {
 namespace {
 
 const char* kDir = "/etc/zunwiz/registry";
-const char* kGra = "/etc/zunwiz/registry/zunwiz.reg";
 Tx gFic;  // the caller's file, when set
 
 struct Val {
@@ -202,18 +204,64 @@ void Carrega(const std::string& f, Reg& r) {
   }
 }
 
-std::vector<std::string> Ficheiros() {
+// The folder named by ZUNWIZ_REGISTRY, or "" when it is not set.
+std::string DirAmb() {
+  const char* e = std::getenv("ZUNWIZ_REGISTRY");
+  return e && *e ? std::string(e) : std::string();
+}
+
+// The folder of the machine-wide files.
+std::string DirMaq() {
+  std::string a = DirAmb();
+  return a.empty() ? std::string(kDir) : a + "/machine";
+}
+
+// The running user's file: ZUNWIZ_REGISTRY/user.reg, else under the user's
+// configuration folder (XDG_CONFIG_HOME, or .config in the home folder of the
+// environment or, without one, of the password database).
+std::string FicUsu() {
+  std::string a = DirAmb();
+  if (!a.empty()) return a + "/user.reg";
+  const char* x = std::getenv("XDG_CONFIG_HOME");
+  if (x && *x == '/') return std::string(x) + "/zunwiz/registry.reg";
+  const char* h = std::getenv("HOME");
+  std::string home = h && *h ? h : "";
+  if (home.empty())
+    if (passwd* pw = getpwuid(getuid())) home = pw->pw_dir;
+  return home + "/.config/zunwiz/registry.reg";
+}
+
+// The files a root is read from, in order, a later one winning: the machine-wide
+// files, and for HKEY_CURRENT_USER the user's over them.
+std::vector<std::string> Ficheiros(int32_t raiz) {
   if (!gFic.empty()) return {FicNat(gFic)};
   std::vector<std::string> v;
-  if (DIR* d = opendir(kDir)) {
+  std::string dir = DirMaq();
+  if (DIR* d = opendir(dir.c_str())) {
     while (dirent* e = readdir(d)) {
       std::string n = e->d_name;
-      if (n.size() > 4 && TxMai(TxDeUtf8(n.substr(n.size() - 4))) == u".REG") v.push_back(std::string(kDir) + "/" + n);
+      if (n.size() > 4 && TxMai(TxDeUtf8(n.substr(n.size() - 4))) == u".REG") v.push_back(dir + "/" + n);
     }
     closedir(d);
   }
   std::sort(v.begin(), v.end());
+  if (raiz == kHkcu) v.push_back(FicUsu());
   return v;
+}
+
+// Why a file could not be written, naming it: "FILE: permission denied".
+Tx Porque(const std::string& f, int err, int32_t raiz) {
+  Tx p = TxDeUtf8(f) + u": ";
+  switch (err) {
+    case 70: p += u"permission denied"; break;
+    case 61: p += u"disk full"; break;
+    case 76: p += u"path not found"; break;
+    case 75: p += u"not a regular file"; break;
+    default: p += u"error " + TxAsc(std::to_string(err));
+  }
+  if (err == 70 && raiz != kHkcu && geteuid() != 0 && gFic.empty())
+    p += u" (machine-wide keys are written by root)";
+  return p;
 }
 
 Tx Escapa(const Tx& t) {
@@ -228,7 +276,7 @@ Tx Escapa(const Tx& t) {
 // The model as a version 5 file, UTF-16LE with its mark, as the registry editor
 // writes it, through the safe writer: the old file stays whole until the new one
 // is complete, and no fixed temporary name or planted link is written through.
-bool Grava(const std::string& f, const Reg& r) {
+int Grava(const std::string& f, const Reg& r, mode_t modo, mode_t modoDir) {
   Tx t = u"Windows Registry Editor Version 5.00\r\n";
   for (const Tx& k : r.ordem) {
     const Chave& c = r.ch.at(k);
@@ -246,14 +294,30 @@ bool Grava(const std::string& f, const Reg& r) {
   // The folder and a new file are never writable by others, whatever the umask;
   // a file that is there keeps its mode and owner.
   size_t k = f.rfind('/');
-  if (k != std::string::npos && k > 0 && DirCriMod(f.substr(0, k), 0755) != 0) return false;
+  if (k != std::string::npos && k > 0)
+    if (int e = DirCriMod(f.substr(0, k), modoDir)) return e;
   FicGra g;
-  if (g.Abre(f, 'O', 0644) != 0) return false;
-  if (g.Grava(b) != 0) {
+  if (int e = g.Abre(f, 'O', modo)) return e;
+  if (int e = g.Grava(b)) {
     g.Desiste();
-    return false;
+    return e;
   }
-  return g.Fecha() == 0;
+  return g.Fecha();
+}
+
+// Reads the file a root is written to, changes it, and writes it back; the
+// user's file is kept private (0600 in a 0700 folder), the machine-wide one
+// readable by all (0644 in 0755). 0, or the file layer's error with porque set.
+template <class F>
+int Altera(int32_t raiz, F muda, Tx* porque) {
+  std::string f = RegFicGra(raiz);
+  Reg r;
+  Carrega(f, r);
+  if (!muda(r)) return -1;
+  bool usu = raiz == kHkcu && gFic.empty();
+  int e = Grava(f, r, usu ? 0600 : 0644, usu ? 0700 : 0755);
+  if (e && porque) *porque = Porque(f, e, raiz);
+  return e;
 }
 
 Tx ChvDe(int32_t raiz, const Tx& path) {
@@ -267,6 +331,10 @@ Tx ChvDe(int32_t raiz, const Tx& path) {
 }  // namespace
 
 void RegFicDef(const Tx& fic) { gFic = fic; }
+std::string RegFicGra(int32_t raiz) {
+  if (!gFic.empty()) return FicNat(gFic);
+  return raiz == kHkcu ? FicUsu() : DirMaq() + "/zunwiz.reg";
+}
 const char* RegDirSis() { return kDir; }
 
 // The files are read at every call, so that what another program or an earlier
@@ -275,7 +343,7 @@ Tx RegVarLer(int32_t raiz, const Tx& path, const Tx& nome) {
   Tx k = ChvDe(raiz, path);
   if (k.empty()) return Tx();
   Reg r;
-  for (const std::string& f : Ficheiros()) Carrega(f, r);
+  for (const std::string& f : Ficheiros(raiz)) Carrega(f, r);
   auto it = r.ch.find(TxMai(k));
   if (it == r.ch.end()) return Tx();
   for (const Val& v : it->second.vals) {
@@ -288,14 +356,37 @@ Tx RegVarLer(int32_t raiz, const Tx& path, const Tx& nome) {
 
 // The key is created below the root with "\" + path, as the stored program asks;
 // the leading "\" is dropped, since a key name never starts with one.
-bool RegVarGra(int32_t raiz, const Tx& path, const Tx& nome, const Tx& tx) {
+bool RegVarGra(int32_t raiz, const Tx& path, const Tx& nome, const Tx& tx, Tx* porque) {
   Tx k = ChvDe(raiz, u"\\" + path);
   if (k.empty()) return false;
-  std::string f = gFic.empty() ? std::string(kGra) : FicNat(gFic);
-  Reg r;
-  Carrega(f, r);
-  Poe(r, k, Val{nome, true, tx});
-  return Grava(f, r);
+  return Altera(raiz, [&](Reg& r) { Poe(r, k, Val{nome, true, tx}); return true; }, porque) == 0;
+}
+
+// Only the file writes go to is changed: a value or key that another machine-wide
+// file gives stays (it is not there to remove) and answers 0.
+int RegVarEli(int32_t raiz, const Tx& path, const Tx& nome, Tx* porque) {
+  Tx k = ChvDe(raiz, path);
+  if (k.empty()) return 0;
+  int e = Altera(raiz, [&](Reg& r) {
+    auto it = r.ch.find(TxMai(k));
+    if (it == r.ch.end()) return false;
+    auto& vs = it->second.vals;
+    size_t n = vs.size();
+    vs.erase(std::remove_if(vs.begin(), vs.end(), [&](const Val& x) { return TxIgual(x.nome, nome); }), vs.end());
+    return vs.size() != n;
+  }, porque);
+  return e == 0 ? 1 : e < 0 ? 0 : -1;
+}
+
+int RegChvEli(int32_t raiz, const Tx& path, Tx* porque) {
+  Tx k = ChvDe(raiz, path);
+  if (k.empty() || k == RaizNome(raiz)) return 0;  // a root is never removed
+  int e = Altera(raiz, [&](Reg& r) {
+    size_t n = r.ch.size();
+    Tira(r, k);
+    return r.ch.size() != n;
+  }, porque);
+  return e == 0 ? 1 : e < 0 ? 0 : -1;
 }
 
 }  // namespace zw

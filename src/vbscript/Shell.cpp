@@ -1,5 +1,7 @@
-// Shell: WScript.Shell: Run, Exec, the environment, the current folder, RegRead and
-// RegWrite over the system's registry stand-in, and Popup through the dialog service.
+// Shell: WScript.Shell: Run, Exec, the environment, the current folder, RegRead,
+// RegWrite and RegDelete over the system's registry stand-in, Popup through the
+// dialog service, the special folders as freedesktop.org folders, and shortcuts
+// written as launchers (Lnk.cpp).
 #include <poll.h>
 #include <unistd.h>
 
@@ -18,6 +20,8 @@
 extern char** environ;
 
 namespace vbs {
+
+Ref<Obj> AtlObj(const Tx& caminho);  // Lnk.cpp
 
 namespace {
 
@@ -296,7 +300,7 @@ class Shell : public Obj {
   Tx TypeName() override { return u"IWshShell3"; }
   int Id(TxV n) override {
     return NameIx(n, {"Run", "Exec", "Environment", "ExpandEnvironmentStrings", "CurrentDirectory",
-                      "RegRead", "RegWrite", "RegDelete", "Popup", "SpecialFolders"});
+                      "RegRead", "RegWrite", "RegDelete", "Popup", "SpecialFolders", "CreateShortcut"});
   }
   void Invoke(int id, Inv k, Args a, Value& r) override {
     bool set = k == Inv::Let || k == Inv::Set;
@@ -356,12 +360,23 @@ class Shell : public Obj {
         Tx s = ToTx(a[0]), path, nome;
         int32_t raiz;
         ChaveReg(s, raiz, path, nome);
-        if (!zw::RegVarGra(raiz, path, nome, ToTx(a[1])))
-          Raise(int32_t(0x80070005), u"Unable to save registry key \"" + s + u"\".");
+        Tx porque;
+        if (!zw::RegVarGra(raiz, path, nome, ToTx(a[1]), &porque))
+          Raise(int32_t(0x80070005), u"Unable to save registry key \"" + s + u"\": " + porque + u".");
         break;
       }
-      case 8:
-        Raise(int32_t(0x80070005), u"Registry keys cannot be deleted here.");
+      case 8: {  // RegDelete(name): a value, or with a final "\" the key and its subkeys
+        if (a.size() != 1) Raise(450);
+        Tx s = ToTx(a[0]), path, nome, porque;
+        int32_t raiz;
+        ChaveReg(s, raiz, path, nome);
+        int res = nome.empty() && !s.empty() && s.back() == u'\\'
+                      ? zw::RegChvEli(raiz, path.empty() ? nome : path, &porque)
+                      : zw::RegVarEli(raiz, path, nome, &porque);
+        if (res < 0) Raise(int32_t(0x80070005), u"Unable to remove registry key \"" + s + u"\": " + porque + u".");
+        if (res == 0) Raise(kErrNaoAchou, u"Unable to remove registry key \"" + s + u"\".");
+        break;
+      }
       case 9: {  // Popup(text[, seconds[, title[, type]]])
         if (a.size() < 1 || a.size() > 4) Raise(450);
         Tx titulo = a.Has(2) ? ToTx(a[2]) : Tx(u"Windows Script Host");
@@ -369,21 +384,28 @@ class Shell : public Obj {
         break;
       }
       case 10: {
-        // The desktop's folders under the home folder, by their Windows names.
-        Tx home = Env(u"HOME");
-        if (home == Tx(1, u'\x01')) home = u"/";
-        if (a.size() == 0) Raise(450);
-        Tx n = TxMaiVb(ToTx(a[0]));
-        if (n == u"DESKTOP" || n == u"ALLUSERSDESKTOP") r = Value(home + u"/Desktop");
-        else if (n == u"MYDOCUMENTS") r = Value(home + u"/Documents");
-        else if (n == u"APPDATA") r = Value(home + u"/.config");
-        else if (n == u"TEMPLATES") r = Value(home + u"/Templates");
-        else if (n == u"STARTMENU" || n == u"PROGRAMS" || n == u"ALLUSERSPROGRAMS" || n == u"ALLUSERSSTARTMENU")
-          r = Value(home + u"/.local/share/applications");
-        else if (n == u"STARTUP" || n == u"ALLUSERSSTARTUP") r = Value(home + u"/.config/autostart");
-        else r = Value(TxV());
+        // The freedesktop.org folders by their Windows names (GlbReg.h); without a
+        // name, the list of them all, each by its name.
+        if (a.size() > 1) Raise(450);
+        if (a.size() == 1 && !a[0].IsNum()) {
+          r = Value(zw::DirEspCon(ToTx(a[0])));
+          break;
+        }
+        Ref<Colecao> c(new Colecao(u"IWshCollection"));
+        for (const char* const* n = zw::DirEspNom(); *n; n++) {
+          Tx d = zw::DirEspCon(zw::TxAsc(*n));
+          if (d.empty()) continue;
+          c->v.push_back(Value(d));
+          c->nomes.push_back(zw::TxAsc(*n));
+        }
+        r = Value(c);
+        if (a.size() == 1) ArgsAoValor(r, a);
         break;
       }
+      case 11:  // CreateShortcut(path): nothing is written before Save
+        if (a.size() != 1) Raise(450);
+        r = Value(AtlObj(ToTx(a[0])));
+        break;
       default: Raise(438);
     }
   }

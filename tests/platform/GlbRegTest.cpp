@@ -158,3 +158,87 @@ TEST(Sis, FoldersAndDrives) {
   FicDrvMap(u'E', u"");
   FicDrvMap(u'N', u"");
 }
+
+namespace {
+// The registry pointed at a test folder with ZUNWIZ_REGISTRY: DIR/machine for the
+// machine-wide files, DIR/user.reg for the user's.
+class RegDir : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    char t[] = "/tmp/zwregdXXXXXX";
+    dir_ = mkdtemp(t);
+    setenv("ZUNWIZ_REGISTRY", dir_.c_str(), 1);
+  }
+  void TearDown() override {
+    unsetenv("ZUNWIZ_REGISTRY");
+    (void)!std::system(("rm -rf '" + dir_ + "'").c_str());
+  }
+  std::string dir_;
+};
+const Tx kNul2(1, u'\0');
+}  // namespace
+
+// HKEY_CURRENT_USER goes to the user's file and reads over what the machine-wide
+// files say of it; every other root goes to the machine-wide file and never sees
+// the user's.
+TEST_F(RegDir, UserAndMachineKeysLiveApart) {
+  EXPECT_EQ(RegFicGra(kHkcu), dir_ + "/user.reg");
+  EXPECT_EQ(RegFicGra(kHklm), dir_ + "/machine/zunwiz.reg");
+  ASSERT_EQ(mkdir((dir_ + "/machine").c_str(), 0755), 0);
+  std::ofstream(dir_ + "/machine/00-base.reg") << "REGEDIT4\n[HKEY_CURRENT_USER\\Software\\Zun]\n\"Tema\"=\"claro\"\n"
+                                                  "\"Lingua\"=\"pt\"\n[HKEY_LOCAL_MACHINE\\Software\\Zun]\n\"Dir\"=\"/opt/zun\"\n";
+  EXPECT_TRUE(RegVarGra(kHkcu, u"Software\\Zun", u"Tema", u"escuro"));
+  EXPECT_TRUE(RegVarGra(kHklm, u"Software\\Zun", u"Versao", u"2"));
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zun", u"Tema"), u"escuro" + kNul2);  // the user's wins
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zun", u"Lingua"), u"pt" + kNul2);    // the machine's default
+  EXPECT_EQ(RegVarLer(kHklm, u"Software\\Zun", u"Versao"), u"2" + kNul2);
+  EXPECT_EQ(RegVarLer(kHklm, u"Software\\Zun", u"Dir"), u"/opt/zun" + kNul2);
+  EXPECT_EQ(RegVarLer(kHklm, u"Software\\Zun", u"Tema"), u"");
+  // a key of another root written by hand into the user's file is not the machine's
+  std::ofstream(dir_ + "/user.reg", std::ios::app) << "";
+  EXPECT_TRUE(RegVarGra(kHkcu, u"Software\\Zun", u"X", u"1"));
+  struct stat st;
+  ASSERT_EQ(stat((dir_ + "/user.reg").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0600u);  // one user's settings are private
+  ASSERT_EQ(stat((dir_ + "/machine/zunwiz.reg").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 0777, 0644u);
+
+  // Without ZUNWIZ_REGISTRY the user's file is under XDG_CONFIG_HOME.
+  unsetenv("ZUNWIZ_REGISTRY");
+  setenv("XDG_CONFIG_HOME", (dir_ + "/cfg").c_str(), 1);
+  EXPECT_EQ(RegFicGra(kHkcu), dir_ + "/cfg/zunwiz/registry.reg");
+  EXPECT_EQ(RegFicGra(kHklm), "/etc/zunwiz/registry/zunwiz.reg");
+  unsetenv("XDG_CONFIG_HOME");
+}
+
+TEST_F(RegDir, DeletesValuesAndKeys) {
+  ASSERT_TRUE(RegVarGra(kHkcu, u"Software\\Zun", u"A", u"1"));
+  ASSERT_TRUE(RegVarGra(kHkcu, u"Software\\Zun", u"B", u"2"));
+  ASSERT_TRUE(RegVarGra(kHkcu, u"Software\\Zun\\Sub", u"C", u"3"));
+  ASSERT_TRUE(RegVarGra(kHkcu, u"Software\\Zunx", u"D", u"4"));
+  EXPECT_EQ(RegVarEli(kHkcu, u"software\\zun", u"a"), 1);
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zun", u"A"), u"");
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zun", u"B"), u"2" + kNul2);
+  EXPECT_EQ(RegVarEli(kHkcu, u"Software\\Zun", u"A"), 0);  // gone already
+  EXPECT_EQ(RegVarEli(kHkcu, u"Software\\Nada", u"A"), 0);
+  EXPECT_EQ(RegChvEli(kHkcu, u"Software\\Zun"), 1);  // with its subkeys
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zun", u"B"), u"");
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zun\\Sub", u"C"), u"");
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zunx", u"D"), u"4" + kNul2);  // a key that only starts alike stays
+  EXPECT_EQ(RegChvEli(kHkcu, u"Software\\Zun"), 0);
+  EXPECT_EQ(RegChvEli(kHkcu, u""), 0);  // a root is never removed
+  EXPECT_EQ(RegVarLer(kHkcu, u"Software\\Zunx", u"D"), u"4" + kNul2);
+  // a value another machine-wide file gives is not the writable file's to remove
+  std::ofstream(dir_ + "/machine/00-base.reg") << "REGEDIT4\n[HKEY_LOCAL_MACHINE\\K]\n\"V\"=\"x\"\n";
+  EXPECT_EQ(RegVarEli(kHklm, u"K", u"V"), 0);
+}
+
+// A write that cannot be made says which file and why.
+TEST_F(RegDir, AFailedWriteNamesTheFileAndTheReason) {
+  std::ofstream(dir_ + "/machine") << "a file where the folder should be";
+  Tx porque;
+  EXPECT_FALSE(RegVarGra(kHklm, u"K", u"V", u"x", &porque));
+  EXPECT_NE(porque.find(TxDeUtf8(dir_ + "/machine/zunwiz.reg: ")), Tx::npos) << TxUtf8(porque);
+  porque.clear();
+  EXPECT_EQ(RegChvEli(kHklm, u"K", &porque), 0);  // nothing to remove, nothing to tell
+}
