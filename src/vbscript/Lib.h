@@ -20,6 +20,7 @@ void RegExpReg();
 void DictReg();
 void FsoReg();
 void ShellReg();
+void AdoReg();
 
 // True when argument k was given and is Null.
 inline bool ArgNulo(Args a, int k) { return a.Has(k) && a[k].IsNull(); }

@@ -18,6 +18,7 @@ void LibReg() {
   DictReg();
   FsoReg();
   ShellReg();
+  AdoReg();
 }
 
 }  // namespace vbs
