@@ -6,6 +6,8 @@ set -euo pipefail
 pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
       qt6-base-dev libcups2-dev xvfb xauth
       cups cups-client cups-filters
+      # desktop-file-validate checks the launchers that shortcuts become
+      desktop-file-utils
       # fonts drawn in place of the Windows fonts option files name (docs/controls.md)
       fonts-liberation2 fonts-crosextra-carlito fonts-crosextra-caladea fonts-dejavu-core
       fonts-urw-base35 fonts-wine)
