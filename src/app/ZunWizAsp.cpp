@@ -35,9 +35,14 @@ QPixmap ImgLer(const Tx& fic, const char16_t* oque) {
   std::string b;
   QPixmap px;
   int e = FicLer(fic, b);
-  if (e == 0) px.loadFromData(reinterpret_cast<const uchar*>(b.data()), uint(b.size()));
-  else if (e != kErrFicNao && e != kErrDirNao)
+  if (e == 0) {
+    // The name's extension is the format's first guess, as when Qt opens a path.
+    size_t p = fic.find_last_of(u".\\/");
+    QByteArray ext = p != Tx::npos && fic[p] == u'.' ? QsTx(fic.substr(p + 1)).toLower().toLatin1() : QByteArray();
+    px.loadFromData(reinterpret_cast<const uchar*>(b.data()), uint(b.size()), ext.isEmpty() ? nullptr : ext.constData());
+  } else if (e != kErrFicNao && e != kErrDirNao) {
     LimTrc(u"refused " + Tx(oque) + u" " + fic + u" (" + TxDeUtf8(FicLerPorque(e)) + u")");
+  }
   return px;
 }
 }  // namespace
