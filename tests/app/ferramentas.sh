@@ -1,11 +1,11 @@
 #!/bin/bash
-# The tools' own exits: --help and --version on zunwiz, zunwiz-run, zunwiz-opc and
-# vbs; zunwiz-run's statuses for a trace or shots that cannot be written and for a
+# The tools' own exits: --help and --version on zunwiz, zunwiz-run, zunwiz-opc,
+# vbs and zunwiz-check; zunwiz-run's statuses for a trace or shots that cannot be written and for a
 # command line it does not take; at a terminal, its "help" and "?" and the prompts
 # that name a box's buttons and an input box's default.
-#   ferramentas.sh ZUNWIZ-RUN ZUNWIZ ZUNWIZ-OPC VBS CASES-DIR
+#   ferramentas.sh ZUNWIZ-RUN ZUNWIZ ZUNWIZ-OPC VBS CASES-DIR ZUNWIZ-CHECK
 set -u
-run=$1 zunwiz=$2 opc=$3 vbs=$4 casos=$5
+run=$1 zunwiz=$2 opc=$3 vbs=$4 casos=$5 chk=$6
 falhas=0
 tmp=$(mktemp -d)
 trap 'rm -rf "$tmp"' EXIT
@@ -26,7 +26,7 @@ contem() {
   fi
 }
 
-for t in "$run" "$zunwiz" "$opc" "$vbs"; do
+for t in "$run" "$zunwiz" "$opc" "$vbs" "$chk"; do
   n=$(basename "$t")
   out=$("$t" --help </dev/null 2>&1); espera "$n --help" 0 $?
   contem "$n --help" "$out" '^usage: '
@@ -36,6 +36,7 @@ done
 out=$("$run" --help); contem "zunwiz-run --help" "$out" 'BOX R, INPUT text'
 contem "zunwiz-run --help" "$out" '5 the wizard could not be built'
 contem "zunwiz --help" "$("$zunwiz" --help)" '8 the install failed'
+contem "zunwiz-check --help" "$("$chk" --help)" 'Checking runs nothing'
 
 # A trace that cannot be written, a shots folder that is a file, a bad time limit.
 par="$casos/caixa.par"

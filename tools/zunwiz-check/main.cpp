@@ -13,7 +13,31 @@
 
 using namespace zw;
 
+namespace {
+// What --help prints: the command line, what is checked and the exit statuses.
+int Ajuda() {
+  std::fputs(
+      "usage: zunwiz-check [--json] FILE [KEY=value ...]\n"
+      "Reads the wizard of an option file as the engine does and reports, one line each,\n"
+      "what a run would do wrong or differently from what its author meant:\n"
+      "FILE:LINE: error|warning: message (--json: the same as a JSON list).\n"
+      "Checking runs nothing: the program's objects, boxes and \"Wiz\" operations that\n"
+      "would change the machine are inert and reported, and every script call stops\n"
+      "after 2 s. KEY=value words override the file's options, as for zunwiz.\n"
+      "\n"
+      "Exit status: 0 no error found (warnings alone); 1 errors found; 2 the file\n"
+      "cannot be read; 64 wrong arguments.\n",
+      stdout);
+  return 0;
+}
+}  // namespace
+
 int main(int argc, char** argv) {
+  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+    std::printf("zunwiz-check %s\n", ZW_VERSAO);
+    return 0;
+  }
+  if (argc == 2 && std::strcmp(argv[1], "--help") == 0) return Ajuda();
   bool json = false;
   std::vector<Tx> pal;
   Tx fic;
