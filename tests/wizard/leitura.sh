@@ -64,6 +64,15 @@ vbs)
     [ $st -eq 2 ] || falha "vbs $f: status $st, expected 2"
     tem err "vbs: cannot read $f (not a regular file)"
   done
+  # Standard input that never ends is read up to a limit, then 14.
+  printf 'a = WScript.StdIn.ReadAll\n' >"$d/tudo.vbs"
+  printf 'a = WScript.StdIn.ReadLine\n' >"$d/linha.vbs"
+  for f in tudo linha; do
+    timeout 20 "$prog" "$d/$f.vbs" </dev/zero >"$d/out" 2>"$d/err"
+    st=$?
+    [ $st -eq 1 ] || falha "StdIn of /dev/zero ($f): status $st, expected 1"
+    tem err "runtime error 14: Out of string space"
+  done
   printf 'WScript.Echo "ok"\n' >"$d/ok.vbs"
   corre "$prog" "$d/ok.vbs"
   [ $st -eq 0 ] || falha "vbs of a script: status $st"

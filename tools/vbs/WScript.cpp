@@ -7,10 +7,37 @@
 #include <string>
 #include <thread>
 #include "Builtins.h"
+#include "FicGlb.h"
 
 namespace vbs {
 
 namespace {
+
+// The most StdIn gives in one read, in bytes: a line or a whole input longer than
+// this (standard input from /dev/zero) raises 14 rather than filling memory.
+constexpr size_t kStdInMax = size_t(zw::kFicLerMax);
+
+// Standard input up to the end of a line (linha) or of the input, at most kStdInMax
+// bytes; false when the input had ended before anything was read.
+bool StdInLer(std::string& s, bool linha) {
+  s.clear();
+  std::streambuf* sb = std::cin.rdbuf();
+  int c = sb->sgetc();
+  if (c == std::char_traits<char>::eof()) {
+    std::cin.setstate(std::ios::eofbit);
+    return false;
+  }
+  for (;;) {
+    c = sb->sbumpc();
+    if (c == std::char_traits<char>::eof()) {
+      std::cin.setstate(std::ios::eofbit);
+      return true;
+    }
+    if (linha && c == '\n') return true;
+    if (s.size() >= kStdInMax) Raise(14);
+    s += char(c);
+  }
+}
 
 void Out(FILE* f, TxV t) {
   std::string s = zw::TxUtf8(t);
@@ -34,13 +61,14 @@ class Stream : public Obj {
       case 4: std::fflush(f_); return;
       case 5: case 9: {
         std::string line;
-        if (!std::getline(std::cin, line)) Raise(62);
+        if (!StdInLer(line, true)) Raise(62);
         if (!line.empty() && line.back() == '\r') line.pop_back();
         if (id == 5) r = Value(zw::TxDeUtf8(line));
         return;
       }
       case 6: {
-        std::string all((std::istreambuf_iterator<char>(std::cin)), std::istreambuf_iterator<char>());
+        std::string all;
+        StdInLer(all, false);
         r = Value(zw::TxDeUtf8(all));
         return;
       }
