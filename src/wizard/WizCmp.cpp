@@ -23,7 +23,7 @@ void PoeB(CtlObj& c, TxV prp, bool b) { c.PrpAtr(prp, Var(b)); }
 }  // namespace
 
 // Stores the current "CMP" group: eleven keys in their order, the text after a
-// bracket substitution, and the component joins the last page.
+// bracket substitution (cut at kCmpTxMax), and the component joins the last page.
 void SupWiz::CmpOpcPrp() {
   mCmpW = tCmp();
   mCmpW.Tip = MemTx(u"Tip");
@@ -38,6 +38,8 @@ void SupWiz::CmpOpcPrp() {
   mCmpW.Adi = MemTx(u"Adi");
   mCmpW.Sit = MemTx(u"Sit");
   mCmpW.Lin = mTda->zonLin;
+  // Cut now, so that the tables never hold a text longer than a control takes.
+  if (mCmpW.Txt.size() > kCmpTxMax) mCmpW.Txt = TxVar(CmpTxLim(Var(mCmpW.Txt), mCmpW));
   int16_t idx = 0;
   CmpAdd(idx);
 }
