@@ -5,6 +5,8 @@ set -euo pipefail
 # the generic PDF model and check it with lpstat.
 pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
       qt6-base-dev libcups2-dev xvfb xauth
+      # Qt's own translations: the boxes' buttons in the user's language
+      qt6-translations-l10n
       cups cups-client cups-filters
       # desktop-file-validate checks the launchers that shortcuts become
       desktop-file-utils

@@ -1,8 +1,10 @@
 // zunwiz: runs the wizard of an option file.
 //   zunwiz [-FP optionfile] [KEY=value ...]
 #include <QApplication>
+#include <QLocale>
 #include <cstdio>
 #include <cstring>
+#include "MsgDlgQt.h"
 #include "TxQt.h"
 #include "ZunWizMain.h"
 
@@ -25,6 +27,8 @@ int main(int argc, char** argv) {
     return 0;
   }
   QApplication app(argc, argv);
+  // The boxes' buttons in the user's language, from Qt's own translations.
+  zw::MsgTraCar(QLocale());
   // The command line as one text, the words joined by blanks: the start-up
   // splits it again at blanks, and quotes have no meaning there.
   zw::Tx lin;

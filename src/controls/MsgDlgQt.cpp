@@ -1,9 +1,13 @@
 // The Qt dialog service: QMessageBox for boxes, QInputDialog for questions.
 #include "MsgDlgQt.h"
 #include <QApplication>
+#include <QDir>
 #include <QInputDialog>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTranslator>
 #include "TxQt.h"
 
 namespace zw {
@@ -92,6 +96,23 @@ int MsgDlgQt::Caixa(int estilo, const Tx& titulo, const Tx& texto) {
   int r = MsgCaixaResp(box);
   delete box;
   return r ? r : MsgRespOmissao(estilo);
+}
+
+QTranslator* MsgTraCar(const QLocale& loc) {
+  const QString dir = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  auto* tr = new QTranslator(QCoreApplication::instance());
+  bool ok = tr->load(loc, QStringLiteral("qtbase"), QStringLiteral("_"), dir);
+  if (!ok && loc.language() != QLocale::C && loc.language() != QLocale::English) {
+    QString lng = loc.name().section(u'_', 0, 0);
+    const QStringList fic =
+        QDir(dir).entryList({QStringLiteral("qtbase_") + lng + QStringLiteral("_*.qm")}, QDir::Files, QDir::Name);
+    for (const QString& f : fic)
+      if ((ok = tr->load(f, dir))) break;
+  }
+  if (ok) ok = QCoreApplication::installTranslator(tr);
+  if (ok) return tr;
+  delete tr;
+  return nullptr;
 }
 
 void MsgDlgQt::Bip() { QApplication::beep(); }

@@ -6,7 +6,9 @@
 #pragma once
 #include "MsgDlg.h"
 
+class QLocale;
 class QMessageBox;
+class QTranslator;
 
 namespace zw {
 
@@ -23,5 +25,14 @@ QMessageBox* MsgCaixaCri(int estilo, const Tx& titulo, const Tx& texto);
 
 // The answer code of a button of a box made by MsgCaixaCri (0 when unknown).
 int MsgCaixaResp(QMessageBox* box);
+
+// Loads Qt's own translations for the locale into the application, so that the
+// standard buttons and the input box read in the user's language as in other Qt
+// programs: "qtbase_" with the locale's name from Qt's translations folder, or,
+// where Qt has no file for that country, another of the same language
+// ("qtbase_pt_BR" for pt_PT). The translator installed, owned by the
+// application; null when there is none, and English stays. The system's own
+// texts are not touched.
+QTranslator* MsgTraCar(const QLocale& loc);
 
 }  // namespace zw

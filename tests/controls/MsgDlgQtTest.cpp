@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QTranslator>
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
@@ -123,4 +124,26 @@ TEST(MsgDlgQt, EntradaGivesTheTextOrCancel) {
   r = u"antes";
   EXPECT_FALSE(responde(QStringLiteral("x"), false, r));
   EXPECT_EQ(r, u"antes");
+}
+
+// Under a Portuguese locale the standard buttons take Qt's own translations, as in
+// other Qt programs; pt_PT, for which Qt has no file of its own, gets Brazil's.
+// Removing the translator gives English back, so the texts are Qt's and not ours.
+TEST(MsgDlgQt, ButtonsReadInTheUserLanguage) {
+  QtApp();
+  for (const char* nome : {"pt_BR", "pt_PT"}) {
+    SCOPED_TRACE(nome);
+    QTranslator* tr = MsgTraCar(QLocale(QString::fromLatin1(nome)));
+    if (!tr) GTEST_SKIP() << "Qt's Portuguese translations (qtbase_pt*.qm) are not installed";
+    std::unique_ptr<QMessageBox> b(MsgCaixaCri(kMsgYesNoCancel, u"T", u"x"));
+    QStringList t;
+    for (QAbstractButton* x : b->buttons()) t << x->text().remove(u'&');
+    t.sort();
+    EXPECT_EQ(t, (QStringList{QStringLiteral("Cancelar"), QStringLiteral("Não"), QStringLiteral("Sim")}));
+    QCoreApplication::removeTranslator(tr);
+    delete tr;
+    std::unique_ptr<QMessageBox> e(MsgCaixaCri(kMsgYesNoCancel, u"T", u"x"));
+    EXPECT_EQ(e->button(QMessageBox::Yes)->text().remove(u'&'), QStringLiteral("Yes"));
+  }
+  EXPECT_EQ(MsgTraCar(QLocale(QLocale::C)), nullptr);
 }
