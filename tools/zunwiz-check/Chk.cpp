@@ -10,6 +10,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <tuple>
 #include <unordered_map>
 #include "ChkEfe.h"
 #include "FicGlb.h"
@@ -36,6 +37,9 @@ constexpr long kTmp = 2000;
 const char16_t* const kPalBot[] = {u"", u"ANT", u"SEG", u"CNF", u"CAN"};
 const char16_t* const kTipCmp[] = {u"LAB", u"CKB", u"RTF", u"OPC", u"OPCTXT"};
 const char16_t* const kPrpAlt[] = {u"POS", u"DIM", u"FON", u"COR", u"ALN", u"SIT", u"TXT", u"CHK"};
+const char16_t* const kPalSit[] = {u"INV", u"VER", u"ACT", u"DES"};
+// The window's buttons, which CmpVarCon and CmpVarAlt reach by these exact names.
+const char16_t* const kBotWiz[] = {u"cmAnt", u"cmSeg", u"cmCnf", u"cmCan"};
 constexpr double kTwp = 15;  // twips per pixel where no screen is asked
 
 Tx Aspa(const Tx& t) { return u"\"" + t + u"\""; }
@@ -67,7 +71,7 @@ struct Zpo {
 
 struct Tra {
   bool tem = false;
-  Val ide, pos, tip, pag, fx;
+  Val ide, pos, sit, tip, pag, fx;
   int32_t lin = 0;
 };
 
@@ -78,9 +82,67 @@ struct Pag {
 };
 
 struct Cmp {
-  Val tip, ide, pos, dim, txt;
+  Val tip, ide, pos, dim, txt, sit;
   int32_t lin = 0;
 };
+
+// A call of CmpVarCon or CmpVarAlt in the program, with the arguments written as
+// texts in the call (empty where an argument is an expression).
+struct CmpCha {
+  Tx op, nom, pal, val;
+  bool nomLit = false, palLit = false, valLit = false;
+  int32_t lin = 0;
+};
+
+// One argument of a call as written, and its text when it is a single literal.
+struct Arg {
+  Tx tx, val;
+  bool lit = false;
+};
+
+// The arguments of a call whose list begins at l[k], with or without the
+// parentheses: up to the closing parenthesis, a comment, a ":" or the line's end.
+std::vector<Arg> Args(const Tx& l, size_t k) {
+  size_t n = l.size();
+  while (k < n && (l[k] == u' ' || l[k] == u'\t')) k++;
+  bool par = k < n && l[k] == u'(';
+  if (par) k++;
+  std::vector<Arg> r;
+  int prof = 0;
+  size_t ini = k, j = k;
+  for (; j < n; j++) {
+    char16_t d = l[j];
+    if (d == u'"') {
+      for (j++; j < n; j++)
+        if (l[j] == u'"' && j + 1 < n && l[j + 1] == u'"') j++;
+        else if (l[j] == u'"') break;
+      continue;
+    }
+    if (d == u'(') prof++;
+    if (d == u')' && prof == 0) break;
+    if (d == u')') prof--;
+    if (prof == 0 && (d == u'\'' || d == u':')) break;
+    if (prof == 0 && d == u',') {
+      r.push_back(Arg{l.substr(ini, j - ini), Tx(), false});
+      ini = j + 1;
+    }
+  }
+  Tx ult = l.substr(ini, std::min(j, n) - ini);
+  if (!r.empty() || !TxTrim(ult).empty()) r.push_back(Arg{ult, Tx(), false});
+  for (Arg& a : r) {
+    Tx t = TxTrim(a.tx);
+    if (t.size() < 2 || t.front() != u'"' || t.back() != u'"') continue;
+    Tx v;
+    bool ok = true;
+    for (size_t i = 1; i + 1 < t.size() && ok; i++) {
+      if (t[i] != u'"') v += t[i];
+      else if (i + 2 < t.size() && t[i + 1] == u'"') v += t[i++];
+      else ok = false;
+    }
+    if (ok) a.lit = true, a.val = v;
+  }
+  return r;
+}
 
 class Chk {
  public:
@@ -103,6 +165,9 @@ class Chk {
   void PgmWiz(const Tx& lin, int32_t num);
   void Ini();
   bool Tmp(int32_t lin, const Tx& quem);
+  void Sit(const Tx& lis, int32_t lin, const Tx& quem);
+  void FimCha();
+  void FimZon();
 
   Tx fic_;
   std::vector<Tx> pal_;
@@ -115,6 +180,8 @@ class Chk {
   std::vector<Zpo> zpo_;
   std::vector<Pag> pag_;
   std::vector<Cmp> cmp_;
+  std::vector<CmpCha> cha_;
+  std::vector<std::tuple<Tx, Tx, int32_t>> zon_;  // each group's identifier, kind and head line
   int32_t pgmLin_ = 0;  // head of the program group in force; 0 for none
   bool pgmOk_ = false;
   std::vector<Achado> ach_;
@@ -231,6 +298,12 @@ void Chk::Zon(const Tx& tip, int16_t n, int g) {
     z.val = vtx;
     z.lin = size_t(i) < o_.memTab.size() ? o_.memTab[size_t(i)].lin : o_.zonLin;
     z.grp = g;
+    // Options are put in only where the reader substitutes: a "[...]" here goes to
+    // the script engine as written.
+    if (size_t a = vtx.find(u'['), b = vtx.find(u']', a == Tx::npos ? 0 : a); a != Tx::npos && b != Tx::npos)
+      Ach(z.lin, false, Aspa(vtx.substr(a, b - a + 1)) + u" in a row of \"" +
+                            Tx(tip == u"V" ? u"VAR" : tip == u"P" ? u"PON" : u"ZON") +
+                            u"\" is not replaced by the option: the value goes to the script engine as written");
     std::vector<Tx> pc;
     Tx r = vtx;
     for (int k = 0; k < 4; k++) {
@@ -321,6 +394,9 @@ void Chk::PgmWiz(const Tx& l, int32_t num) {
     while (i < n && idc(l[i])) i++;
     Tx w = l.substr(a, i - a);
     if (vbs::EqNoCase(w, u"Rem")) return;
+    if (vbs::EqNoCase(w, u"cmpFontName"))
+      Ach(num, false, u"\"cmpFontName\" is of no use: CmpVarCon assigns it the font name unquoted, which the script "
+                      u"engine refuses or takes for a variable that is empty");
     if (!vbs::EqNoCase(w, u"Wiz")) continue;
     size_t k = i;
     esp(k);
@@ -337,34 +413,20 @@ void Chk::PgmWiz(const Tx& l, int32_t num) {
       Ach(num, true, u"\"Wiz\" has no operation " + Aspa(op) + u": the call fails and the script goes on without it");
       continue;
     }
-    if (!vbs::EqNoCase(op, u"CmpVarAlt")) continue;
-    // The second argument, when it is a text written in the call.
-    int prof = 0, arg = 0;
-    size_t ini = k;
-    Tx pal;
-    bool lit = false;
-    for (size_t j = k; j <= n; j++) {
-      char16_t d = j < n ? l[j] : u',';
-      if (d == u'"') {
-        size_t s = j;
-        for (j++; j < n && !(l[j] == u'"' && !(j + 1 < n && l[j + 1] == u'"')); j++)
-          if (l[j] == u'"') j++;
-        if (arg == 1 && TxTrim(l.substr(ini, s - ini)).find_first_not_of(u"(") == Tx::npos) {
-          pal = l.substr(s + 1, j - s - 1);
-          lit = true;
-        }
-        continue;
-      }
-      if (d == u'(') prof++;
-      if (d == u')') prof--;
-      if ((d == u',' && prof <= 1) || j == n || d == u'\'') {
-        if (arg == 1) break;
-        arg++;
-        ini = j + 1;
-        lit = false;
-      }
-    }
-    if (!lit) continue;
+    bool alt = vbs::EqNoCase(op, u"CmpVarAlt");
+    if (!alt && !vbs::EqNoCase(op, u"CmpVarCon")) continue;
+    // Names and words written as texts in the call; the names are judged once the
+    // components are all read.
+    std::vector<Arg> arg = Args(l, k);
+    CmpCha ch;
+    ch.op = alt ? u"CmpVarAlt" : u"CmpVarCon";
+    ch.lin = num;
+    if (arg.size() > 0) ch.nom = arg[0].val, ch.nomLit = arg[0].lit;
+    if (arg.size() > 1) ch.pal = arg[1].val, ch.palLit = arg[1].lit;
+    if (arg.size() > 2) ch.val = arg[2].val, ch.valLit = arg[2].lit;
+    cha_.push_back(ch);
+    if (!alt || !ch.palLit) continue;
+    const Tx& pal = ch.pal;
     if (pal == u"COR")
       Ach(num, false, u"CmpVarAlt with \"COR\" has no effect: it answers 0 and the control keeps its colours");
     else if (pal == u"ALN")
@@ -373,6 +435,24 @@ void Chk::PgmWiz(const Tx& l, int32_t num) {
       Ach(num, false, u"the property word " + Aspa(pal) + u" of CmpVarAlt must be written in capitals: the call does nothing");
     else if (!Em(pal, kPrpAlt))
       Ach(num, false, Aspa(pal) + u" is not a property word of CmpVarAlt (POS, DIM, FON, COR, ALN, SIT, TXT, CHK): the call does nothing");
+    else if (pal == u"SIT" && ch.valLit)
+      Sit(ch.val, num, u"CmpVarAlt");
+  }
+}
+
+// A situation list: words cut at ",", trimmed and in capitals; the words other
+// than the four are skipped.
+void Chk::Sit(const Tx& lis, int32_t lin, const Tx& quem) {
+  Tx r = lis;
+  while (!TxTrim(r).empty()) {
+    Tx a, b;
+    TxDiv1(r, u",", a, b);
+    Tx w = TxMaiTrm(a);
+    if (!w.empty() && !Em(w, kPalSit))
+      Ach(lin, false, u"situation word " + Aspa(TxTrim(a)) + u" of " + quem +
+                          u" is not INV, VER, ACT or DES: it is skipped");
+    if (b == r) break;
+    r = b;
   }
 }
 
@@ -398,6 +478,7 @@ void Chk::Grp(const Tx& ide, const Tx& tip, int16_t n, int g) {
     t.lin = lin;
     t.ide = Row(u"IDE");
     t.pos = Row(u"POS");
+    t.sit = Row(u"SIT");
     t.tip = Row(u"TRATIP");
     t.pag = Row(u"TRAPAG");
     t.fx = Row(u"TRAFX");
@@ -420,6 +501,7 @@ void Chk::Grp(const Tx& ide, const Tx& tip, int16_t n, int g) {
       Ach(t.tip.lin, false, u"unknown transition kind " + Aspa(t.tip.tx) + u": the button does what it does by default");
     if (k == u"FIM" && slot != 4)
       Ach(t.tip.lin, false, u"the kind \"FIM\" means something only on \"CAN\": this button does what it does by default");
+    Sit(t.sit.tx, t.sit.lin, u"the button " + Tx(kPalBot[slot]));
     if (!pag_.empty()) pag_.back().tra[size_t(slot)] = t;
   } else if (ide == u"CMP") {
     Cmp c;
@@ -429,6 +511,8 @@ void Chk::Grp(const Tx& ide, const Tx& tip, int16_t n, int g) {
     c.pos = Row(u"Pos");
     c.dim = Row(u"Dim");
     c.txt = Row(u"Txt");
+    c.sit = Row(u"Sit");
+    Sit(c.sit.tx, c.sit.lin, u"the component " + Aspa(c.ide.tx));
     if (pag_.empty())
       Ach(lin, true, u"\"CMP\" before the first \"PAG\": its control belongs to no page and is never shown");
     cmp_.push_back(c);
@@ -491,6 +575,64 @@ void Chk::Fx(const Val& v, const Tx& quem, int args, bool fun) {
     Ach(v.lin, true, quem + u" takes the next page from the value of " + Aspa(p->Name) + u", which is a Sub: the wizard ends at once");
 }
 
+// The calls of CmpVarCon and CmpVarAlt whose component name is a text: a name no
+// component has, and "CHK" on an option group.
+void Chk::FimCha() {
+  for (const CmpCha& c : cha_) {
+    if (!c.nomLit || Em(c.nom, kBotWiz)) continue;
+    Tx k = TxMaiTrm(c.nom);
+    auto it = std::find_if(cmp_.begin(), cmp_.end(), [&](const Cmp& m) { return TxMaiTrm(m.ide.tx) == k; });
+    if (it == cmp_.end()) {
+      Ach(c.lin, false, c.op + u" names no component " + Aspa(c.nom) +
+                            (c.op == u"CmpVarCon" ? Tx(u": it answers 0 and \"cmpIde\" becomes \"\"")
+                                                  : Tx(u": it answers 0 and changes nothing")));
+      continue;
+    }
+    if (c.op == u"CmpVarAlt" && c.palLit && c.pal == u"CHK" && TxMaiTrm(it->tip.tx) == u"OPC")
+      Ach(c.lin, false, u"CmpVarAlt with \"CHK\" on the option group " + Aspa(c.nom) +
+                            u" changes nothing: an option group has no \"Value\", and the call answers 0");
+  }
+}
+
+// Groups whose "##" is missing. The reader ends a group only at a line that begins
+// with "##" ("ZTX": that trims to "##"), so such a group runs on through the heads
+// of the groups after it, to the next group's "##" or to the end of the file, and
+// those groups are read as its lines.
+void Chk::FimZon() {
+  std::string byt;
+  if (zon_.empty() || FicLer(fic_, byt)) return;
+  std::vector<std::string> lin(1);  // lines from 1
+  for (size_t i = 0; i <= byt.size();) {
+    size_t f = byt.find_first_of("\r\n", i);
+    if (f == std::string::npos) f = byt.size();
+    lin.push_back(byt.substr(i, f - i));
+    if (f >= byt.size()) break;
+    i = f + (byt[f] == '\r' && f + 1 < byt.size() && byt[f + 1] == '\n' ? 2 : 1);
+  }
+  for (const auto& [ide, tip, h] : zon_) {
+    std::vector<int32_t> cab;
+    int32_t fim = 0;
+    for (size_t n = size_t(h) + 1; n < lin.size() && !fim; n++) {
+      const std::string& l = lin[n];
+      size_t a = l.find_first_not_of(" \t"), b = l.find_last_not_of(" \t");
+      std::string t = a == std::string::npos ? std::string() : l.substr(a, b - a + 1);
+      if (tip == u"ZTX" ? t == "##" : l.rfind("##", 0) == 0)
+        fim = int32_t(n);
+      else if (l.rfind("#", 0) == 0)
+        cab.push_back(int32_t(n));
+    }
+    if (cab.empty() && fim) continue;
+    if (cab.empty()) {
+      Ach(h, false, u"group " + Aspa(ide) + u" has no closing \"##\": it runs to the end of the file");
+      continue;
+    }
+    Tx msg = u"group " + Aspa(ide) + u" has no \"##\" before the group head of line " + Num(cab[0]) + u": it runs on to " +
+             (fim ? u"line " + Num(fim) : Tx(u"the end of the file")) + u", and the group" +
+             (cab.size() == 1 ? Tx(u" there is") : Tx(u"s there are")) + u" read as its lines";
+    Ach(h, false, msg);
+  }
+}
+
 // What can be judged once the whole file is read.
 void Chk::Fim() {
   int16_t ok = 0;
@@ -545,6 +687,7 @@ void Chk::Fim() {
         Ach(t.lin, false, u"\"ANT\" on the first page goes back past the first visit: the wizard ends at once, without \"FxFim\"");
     }
   }
+  FimCha();
   // Components: their kinds, their files, their expressions at the last calculation.
   bool opc = false;
   for (const Cmp& c : cmp_) {
@@ -606,10 +749,12 @@ std::vector<Achado> Chk::Exe() {
     int16_t n = 0;
     o_.ZonSeg(ide, tip, n, des);
     if (ide.empty()) break;
+    zon_.emplace_back(ide, tip, o_.zonLin);
     Grp(ide, tip, n, ++g);
     Calc(g);
   }
   o_.ZonFim();
+  FimZon();
   Fim();
   for (const EfeReg::Efe& e : efe_->Lis()) Ach(e.lin, e.erro, e.msg);
   std::stable_sort(ach_.begin(), ach_.end(), [](const Achado& a, const Achado& b) { return a.lin < b.lin; });
