@@ -466,6 +466,26 @@ class Compilador {
     return p_.code.size() - 1;
   }
 
+  // Whether Gera emits no code for a node, found from its shape: generating it to
+  // see would double the work at each level of nested repeats.
+  static bool Nada(const No* n) {
+    switch (n->k) {
+      case No::Vazio: return true;
+      case No::Seq:
+        for (const No* f : n->f)
+          if (!Nada(f)) return false;
+        return true;
+      case No::Alt: return n->f.empty() || (n->f.size() == 1 && Nada(n->f[0]));
+      case No::Rep: {
+        const No* a = n->f[0];
+        if (a->k == No::Ch || a->k == No::Qq || a->k == No::Cl) return false;
+        if (a->k != No::Grp && Nada(a)) return true;
+        return n->mn == 0 && n->mx == 0;
+      }
+      default: return false;
+    }
+  }
+
  private:
   Rx::Prog& p_;
 
@@ -477,10 +497,7 @@ class Compilador {
       return;
     }
     // a repeat of something that emits no code (an empty group's inside) is nothing
-    size_t antes = p_.code.size();
-    Gera(a);
-    if (p_.code.size() == antes && a->k != No::Grp) return;
-    p_.code.resize(antes);
+    if (a->k != No::Grp && Nada(a)) return;
     for (int k = 0; k < n->mn; k++) Gera(a);
     if (n->mx == -1) {
       // L: split body/end; body: note the position; a; if it moved, back to L.

@@ -162,4 +162,15 @@ Execute "x = o" & Replace(String(100000, "("), "(", "(1)")
 WScript.Echo "long index chain:", Err.Number : Err.Clear
 Execute "x = Array(Array(7))" & Replace(String(2, "("), "(", "(0)")
 WScript.Echo "short index chain:", x, Err.Number : Err.Clear
+
+' RegExp patterns of deeply nested repeats compile in time linear in their depth
+Set rx = New RegExp
+rx.Pattern = "a"
+For k = 1 To 60 : rx.Pattern = "(?:" & rx.Pattern & "){1}" : Next
+WScript.Echo "nested repeats:", rx.Test("xa"), Err.Number : Err.Clear
+rx.Pattern = "(?:(?:(?:){3}){2}){9}x"
+WScript.Echo "nested empty repeats:", rx.Test("x"), Err.Number : Err.Clear
+rx.Pattern = "(a){0}b((c){0}){2}"
+Set m = rx.Execute("ab")
+WScript.Echo "repeated zero times:", m(0).Value, "[" & m(0).SubMatches(0) & "]", "[" & m(0).SubMatches(1) & "]", Err.Number : Err.Clear
 WScript.Echo "still running"
