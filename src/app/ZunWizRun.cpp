@@ -569,10 +569,13 @@ void ZunWizRunIni(const RunOpc& opc) {
   static ShfPrgLin prg([](const Tx& l) { gRun->Trc(l); });
   ShfPrgDef(&prg);
   // Every script error the wizard passes over: number, description, the option
-  // file's line (0 when it is no program line) and the statement or call.
+  // file's line (0 when it is no program line) and the statement or call. The
+  // assignment of "cmpFontName" fails by design (the font name goes in unquoted):
+  // its line ends in " kept", so that an author does not chase it.
   VbsTrcSaiDef([](const VbsTrcReg& r) {
+    bool kept = r.call.rfind(u"ExeCmd \"cmpFontName=", 0) == 0;
     gRun->Trc(u"script " + TxAsc(std::to_string(r.num)) + u" " + RunAsp(r.des) + u" line " +
-              TxAsc(std::to_string(r.lin)) + u" " + RunAsp(r.call));
+              TxAsc(std::to_string(r.lin)) + u" " + RunAsp(r.call) + (kept ? u" kept" : u""));
   });
   AspGan& g = AspGanAct();
   g.PagEnt = [](ZunWizAsp& a, int idx, const Tx& ide) { gRun->PagEnt(a, idx, ide); };
