@@ -1,9 +1,10 @@
 # Installation and the Debian package (CPack). `bash scripts/package.sh` builds it.
 # The programs go to /usr/bin, their manual pages to section 1, the desktop entry
 # and the MIME type of option files to /usr/share, the editor syntax definition
-# where KSyntaxHighlighting looks for it, and the examples under the package's doc
-# folder. The registry stand-in's system-wide folder /etc/zunwiz/registry is made
-# by the package's maintainer script.
+# where KSyntaxHighlighting looks for it, the Ansible module where Ansible looks
+# for modules, and the examples under the package's doc folder. The registry
+# stand-in's system-wide folder /etc/zunwiz/registry is made by the package's
+# maintainer script.
 set(CMAKE_INSTALL_DOCDIR share/doc/zunwiz)
 include(GNUInstallDirs)
 
@@ -50,6 +51,8 @@ install(FILES ${zw_pkg}/zunwiz-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mim
 install(FILES ${zw_pkg}/zunwiz-par.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/org.kde.syntax-highlighting/syntax)
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+# The Ansible module, in the folder of modules that Ansible searches by default.
+install(FILES ${zw_pkg}/ansible/zunwiz.py DESTINATION ${CMAKE_INSTALL_DATADIR}/ansible/plugins/modules)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zunwiz)
@@ -63,6 +66,8 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # qt6-translations-l10n: the boxes' buttons in the user's language.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, qt6-translations-l10n")
+# ansible-core: the "zunwiz" module runs wizards on a fleet's hosts.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "ansible-core")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${zw_pkg}/postinst ${zw_pkg}/postrm)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS OFF)

@@ -10,6 +10,8 @@ pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
       cups cups-client cups-filters
       # desktop-file-validate checks the launchers that shortcuts become
       desktop-file-utils
+      # the Ansible module's test runs a playbook against this machine
+      ansible-core
       # fonts drawn in place of the Windows fonts option files name (docs/controls.md)
       fonts-liberation2 fonts-crosextra-carlito fonts-crosextra-caladea fonts-dejavu-core
       fonts-urw-base35 fonts-wine)

@@ -27,6 +27,8 @@ check test -f /usr/share/mime/packages/zunwiz.xml
 check test -f /usr/share/org.kde.syntax-highlighting/syntax/zunwiz-par.xml
 demo=/usr/share/doc/zunwiz/examples/demo
 check test -f $demo/ZunWiz.par
+# The Ansible module where Ansible finds it without being told.
+check test -f /usr/share/ansible/plugins/modules/zunwiz.py
 # The demo wizard, unattended, from the installed programs.
 out=$(mktemp -d)
 if [ -x /usr/bin/zunwiz-run ] && [ -f $demo/ZunWiz.ans ]; then
@@ -42,6 +44,15 @@ fi
 check /usr/bin/zunwiz-check $demo/ZunWiz.par
 echo 'WScript.Echo 6 * 7' > "$out/t.vbs"
 check test "$(/usr/bin/zunwiz-vbs "$out/t.vbs")" = 42
+# The Ansible example from the package's doc folder, with the installed module
+# found where Ansible looks by default.
+if command -v ansible-playbook >/dev/null; then
+  : > "$out/ansible.cfg"
+  check env HOME="$out" ANSIBLE_LOCAL_TEMP="$out/al" ANSIBLE_REMOTE_TEMP="$out/ar" ANSIBLE_CONFIG="$out/ansible.cfg" \
+    ANSIBLE_PYTHON_INTERPRETER=/usr/bin/python3 ansible-playbook -i localhost, -c local \
+    /usr/share/doc/zunwiz/examples/ansible/demo.yml -e zunwiz_pasta="$out/demo" >/dev/null
+  check test -f "$out/demo/install.jsonl"
+fi
 rm -rf "$out"
 cleanup
 trap - EXIT
