@@ -1,4 +1,3 @@
-#!/usr/bin/python
 # -*- coding: utf-8 -*-
 # The Ansible module "zunwiz": runs a ZunWiz wizard unattended on a host through
 # zunwiz-run, and tells Ansible what the run changed (from its install record),

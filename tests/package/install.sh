@@ -51,7 +51,7 @@ if command -v ansible-playbook >/dev/null; then
   check env HOME="$out" ANSIBLE_LOCAL_TEMP="$out/al" ANSIBLE_REMOTE_TEMP="$out/ar" ANSIBLE_CONFIG="$out/ansible.cfg" \
     ANSIBLE_PYTHON_INTERPRETER=/usr/bin/python3 ansible-playbook -i localhost, -c local \
     /usr/share/doc/zunwiz/examples/ansible/demo.yml -e zunwiz_pasta="$out/demo" >/dev/null
-  check test -f "$out/demo/install.jsonl"
+  check test -f "$out/demo/ZunWiz.par"
 fi
 rm -rf "$out"
 cleanup
