@@ -56,10 +56,16 @@ options:
     type: int
   record:
     description:
-      - Where the install record is kept (C(zunwiz-run --record)), for C(zunwiz-undo)
-        to take the install back. The record is written there when the run changed
-        something or no record is there yet; a re-run that changed nothing leaves the
-        earlier install's record in place. Left out, the record is read and dropped.
+      - The install record (C(zunwiz-run --record)), for C(zunwiz-undo) to take the
+        install back. The run is appended to it, as zunwiz-run does, so a record holds
+        every run made with that path; C(changed) is read from this run's part. Left
+        out, the record goes to a temporary file that is read and dropped.
+    type: path
+  keep_replaced:
+    description:
+      - A folder where a copy of each file that the run replaces or deletes is kept
+        first, so that undo can put it back (C(zunwiz-run --keep-replaced)). Needs
+        C(record).
     type: path
   shots:
     description:
@@ -162,7 +168,6 @@ check:
 import json
 import os
 import re
-import shutil
 import tempfile
 
 from ansible.module_utils.basic import AnsibleModule
@@ -241,13 +246,15 @@ def res_trc(trc):
     return '', ''
 
 
-def alt_ler(cam):
-    """The change entries of an install record (JSON Lines), or None when there is
-    no record. A run that was killed may have left its last line cut short and no
-    "end" line: a line that is no JSON object is passed over."""
+def alt_ler(cam, ini=0):
+    """The change entries of an install record (JSON Lines) from byte ini on, where
+    this run's part begins, or None when there is no record. A run that was killed
+    may have left its last line cut short and no "end" line: a line that is no JSON
+    object is passed over."""
     try:
-        with open(cam, encoding='utf-8', errors='replace') as f:
-            lins = f.read().splitlines()
+        with open(cam, 'rb') as f:
+            f.seek(ini)
+            lins = f.read().decode('utf-8', errors='replace').splitlines()
     except OSError:
         return None
     alt = []
@@ -268,17 +275,12 @@ def rec_sup(module, exe):
     return rc == 0 and '--record' in out
 
 
-def rec_gua(rec_tmp, rec, mud):
-    """Keeps the run's record at the path the task gives, when the run changed
-    something or no record is there yet. A run that changed nothing (the re-run of
-    an install done before) leaves the earlier record in place, so the record of the
-    run that did the work stays for undo. Returns the path."""
-    if os.path.exists(rec_tmp) and (mud or not os.path.lexists(rec)):
-        pasta = os.path.dirname(rec)
-        if pasta and not os.path.isdir(pasta):
-            os.makedirs(pasta)
-        shutil.move(rec_tmp, rec)
-    return rec
+def rec_tam(cam):
+    """The size of a record before the run, where the run's own part will begin."""
+    try:
+        return os.stat(cam).st_size
+    except OSError:
+        return 0
 
 
 def exe_cam(module, nome):
@@ -309,10 +311,12 @@ def main():
             values=dict(type='dict', default={}),
             timeout=dict(type='int'),
             record=dict(type='path'),
+            keep_replaced=dict(type='path'),
             shots=dict(type='path'),
             executable=dict(type='str', default='zunwiz-run'),
             checker=dict(type='str', default='zunwiz-check'),
         ),
+        required_by=dict(keep_replaced='record'),
         supports_check_mode=True,
     )
     p = module.params
@@ -328,10 +332,13 @@ def main():
     exe = exe_cam(module, p['executable'])
     tmp = tempfile.mkdtemp(prefix='zunwiz-', dir=module.tmpdir)
     trc_cam = os.path.join(tmp, 'trace')
-    rec_tmp = os.path.join(tmp, 'record')
+    rec = os.path.abspath(p['record']) if p['record'] else os.path.join(tmp, 'record')
+    rec_ini = rec_tam(rec)
     cmd = [exe, '--answers', rsp_prp(module, p['answers'], tmp), '--trace', trc_cam]
     if rec_sup(module, exe):
-        cmd += ['--record', rec_tmp]
+        cmd += ['--record', rec]
+        if p['keep_replaced']:
+            cmd += ['--keep-replaced', os.path.abspath(p['keep_replaced'])]
     if p['timeout'] is not None:
         cmd += ['--timeout', str(p['timeout'])]
     if p['shots']:
@@ -342,7 +349,7 @@ def main():
 
     trc = trc_ler(trc_cam)
     pal_res, msg_res = res_trc(trc)
-    alt = alt_ler(rec_tmp)
+    alt = alt_ler(rec, rec_ini)
     # No record: the run could not say what it changed. Unless it never got as far
     # as its wizard (the command line or the file), assume it changed something.
     changed = bool(alt) if alt is not None else rc not in (1, 2)
@@ -350,7 +357,7 @@ def main():
                verdict=pal_res, message=msg_res, trace=trc, changes=alt or [],
                stderr=err)
     if p['record']:
-        res['record'] = rec_gua(rec_tmp, os.path.abspath(p['record']), bool(alt))
+        res['record'] = rec
     if rc not in STATUS_OK:
         porque = msg_res or (err.strip().splitlines() or [''])[-1]
         res['msg'] = 'zunwiz-run ended with status %d (%s)%s' % (

@@ -61,18 +61,15 @@ class Registo(Caso):
     def test_no_record_is_none_not_empty(self):
         self.assertIsNone(zunwiz.alt_ler(os.path.join(self.dir, 'falta')))
 
-    def test_a_rerun_that_changed_nothing_keeps_the_earlier_record(self):
-        rec = self.fic('install.jsonl', 'antes')
-        nov = self.fic('novo', 'depois')
-        zunwiz.rec_gua(nov, rec, False)
-        self.assertEqual(ler(rec), 'antes')
-        zunwiz.rec_gua(nov, rec, True)
-        self.assertEqual(ler(rec), 'depois')
-        # The first run's record is written even when it changed nothing, in a new folder.
-        nov = self.fic('novo', 'vazio')
-        rec = os.path.join(self.dir, 'var', 'lib', 'r.jsonl')
-        zunwiz.rec_gua(nov, rec, False)
-        self.assertEqual(ler(rec), 'vazio')
+    def test_only_this_runs_part_of_a_record_counts(self):
+        # The record holds an earlier run that created a file, cut short at its end;
+        # this run, appended after it, changed nothing.
+        ant = '{"op":"begin"}\n{"op":"file-created","path":"/a"}\n{"op":"file-rep'
+        cam = self.fic('r', ant + '{"op":"begin"}\n{"op":"end","status":0}\n')
+        self.assertEqual(zunwiz.alt_ler(cam, len(ant.encode())), [])
+        self.assertEqual(len(zunwiz.alt_ler(cam)), 1)
+        self.assertEqual(zunwiz.rec_tam(cam), os.path.getsize(cam))
+        self.assertEqual(zunwiz.rec_tam(cam + '.falta'), 0)
 
 
 class Traco(unittest.TestCase):
