@@ -8,6 +8,8 @@
 namespace zw {
 
 Tx DirExe;
+Var RegRaiz;
+Tx WizFpa, LtrCd, DrvCd, DirPgm;
 Tx LinCmd;
 std::unique_ptr<SupWiz> gSup;
 ZunWizFun* gFun = nullptr;

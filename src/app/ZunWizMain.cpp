@@ -10,7 +10,6 @@
 #include "MsgDlgQt.h"
 #include "Pgm.h"
 #include "ShfPrgQt.h"
-#include "TdaOpc.h"
 #include "TxtGlb.h"
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
@@ -39,7 +38,6 @@ void FrmFimQt(int) {
 void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
   DirExe = dirExe;
   LinCmd = linCmd;
-  TdaOpc::LcLin = linCmd;  // the option reader's "KEY=value" words override the file's options
   MsgDlgDef(&gDlgQt);
   ShfPrgDef(&gPrgQt);
   FrmFimDef(FrmFimQt);
@@ -129,17 +127,11 @@ void WizFpaPrp() {
     std::fflush(nullptr);
     std::_Exit(kSaiFpa);
   }
-  // The folder ends at the last "\", or at the last "/" of a path as this system
-  // writes it, so that "[DIRPGM]\leiame.rtf" finds the file beside the options.
-  Tx dir, nom, ltr, drv;
-  FicDirNom(fpa, dir, nom);
-  const size_t s = fpa.find_last_of(u"\\/");
-  if (s != Tx::npos) dir = fpa.substr(0, s);
-  WizLtrCon(dir, ltr, drv);
-  WizFpa = fpa;
-  LtrCd = ltr;
-  DrvCd = drv;
-  DirPgm = dir;
+  const tWizDir d = WizDirDe(fpa, LinCmd);
+  WizFpa = d.Fpa;
+  LtrCd = d.LtrCd;
+  DrvCd = d.DrvCd;
+  DirPgm = d.DirPgm;
 }
 
 // The option file: the word after "-FP" on the command line, taken as it stands,
@@ -151,21 +143,6 @@ void WizFpaCon(Tx& fpa, int16_t& exi) {
   fpa = v.EhTx() ? v.Txt() : Tx();
   if (fpa.empty()) fpa = FicJun(DirExe, u"ZunWiz.par");
   exi = int16_t(FicExi(fpa));
-}
-
-// The drive letter of a folder ("x") and its drive ("x:"); for a folder on a
-// share, both are the share's root ("\\server\share").
-void WizLtrCon(const Tx& dir, Tx& ltr, Tx& drv) {
-  std::vector<Tx> par;
-  FicPar(dir, par);
-  ltr = par[1];
-  if (ltr.size() > 1) {
-    std::vector<Tx> pecas;
-    int n = 0;
-    FicDirLis(dir, pecas, n);
-    if (n > 2) ltr = pecas[1] + u"\\" + pecas[2];
-  }
-  drv = ltr.starts_with(u"\\\\") ? ltr : ltr + u":";
 }
 
 // One attempt: a new wizard window, the engine bound to it, the option file
@@ -183,7 +160,11 @@ void WizExeTnt(Var& slot, int16_t& st) {
     slot = Var(std::shared_ptr<VarObj>(asp));
     asp->FormLoad();
     Tx fpa = WizFpa;
-    if (!gSup) gSup = std::make_unique<SupWiz>();
+    if (!gSup) {
+      gSup = std::make_unique<SupWiz>();
+      // The command line's "KEY=value" words override the file's options.
+      gSup->RegDir(tWizDir{WizFpa, LtrCd, DrvCd, DirPgm, LinCmd});
+    }
     SupWiz* sup = gSup.get();
     sup->RegFrm(slot);
     sup->WizIni(fpa);

@@ -4,6 +4,7 @@
 #pragma once
 #include <functional>
 #include "Var.h"
+#include "WizDef.h"  // WizLtrCon, the folder words of a path
 
 namespace zw {
 
@@ -47,7 +48,6 @@ void WizRegRaiz();
 void FunMostra();
 void WizFpaPrp();
 void WizFpaCon(Tx& fpa, int16_t& exi);
-void WizLtrCon(const Tx& dir, Tx& ltr, Tx& drv);
 void WizExeTnt(Var& slot, int16_t& st);
 void CmpInsVer(int16_t& resp);
 void CmpInsExe(int16_t& st);

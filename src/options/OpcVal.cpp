@@ -164,7 +164,7 @@ void TdaOpc::OpcDbg(const Tx& chv, Var& val, int16_t mod) {
 }
 
 void TdaOpc::LcIni(const Tx& fic) {
-  LcPrpArg(LcLin);
+  LcPrpArg(lcLin_);
   LcPrpFpa(fic);
   LcRegVar();
 }

@@ -68,8 +68,10 @@ class TdaOpc {
   // the default file; the folder of the running executable unless set. (The
   // option file's folder is the wizard's DirPgm, another thing.)
   static Tx DirApp;
-  // The program's command line (whole text) that LcIni takes; set by main().
+  // The command line (whole text) whose "KEY=value" words a reader lays over the
+  // "DEF" options: each reader's own (LcLinDef), LcLin until it is given one.
   static Tx LcLin;
+  void LcLinDef(const Tx& lin) { lcLin_ = lin; }
 
   Tx ficTbo, ficTip, LcFpa;
   int16_t LcArgC = 0;
@@ -234,6 +236,7 @@ class TdaOpc {
   std::vector<Tx> lcArg;           // 0 the whole line, 1..LcArgC the words
   std::vector<Tx> matLin;
   bool lcPrp_ = false;             // the word list exists (LcPrpArg ran)
+  Tx lcLin_ = LcLin;               // the command line LcIni takes
   bool opcGerOk_ = false;          // opcGer is whole (OpcIni "A" or OpcPrp), not reduced
   Cod regCod_ = Cod::W1252;        // encoding of the file held for editing
   std::vector<std::string> regByt_;  // the bytes each line of it had when read

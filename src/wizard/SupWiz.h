@@ -20,6 +20,7 @@
 #include <unordered_map>
 #include <vector>
 #include "Var.h"
+#include "WizDef.h"
 #include "WizEng.h"
 #include "WizFrm.h"
 
@@ -27,57 +28,8 @@ namespace zw {
 
 class VbsSup;
 class SupWizVbs;
-class TdaOpc;
 
-// The longest text a label, a check box or a rich-text box is given, in characters:
-// laying text out takes about a second a megabyte, so a longer one is cut here.
-constexpr size_t kCmpTxMax = 65536;
-
-// One line of a "VAR", "PON" or "ZON" group.
-struct tZpo {
-  Tx Ide;   // the word in brackets, as typed
-  Tx Des;   // the label in front of the brackets
-  Tx Tip;   // "V", "P" or "Z"
-  Tx Val;   // the value behind "=": one or more expressions separated by ","
-  Tx Tx5;   // always ""
-};
-
-// One "TRA" group: what one of the four buttons does on a page.
-struct tTra {
-  Tx Ide;     // "ANT", "SEG", "CNF" or "CAN"
-  Tx Des;     // caption of the button
-  Tx Pos;     // "x, y" in pixels
-  Tx Sit;     // situation list
-  Tx TraTip;  // "PAG", "FX", "FIM" or anything else
-  Tx TraPag;  // identifier of the target page
-  Tx TraFx;   // script function
-  int32_t PosX = 0, PosY = 0;  // twips
-};
-
-// One "PAG" group.
-struct tPag {
-  Tx Ide, Des, Img;
-  tTra Tra[5];  // 1 "ANT", 2 "SEG", 3 "CNF", 4 "CAN"; 0 unused
-  Tx FxPagEnt, FxPagSai;
-  int16_t CmpIni = 0, CmpFim = 0, CmpNum = 0;
-  int32_t Lin = 0;  // the option file line of the group's head
-};
-
-// One "CMP" group, with the fields derived from its texts.
-struct tCmp {
-  Tx Ide, Tx2, Tip, Pos, Dim, Fun, Cor, Fon, Aln, Txt, Adi, Sit;
-  int32_t PosX = 0, PosY = 0;
-  int32_t DimX = -1, DimY = -1;
-  int32_t CorFg = -1, CorBg = -1;
-  Tx FonNom;
-  int16_t FonTam = -1;
-  Tx FonEst;
-  int16_t AlnVal = 0;
-  Tx TxtAct;
-  int32_t Lin = 0;  // the option file line of the group's head
-};
-
-class SupWiz : public WizEng {
+class SupWiz : public WizEng, private WizLerFx {
  public:
   using Lst = std::vector<Var>;
 
@@ -90,28 +42,23 @@ class SupWiz : public WizEng {
   void FxFim();
   void RegFrm(const Var& frm);  // the wizard window of this attempt; starts the script host
   void RegSup(const Tx& nome, const Var& ob);  // one more object for scripts
+  void RegDir(const tWizDir& dir) { mDef.Dir = dir; }  // where the option file is, as the start-up found it
   void WizIni(const Tx& fpa);   // reads the option file and builds the wizard
   void WizExe();                // runs the wizard on the window; returns when it has closed
 
   // Zones and points.
-  void ZpoOpcPrp(const Tx& tip, int16_t i);
   void ZpoCalc();
 
   // Pages.
-  void PagOpcPrp();
   void PagPrp(int16_t& pag);
   void PagVer(int16_t& pag);
   void PagEsc(int16_t& pag);
 
   // Transitions: the four buttons of the window.
-  void TraOpcPrp();
   void TraCan();
   void TraCnf();
   void TraSeg();
   void TraAnt();
-
-  // Components.
-  void CmpOpcPrp();
 
   // Script calls: a list of the function's name and its arguments (by reference).
   void VbsExe(Lst& lst, Var& res);
@@ -138,13 +85,14 @@ class SupWiz : public WizEng {
   int32_t LinAct() const { return mLin; }
 
   // Read-only views for the program's tools and tests.
-  int16_t ZpoNum() const { return mZpoNum; }
-  int16_t PagNum() const { return mPagNum; }
-  int16_t CmpNum() const { return mCmpNum; }
+  const tWizDef& Def() const { return mDef; }
+  int16_t ZpoNum() const { return mDef.ZpoNum; }
+  int16_t PagNum() const { return mDef.PagNum; }
+  int16_t CmpNum() const { return mDef.CmpNum; }
   int16_t PagAct() const { return mPagAct; }
-  const tZpo& Zpo(int i) const { return mZpo[size_t(i)]; }
-  const tPag& Pag(int i) const { return mPag[size_t(i)]; }
-  const tCmp& Cmp(int i) const { return mCmp[size_t(i)]; }
+  const tZpo& Zpo(int i) const { return mDef.Zpo[size_t(i)]; }
+  const tPag& Pag(int i) const { return mDef.Pag[size_t(i)]; }
+  const tCmp& Cmp(int i) const { return mDef.Cmp[size_t(i)]; }
   const std::vector<int16_t>& PagLst() const { return mPagLst; }
   // The first component of that name, trimmed and case-blind; 0 when none.
   void CmpIdx(const Tx& ide, int16_t& idx) const;
@@ -152,17 +100,13 @@ class SupWiz : public WizEng {
   SupWizVbs* WizVbs() const { return mWizVbs.get(); }
 
  private:
-  // Reading (SupWiz.cpp).
-  void WizOpcLer(const Tx& fpa);
-  void WizDefLer();
-  Tx MemTx(const Tx& chv);  // a key of the current group as text, "" when absent
-  int32_t MemLin(const Tx& chv);  // the file line of a key of the current group, its head's when absent
-  void WizOpcTx(const Tx& chv, Tx& val);
-  void WizOpcDir(const Tx& chv, Tx& val);
-  void WizOpcTwp(char eixo, const Tx& chv, Var& val);
-  static void WizDirCon(const Tx& pal, Tx& val);
-  static Tx WizDirExp(const Tx& tx);
-  double TwpPix(char eixo) const;
+  // What the reading asks of the engine (WizDef.h): the twips of the window's
+  // screen, a button's place, the program, the calculation after every group.
+  void Lin(int32_t lin) override { mLin = lin; }
+  double TwpPix(char eixo) const override;
+  void TraPos(tTra& t) override;
+  void Pgm(const tWizPgm& p) override;
+  void Calc() override { ZpoCalc(); }
 
   // Script host (WizVbs.cpp).
   VbsSup& VbsCri();  // the host, made on first use
@@ -174,16 +118,11 @@ class SupWiz : public WizEng {
   void VbsVarTx(const Tx& nome, const Var& val);
 
   // Tables.
-  void ZpoAdd(int16_t& idx);
   void ZpoIdx(const Tx& ide, int16_t& idx) const;
-  void PagAdd(int16_t& idx);
   void PagIdx(const Tx& ide, int16_t& idx) const;
-  void CmpAdd(int16_t& idx);
   void CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach);
   void CmpObCon(const Var& nome, CtlObj*& ctl);
   CtlObj* CmpOb(int16_t i);
-  void TxOpcSbr(const Tx& tx, Tx& res);
-  void OpcConSup(const Tx& chv, Tx& val);
   void RtfFicLer(CtlObj& ctl, const Tx& fic);
 
   // Conversions of the file's texts.
@@ -203,33 +142,19 @@ class SupWiz : public WizEng {
   CtlObj* Btn(int slot);
   bool TraPagFx(const tTra& t, const Tx& tip, int16_t ant);
   CtlObj* CmpVarOb(const Var& nome, int16_t& idx);
-  static Var CmpTxLim(const Var& v, const tCmp& c);
 
   Tx mTrcNom = u"SupWiz";
   Tx mTrcSit;
   std::unique_ptr<VbsSup> mVbs;
   std::unique_ptr<SupWizVbs> mWizVbs;
-  TdaOpc* mTda = nullptr;  // the option reader, only while the file is read
   Var mFrm;
-  int16_t mZpoNum = 0;
-  std::vector<tZpo> mZpo;
-  std::unordered_map<Tx, int16_t> mZpoIdx;  // first record of each identifier (WizTab.h)
+  tWizDef mDef;             // what the option file defines; attempts append to it
   std::vector<Tx> mZpoCmd;  // the statements of the last calculation pass
   int16_t mZpoCmdNum = 0;   // records whose statements mZpoCmd holds already
-  tZpo mZpoW;
-  int16_t mPagNum = 0;
-  std::vector<tPag> mPag;
-  std::unordered_map<Tx, int16_t> mPagIdx;
-  tPag mPagW;
-  int16_t mCmpNum = 0;
-  std::vector<tCmp> mCmp;
-  std::unordered_map<Tx, int16_t> mCmpIdx;
-  tCmp mCmpW;
   CtlObj* mOpcAct = nullptr;
   std::vector<int16_t> mPagLst;
   int16_t mPagAct = 0;
-  int32_t mLin = 0;                  // LinAct
-  int32_t mLinDimX = 0, mLinDimY = 0;  // the lines of the keys of the window's size
+  int32_t mLin = 0;  // LinAct
 };
 
 }  // namespace zw

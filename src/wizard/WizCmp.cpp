@@ -6,7 +6,6 @@
 #include <cmath>
 #include <stdexcept>
 #include "SupWiz.h"
-#include "TdaOpc.h"
 #include "TxtGlb.h"
 #include "WizTab.h"
 #include "VbsSup.h"
@@ -22,62 +21,11 @@ void PoeB(CtlObj& c, TxV prp, bool b) { c.PrpAtr(prp, Var(b)); }
 
 }  // namespace
 
-// Stores the current "CMP" group: eleven keys in their order, the text after a
-// bracket substitution (cut at kCmpTxMax), and the component joins the last page.
-void SupWiz::CmpOpcPrp() {
-  mCmpW = tCmp();
-  mCmpW.Tip = MemTx(u"Tip");
-  mCmpW.Ide = MemTx(u"Ide");
-  mCmpW.Pos = MemTx(u"Pos");
-  mCmpW.Dim = MemTx(u"Dim");
-  mCmpW.Fun = MemTx(u"Fun");
-  mCmpW.Cor = MemTx(u"Cor");
-  mCmpW.Fon = MemTx(u"Fon");
-  mCmpW.Aln = MemTx(u"Aln");
-  TxOpcSbr(MemTx(u"Txt"), mCmpW.Txt);
-  mCmpW.Adi = MemTx(u"Adi");
-  mCmpW.Sit = MemTx(u"Sit");
-  mCmpW.Lin = mTda->zonLin;
-  // Cut now, so that the tables never hold a text longer than a control takes.
-  if (mCmpW.Txt.size() > kCmpTxMax) mCmpW.Txt = TxVar(CmpTxLim(Var(mCmpW.Txt), mCmpW));
-  int16_t idx = 0;
-  CmpAdd(idx);
-}
-
-// Appends the work record and widens the last page's range of components.
-void SupWiz::CmpAdd(int16_t& idx) {
-  idx = WizTabAdi(mCmp, mCmpNum, mCmpW, mCmpIdx);
-  tPag& p = mPag[size_t(mPagNum)];
-  if (p.CmpNum == 0) p.CmpFim = p.CmpIni;
-  else p.CmpFim++;
-  p.CmpNum++;
-}
-
-// A text that is only "[word]", or begins with it, becomes the option of that word
-// when it has a value; what stood right of the brackets is then lost.
-void SupWiz::TxOpcSbr(const Tx& tx, Tx& res) {
-  Tx esq, pal, dir;
-  int len = 0;
-  TxBrkCon(tx, esq, pal, dir, len, u"[]");
-  res = tx;
-  if (len == 0 || pal.empty() || !esq.empty()) return;
-  Tx v;
-  OpcConSup(pal, v);
-  if (!v.empty()) res = v;
-}
-
-// An option of the file or the command line, by its key.
-void SupWiz::OpcConSup(const Tx& chv, Tx& val) {
-  Var v{Tx()};
-  if (mTda) mTda->OpcCon(chv, v);
-  val = TxVar(v);
-}
-
 // Calculates every component's place, size, colours, font and alignment, and
 // creates its control.
 void SupWiz::PagCmpPrp() {
-  for (int i = 1; i <= mCmpNum; i++) {
-    tCmp& c = mCmp[size_t(i)];
+  for (int i = 1; i <= mDef.CmpNum; i++) {
+    tCmp& c = mDef.Cmp[size_t(i)];
     mLin = c.Lin;
     Tx px, py, dx, dy;
     int ach = 0;
@@ -145,7 +93,7 @@ static void CmpVerFon(CtlObj& c, const tCmp& r) {
 // properties, in the order the controls expect them (a label's width before its
 // word wrap and auto size, its height after its caption). It stays invisible.
 void SupWiz::CmpVer(int16_t i) {
-  const tCmp& r = mCmp[size_t(i)];
+  const tCmp& r = mDef.Cmp[size_t(i)];
   WizFrm* f = Frm();
   if (!f) throw std::runtime_error("the wizard has no window");
   auto cria = [&](CtlArr arr) -> CtlObj& {
@@ -192,7 +140,7 @@ void SupWiz::CmpVer(int16_t i) {
     if (r.DimX > 0) Poe(c, u"Width", r.DimX);
     CmpVerFon(c, r);
     const Tx& t = r.TxtAct;
-    if (t.size() >= 2 && t.front() == u'[' && t.back() == u']') RtfFicLer(c, WizDirExp(t.substr(1, t.size() - 2)));
+    if (t.size() >= 2 && t.front() == u'[' && t.back() == u']') RtfFicLer(c, mDef.DirExp(t.substr(1, t.size() - 2)));
     else Poe(c, u"Text", CmpTxLim(Var(t), r));
     Poe(c, u"Left", r.PosX);
     Poe(c, u"Top", r.PosY);

@@ -13,7 +13,7 @@ namespace zw {
 // The index of the first component of that name, case-blind; 0 (the unused
 // element) when there is none.
 void SupWiz::CmpIdx(const Tx& ide, int16_t& idx) const {
-  idx = WizTabPsq(mCmpIdx, ide);
+  idx = WizTabPsq(mDef.CmpIdx, ide);
 }
 
 // The control of a name: the buttons by their exact names, else the control of the
@@ -39,8 +39,8 @@ void SupWiz::CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach) {
 // act on their own control.
 CtlObj* SupWiz::CmpOb(int16_t i) {
   WizFrm* f = Frm();
-  if (!f || i < 1 || i > mCmpNum) return nullptr;
-  const Tx tip = TxMai(TxTrim(mCmp[size_t(i)].Tip));
+  if (!f || i < 1 || i > mDef.CmpNum) return nullptr;
+  const Tx tip = TxMai(TxTrim(mDef.Cmp[size_t(i)].Tip));
   if (tip == u"LAB") return f->Ctl(CtlArr::Lab, i);
   if (tip == u"CKB") return f->Ctl(CtlArr::Ckb, i);
   if (tip == u"RTF") return f->Ctl(CtlArr::Rtf, i);
@@ -111,17 +111,6 @@ void SupWiz::CmpCor(CtlObj& ctl, const Var& cor, const Var& cor2) {
   if (CtlCorApl(ctl, cor, cor2) == 0) throw std::runtime_error("no colour palette");
 }
 
-// A text for a control, cut at kCmpTxMax characters (never between the two halves
-// of a surrogate pair); a cut is told with the component's name and line.
-Var SupWiz::CmpTxLim(const Var& v, const tCmp& c) {
-  if (!v.EhTx() || v.Txt().size() <= kCmpTxMax) return v;
-  size_t n = kCmpTxMax;
-  if (v.Txt()[n - 1] >= 0xD800 && v.Txt()[n - 1] <= 0xDBFF) n--;
-  LimTrc(u"cut text of component \"" + c.Ide + u"\" (line " + TxAsc(std::to_string(c.Lin)) + u") at " +
-         TxAsc(std::to_string(kCmpTxMax)) + u" characters");
-  return Var(v.Txt().substr(0, n));
-}
-
 // The component index and the control of a name that a script gives.
 CtlObj* SupWiz::CmpVarOb(const Var& nome, int16_t& idx) {
   Tx n = TxVar(nome);
@@ -140,8 +129,8 @@ void SupWiz::CmpVarCon(const Var& nome, Var& res) {
   try {
     int16_t i = 0;
     CtlObj* c = CmpVarOb(nome, i);
-    VbsVarTx(u"cmpIde", Var(mCmp[size_t(i)].Ide));
-    Tx tip = TxMai(TxTrim(mCmp[size_t(i)].Tip));
+    VbsVarTx(u"cmpIde", Var(mDef.Cmp[size_t(i)].Ide));
+    Tx tip = TxMai(TxTrim(mDef.Cmp[size_t(i)].Tip));
     if (!c) throw CtlErr(91, "Object variable not set");
     VbsVarAtr(u"cmpFontName", c->PrpCon(u"FontName"), 0);
     if (tip == u"OPC") {
@@ -193,7 +182,7 @@ void SupWiz::CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res
     } else if (p == u"SIT") {
       CmpSit(c, v);
     } else if (p == u"TXT") {
-      c->PrpAtr(u"Caption", CmpTxLim(val, mCmp[size_t(i)]));
+      c->PrpAtr(u"Caption", CmpTxLim(val, mDef.Cmp[size_t(i)]));
     } else if (p == u"CHK") {
       c->PrpAtr(u"Value", val);
     }

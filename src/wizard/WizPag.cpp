@@ -4,35 +4,17 @@
 #include <stdexcept>
 #include "GlbMsg.h"
 #include "SupWiz.h"
-#include "TdaOpc.h"
 #include "TxtGlb.h"
 #include "WizTab.h"
 #include "WizTnt.h"
 
 namespace zw {
 
-// Appends a page from the current "PAG" group, with five empty transitions; its
-// components are the "CMP" groups that follow it.
-void SupWiz::PagOpcPrp() {
-  mPagW = tPag();
-  mPagW.Ide = MemTx(u"IDE");
-  mPagW.Des = MemTx(u"DES");
-  mPagW.Img = MemTx(u"Img");
-  mPagW.FxPagEnt = MemTx(u"FxPagEnt");
-  mPagW.FxPagSai = MemTx(u"FxPagSai");
-  mPagW.CmpFim = 0;
-  mPagW.CmpNum = 0;
-  mPagW.CmpIni = int16_t(mCmpNum + 1);
-  mPagW.Lin = mTda->zonLin;
-  int16_t idx = 0;
-  PagAdd(idx);
-}
-
 // The page's picture (a page without one keeps the window's) and its four buttons:
 // a slot without a transition hides its button; the others get caption, situation
 // ("VER" when the page gives none, which leaves the enabled state alone) and place.
 void SupWiz::PagPrp(int16_t& pag) {
-  tPag& p = mPag[size_t(pag)];
+  tPag& p = mDef.Pag[size_t(pag)];
   if (!p.Img.empty()) ImgFun(p.Img);
   for (int slot = 1; slot <= 4; slot++) {
     const tTra& t = p.Tra[slot];
@@ -52,43 +34,43 @@ void SupWiz::PagPrp(int16_t& pag) {
 // script set. A page that does not exist ends the process at once and silently.
 // A failure leaves the page as far as it got.
 void SupWiz::PagVer(int16_t& pag) {
-  if (pag < 1 || pag > mPagNum) {
+  if (pag < 1 || pag > mDef.PagNum) {
     if (WizFrm* f = Frm()) f->End();
     throw std::runtime_error("page out of range with no window to end");
   }
   WizTnt([&] {
     PagLstSeg(pag);
-    tPag& p = mPag[size_t(pag)];
+    tPag& p = mDef.Pag[size_t(pag)];
     if (!p.FxPagEnt.empty()) {
       Lst l{Var(p.FxPagEnt)};
       Var r;
       VbsExe(l, r);
     }
     PagPrp(pag);
-    for (int i = mPag[size_t(pag)].CmpIni; i <= mPag[size_t(pag)].CmpFim; i++) {
-      const Tx& sit = mCmp[size_t(i)].Sit;
+    for (int i = mDef.Pag[size_t(pag)].CmpIni; i <= mDef.Pag[size_t(pag)].CmpFim; i++) {
+      const Tx& sit = mDef.Cmp[size_t(i)].Sit;
       CmpSit(CmpOb(int16_t(i)), sit.empty() ? Tx(u"VER") : sit);
     }
   });
-  if (WizFrm* f = Frm()) f->PagEnt(pag, pag >= 1 && pag <= mPagNum ? mPag[size_t(pag)].Ide : Tx());
+  if (WizFrm* f = Frm()) f->PagEnt(pag, pag >= 1 && pag <= mDef.PagNum ? mDef.Pag[size_t(pag)].Ide : Tx());
 }
 
 // Leaves a page: its "FxPagSai" (whose answer cannot refuse), then its components
 // hidden. Only a page past the end is refused, with a box, and the process ends.
 void SupWiz::PagEsc(int16_t& pag) {
-  if (pag > mPagNum) {
+  if (pag > mDef.PagNum) {
     int res = 0;
     MsgExe(u"", u"", u"Página pretendida não existe", res);
     if (WizFrm* f = Frm()) f->End();
     throw std::runtime_error("page out of range with no window to end");
   }
   if (pag < 0) throw std::out_of_range("Subscript out of range");
-  if (!mPag[size_t(pag)].FxPagSai.empty()) {
-    Lst l{mPag[size_t(pag)].FxPagSai};
+  if (!mDef.Pag[size_t(pag)].FxPagSai.empty()) {
+    Lst l{mDef.Pag[size_t(pag)].FxPagSai};
     Var r;
     VbsExe(l, r);
   }
-  const tPag& q = mPag[size_t(pag)];
+  const tPag& q = mDef.Pag[size_t(pag)];
   for (int i = q.CmpIni; i <= q.CmpFim; i++) CmpSit(CmpOb(int16_t(i)), u"INV");
 }
 
@@ -108,11 +90,9 @@ void SupWiz::ImgFun(const Tx& fic) {
   });
 }
 
-void SupWiz::PagAdd(int16_t& idx) { idx = WizTabAdi(mPag, mPagNum, mPagW, mPagIdx); }
-
 // The first page of that identifier, case-blind; -1 when none.
 void SupWiz::PagIdx(const Tx& ide, int16_t& idx) const {
-  idx = WizTabPsq(mPagIdx, ide);
+  idx = WizTabPsq(mDef.PagIdx, ide);
   if (idx == 0) idx = -1;
 }
 

@@ -13,25 +13,14 @@
 #include <stdexcept>
 #include "GlbMsg.h"
 #include "SupWiz.h"
-#include "TdaOpc.h"
 #include "TxtGlb.h"
-#include "WizGlb.h"
 #include "WizTnt.h"
 
 namespace zw {
 
-// Stores the current "TRA" group in its slot of the last page; a later group of
-// the same button replaces it. Without "POS" the button stands at the point
-// "AUT_TraPos" + the button word, calculated now.
-void SupWiz::TraOpcPrp() {
-  tTra t;
-  t.Ide = MemTx(u"IDE");
-  t.Des = MemTx(u"DES");
-  t.Pos = MemTx(u"POS");
-  t.Sit = MemTx(u"SIT");
-  t.TraTip = MemTx(u"TRATIP");
-  t.TraPag = MemTx(u"TRAPAG");
-  t.TraFx = MemTx(u"TRAFX");
+// A transition's place in twips, before it takes its slot. Without "POS" the
+// button stands at the point "AUT_TraPos" + the button word, calculated now.
+void SupWiz::TraPos(tTra& t) {
   if (t.Pos.empty()) {
     // The word as the file writes it: "ant" finds no point.
     Tx pon = t.Ide == u"ANT" ? u"AUT_TraPosAnt" : t.Ide == u"SEG" ? u"AUT_TraPosSeg"
@@ -39,7 +28,7 @@ void SupWiz::TraOpcPrp() {
     Tx val;
     int16_t idx = -1;
     ZpoIdx(pon, idx);
-    if (idx >= 0) val = mZpo[size_t(idx)].Val;
+    if (idx >= 0) val = mDef.Zpo[size_t(idx)].Val;
     Tx esq, dir;
     int ach = 0;
     TxDiv2(val, u",", esq, dir, ach);
@@ -50,9 +39,6 @@ void SupWiz::TraOpcPrp() {
     t.Pos = TxVar(r1) + u", " + TxVar(r2);
   }
   WizPosCnv(t.Pos, t.PosX, t.PosY);
-  Tx k = TxMai(TxTrim(t.Ide));
-  int slot = k == u"ANT" ? 1 : k == u"SEG" ? 2 : k == u"CNF" ? 3 : k == u"CAN" ? 4 : 0;
-  if (slot) mPag[size_t(mPagNum)].Tra[slot] = t;
 }
 
 // A number of pixels of an axis in twips, rounded as the script language rounds.
@@ -91,7 +77,7 @@ void SupWiz::TraSeg() {
   int16_t ant = mPagAct;
   WizTnt([&] {
     Tx tip;
-    const tTra& t = TraDe(mPag, mPagAct, 2, tip);
+    const tTra& t = TraDe(mDef.Pag, mPagAct, 2, tip);
     if (tip == u"PAG") {
       PagIdx(t.TraPag, mPagAct);
     } else if (tip == u"FX") {
@@ -114,7 +100,7 @@ void SupWiz::TraAnt() {
   int16_t ant = mPagAct;
   WizTnt([&] {
     Tx tip;
-    const tTra& t = TraDe(mPag, mPagAct, 1, tip);
+    const tTra& t = TraDe(mDef.Pag, mPagAct, 1, tip);
     if (tip == u"PAG") {
       PagIdx(t.TraPag, mPagAct);
     } else if (tip == u"FX") {
@@ -162,7 +148,7 @@ bool SupWiz::TraPagFx(const tTra& t, const Tx& tip, int16_t ant) {
 void SupWiz::TraCnf() {
   Tx tip;
   const tTra* t = nullptr;
-  WizTnt([&] { t = &TraDe(mPag, mPagAct, 3, tip); });
+  WizTnt([&] { t = &TraDe(mDef.Pag, mPagAct, 3, tip); });
   if (t) TraPagFx(*t, tip, mPagAct);
 }
 
@@ -171,12 +157,12 @@ void SupWiz::TraCnf() {
 void SupWiz::TraCan() {
   Tx tip;
   const tTra* t = nullptr;
-  WizTnt([&] { t = &TraDe(mPag, mPagAct, 4, tip); });
+  WizTnt([&] { t = &TraDe(mDef.Pag, mPagAct, 4, tip); });
   if (!t || TraPagFx(*t, tip, mPagAct)) return;
   int res = 1;
-  if (tip != u"FIM" && mPagAct < mPagNum) {
+  if (tip != u"FIM" && mPagAct < mDef.PagNum) {
     res = 0;
-    WizTnt([&] { MsgExe(u"? SN 2 _B", u"Terminar", MsgCan, res); });
+    WizTnt([&] { MsgExe(u"? SN 2 _B", u"Terminar", mDef.MsgCan, res); });
   }
   if (res == 1)
     WizTnt([&] {

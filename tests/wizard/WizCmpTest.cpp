@@ -58,7 +58,7 @@ TEST_F(WizCmpTst, CheckBoxRichTextAndOptionGroup) {
   EXPECT_EQ(De(u"ckWiz(2)"), (std::vector<Tx>{u"Caption=Aceito", u"Left=150", u"Top=1200", u"BackStyle=1",
                                                u"ForeColor=-1", u"Visible=False", u"Visible=True", u"Enabled=False"}));
   auto r = De(u"rtfWiz(3)");
-  std::vector<Tx> want{u"Width=3000", u"Text=", u"LoadFile(" + DirPgm + u"/leiame.rtf)", u"Left=150", u"Top=1500",
+  std::vector<Tx> want{u"Width=3000", u"Text=", u"LoadFile(" + sup->Def().Dir.DirPgm + u"/leiame.rtf)", u"Left=150", u"Top=1500",
                        u"Height=750", u"BackColor=255", u"Visible=False"};
   EXPECT_EQ(std::vector<Tx>(r.begin(), r.begin() + long(want.size())), want);
   EXPECT_EQ(frm->C(CtlArr::Rtf, 4)->Txt(u"Text"), u"");  // a file that can't load: an empty box

@@ -16,7 +16,6 @@
 #include "SupWiz.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
-#include "WizGlb.h"
 
 namespace zw::tst {
 
@@ -178,16 +177,10 @@ struct WizTst : ::testing::Test {
     ASSERT_TRUE(mkdtemp(tpl));
     dir = tpl;
     MsgDlgDef(&dlg);
-    WizFpa = LtrCd = DrvCd = DirPgm = Tx();
-    DimX = DimY = Var();
-    TitWiz = ImgFun = ImgIco = MsgCan = DbgModo = Tx();
   }
   void TearDown() override {
     sup.reset();
     MsgDlgDef(nullptr);
-    WizFpa = LtrCd = DrvCd = DirPgm = Tx();
-    DimX = DimY = Var();
-    TitWiz = ImgFun = ImgIco = MsgCan = DbgModo = Tx();
     std::filesystem::remove_all(dir);
   }
   // Writes the option file (UTF-8, CR LF) and gives its path.
@@ -210,8 +203,7 @@ struct WizTst : ::testing::Test {
   // One attempt over the option text: window, reading, "FxIni".
   void Ini(const std::string& corpo) {
     fpa = Par(corpo);
-    WizFpa = fpa;
-    DirPgm = TxDeUtf8(dir.string());
+    sup->RegDir(tWizDir{fpa, Tx(), Tx(), TxDeUtf8(dir.string()), Tx()});
     Frm();
     sup->WizIni(fpa);
     sup->WizExe();

@@ -73,16 +73,17 @@ TEST_F(WizTst, DefKeysAndTheWindow) {
       "#PAG - Um\n"
       "[IDE]=UM\n"
       "##\n");
-  EXPECT_EQ(TitWiz, u"Instalação");
-  EXPECT_EQ(ImgFun, DirPgm + u"/fundo.bmp");
-  EXPECT_EQ(ImgIco, u"/wiz.ico");  // an unknown bracket word is nothing, the rest stays
-  EXPECT_EQ(MsgCan, u"Sair ?");
-  EXPECT_EQ(TraPosAnt, u"1, 2");
-  EXPECT_EQ(NuDbl(DimX), 7500);
-  EXPECT_EQ(NuDbl(DimY), 5700);
+  const tWizDef& d = sup->Def();
+  EXPECT_EQ(d.TitWiz, u"Instalação");
+  EXPECT_EQ(d.ImgFun, TxDeUtf8(dir.string()) + u"/fundo.bmp");
+  EXPECT_EQ(d.ImgIco, u"/wiz.ico");  // an unknown bracket word is nothing, the rest stays
+  EXPECT_EQ(d.MsgCan, u"Sair ?");
+  EXPECT_EQ(d.TraPosAnt, u"1, 2");
+  EXPECT_EQ(NuDbl(d.DimX), 7500);
+  EXPECT_EQ(NuDbl(d.DimY), 5700);
   auto l = frm->log;
   std::vector<Tx> w(l.begin(), l.begin() + 5);
-  EXPECT_EQ(w, (std::vector<Tx>{u"Caption=Instalação", u"Picture=" + ImgFun, u"Icon=/wiz.ico", u"Width=7500",
+  EXPECT_EQ(w, (std::vector<Tx>{u"Caption=Instalação", u"Picture=" + d.ImgFun, u"Icon=/wiz.ico", u"Width=7500",
                                 u"Height=5700"}));
   EXPECT_EQ(Pags(), u"1 UM");
 }
@@ -96,7 +97,7 @@ TEST_F(WizTst, ScriptSeesTheProcessFoldersAfterItsGroup) {
       "[IDE]=UM\n"
       "##\n");
   EXPECT_EQ(Ev(u"WizFpa"), fpa);
-  EXPECT_EQ(Ev(u"DirPgm"), DirPgm);
+  EXPECT_EQ(Ev(u"DirPgm"), TxDeUtf8(dir.string()));
   EXPECT_EQ(Ev(u"TypeName(DirBas)"), u"String");
 }
 

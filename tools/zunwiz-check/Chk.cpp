@@ -736,7 +736,7 @@ std::vector<Achado> Chk::Exe() {
   dirPgm_ = TxDeUtf8(p.parent_path().string());
   Tx lc;
   for (const Tx& w : pal_) lc += (lc.empty() ? Tx() : Tx(u" ")) + w;
-  TdaOpc::LcLin = lc;
+  o_.LcLinDef(lc);
   sc_->Policy(EfePol(efe_));
   h_.VbsSupPrp(Var(), sc_);
   int16_t ok = 0;
