@@ -1,25 +1,25 @@
-// The checks of zunwiz-check. One walk of the file with the option reader collects
-// what the engine would keep (zones and points, pages, transitions, components, the
-// program) with the file line of each; the same walk runs the engine's calculation
-// after every group in a script host of its own, which keeps the program from the
-// machine and the person (ChkEfe) and stops every call after kTmp milliseconds, so
-// that checking a wizard never changes the machine and always ends. The findings
-// are then drawn from what was collected.
+// The checks of zunwiz-check. The engine's own reader (WizDef.h) reads the file into
+// the wizard's definition, with the file line of everything it keeps; at the
+// moments a run would, the checker loads the program and runs the calculation after
+// every group in a script host of its own, which keeps the program from the machine
+// and the person (ChkEfe) and stops every call after kTmp milliseconds, so that
+// checking a wizard never changes the machine and always ends. The findings are
+// drawn from each group as it is read and from the whole definition at the end.
 #include "Chk.h"
 #include <algorithm>
 #include <array>
 #include <filesystem>
 #include <memory>
-#include <tuple>
-#include <unordered_map>
 #include "ChkEfe.h"
 #include "FicGlb.h"
 #include "FicLer.h"
+#include "Lexer.h"
 #include "ScriptControl.h"
 #include "SupWizVbs.h"
 #include "TdaOpc.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
+#include "WizDef.h"
 
 namespace zw::chk {
 
@@ -51,39 +51,21 @@ bool Em(const Tx& t, const char16_t* const (&lis)[N]) {
          std::end(lis);
 }
 
-// A value of a group's row with the line it stands on.
+// A value of the file with the line it stands on (0 when absent).
 struct Val {
   Tx tx;
   int32_t lin = 0;
 };
 
-struct Zpo {
-  Tx tip, ide, val;
-  int32_t lin = 0;
+// What the calculation does with one variable, point or zone line.
+struct ZpoChk {
   int grp = 0;                // the group that holds it, counted from 1
   std::vector<Tx> nom, stm;   // variables and the statements that assign them
   std::vector<Tx> pri;        // values after its own group's calculation
-  std::vector<int16_t> ok;    // whether each statement took, at the latest pass
+  std::vector<int16_t> ok;    // whether each statement took, at the latest pass (none before one)
   std::vector<Tx> err;        // and the engine's word when it did not
   std::vector<char> pre;      // stopped by the time-out once: not run again
   std::vector<char> lim;      // grew past the host's longest text once: found already
-};
-
-struct Tra {
-  bool tem = false;
-  Val ide, pos, sit, tip, pag, fx;
-  int32_t lin = 0;
-};
-
-struct Pag {
-  Val ide, img, ent, sai;
-  int32_t lin = 0;
-  std::array<Tra, 5> tra;
-};
-
-struct Cmp {
-  Val tip, ide, pos, dim, txt, sit;
-  int32_t lin = 0;
 };
 
 // A call of CmpVarCon or CmpVarAlt in the program, with the arguments written as
@@ -94,71 +76,67 @@ struct CmpCha {
   int32_t lin = 0;
 };
 
-// One argument of a call as written, and its text when it is a single literal.
+// The tokens of one program line, by the engine's own lexer. A line it refuses is
+// taken up to the fault: the program's compile error tells the rest.
+std::vector<vbs::Tok> Toks(const Tx& l) {
+  try {
+    return vbs::Lex(l);
+  } catch (const vbs::Fault& f) {
+    try {
+      return vbs::Lex(l.substr(0, size_t(std::max(f.col, 0))));
+    } catch (const vbs::Fault&) {
+      return {};
+    }
+  }
+}
+
+bool EhOp(const vbs::Tok& t, char16_t op) { return t.k == vbs::tOp && t.op == op; }
+
+// One argument of a call: its text when it is a single literal.
 struct Arg {
-  Tx tx, val;
+  Tx val;
   bool lit = false;
 };
 
-// The arguments of a call whose list begins at l[k], with or without the
-// parentheses: up to the closing parenthesis, a comment, a ":" or the line's end.
-std::vector<Arg> Args(const Tx& l, size_t k) {
-  size_t n = l.size();
-  while (k < n && (l[k] == u' ' || l[k] == u'\t')) k++;
-  bool par = k < n && l[k] == u'(';
-  if (par) k++;
+// The arguments of a call whose list begins at token k, with or without the
+// parentheses: up to the closing parenthesis or the statement's end.
+std::vector<Arg> Args(const std::vector<vbs::Tok>& t, size_t k) {
+  if (k < t.size() && EhOp(t[k], u'(')) k++;
   std::vector<Arg> r;
+  auto adi = [&](size_t a, size_t b) {
+    bool lit = b == a + 1 && t[a].k == vbs::tStr;
+    r.push_back(Arg{lit ? t[a].s : Tx(), lit});
+  };
   int prof = 0;
   size_t ini = k, j = k;
-  for (; j < n; j++) {
-    char16_t d = l[j];
-    if (d == u'"') {
-      for (j++; j < n; j++)
-        if (l[j] == u'"' && j + 1 < n && l[j + 1] == u'"') j++;
-        else if (l[j] == u'"') break;
-      continue;
-    }
-    if (d == u'(') prof++;
-    if (d == u')' && prof == 0) break;
-    if (d == u')') prof--;
-    if (prof == 0 && (d == u'\'' || d == u':')) break;
-    if (prof == 0 && d == u',') {
-      r.push_back(Arg{l.substr(ini, j - ini), Tx(), false});
+  for (; j < t.size() && t[j].k != vbs::tNl && t[j].k != vbs::tEof; j++) {
+    if (EhOp(t[j], u'(')) prof++;
+    if (EhOp(t[j], u')') && prof-- == 0) break;
+    if (prof == 0 && EhOp(t[j], u',')) {
+      adi(ini, j);
       ini = j + 1;
     }
   }
-  Tx ult = l.substr(ini, std::min(j, n) - ini);
-  if (!r.empty() || !TxTrim(ult).empty()) r.push_back(Arg{ult, Tx(), false});
-  for (Arg& a : r) {
-    Tx t = TxTrim(a.tx);
-    if (t.size() < 2 || t.front() != u'"' || t.back() != u'"') continue;
-    Tx v;
-    bool ok = true;
-    for (size_t i = 1; i + 1 < t.size() && ok; i++) {
-      if (t[i] != u'"') v += t[i];
-      else if (i + 2 < t.size() && t[i + 1] == u'"') v += t[i++];
-      else ok = false;
-    }
-    if (ok) a.lit = true, a.val = v;
-  }
+  if (!r.empty() || j > ini) adi(ini, j);
   return r;
 }
 
-class Chk {
+class Chk : private WizLerFx {
  public:
   Chk(const Tx& fic, const std::vector<Tx>& pal) : fic_(fic), pal_(pal) {}
   std::vector<Achado> Exe();
 
  private:
+  // The reading's calls (WizLerFx).
+  double TwpPix(char) const override { return kTwp; }
+  void TraPos(tTra& t) override { tra_ = t; }  // the transition in hand, kept or dropped
+  void Pgm(const tWizPgm& p) override;
+  void Grp(const tWizGrp& g) override;
+  void Calc() override;
+
   void Ach(int32_t lin, bool erro, const Tx& msg) { ach_.push_back({lin, erro, msg}); }
-  Val Row(const Tx& chv);
-  Tx DirCon(const Tx& pal) const;
-  Tx DirExp(const Tx& tx) const;
-  void Grp(const Tx& ide, const Tx& tip, int16_t n, int g);
   void Def();
-  void Zon(const Tx& tip, int16_t n, int g);
-  void Pgm(const Tx& tip, int32_t lin);
-  void Calc(int g);
+  void Zpo(int g);
   void Fim();
   void Img(const Val& v, const Tx& onde);
   void Fx(const Val& v, const Tx& quem, int args, bool fun);
@@ -171,17 +149,13 @@ class Chk {
 
   Tx fic_;
   std::vector<Tx> pal_;
-  TdaOpc o_;
+  tWizDef def_;
+  tTra tra_;
   std::shared_ptr<vbs::ScriptControl> sc_ = std::make_shared<vbs::ScriptControl>();
   std::shared_ptr<EfeReg> efe_ = std::make_shared<EfeReg>();
   VbsSup h_;
-  Tx dirPgm_, imgFun_;
-  Var dimX_, dimY_;
-  std::vector<Zpo> zpo_;
-  std::vector<Pag> pag_;
-  std::vector<Cmp> cmp_;
+  std::vector<ZpoChk> zc_{1};  // beside each record of def_.Zpo
   std::vector<CmpCha> cha_;
-  std::vector<std::tuple<Tx, Tx, int32_t>> zon_;  // each group's identifier, kind and head line
   int32_t pgmLin_ = 0;  // head of the program group in force; 0 for none
   bool pgmOk_ = false;
   std::vector<Achado> ach_;
@@ -201,75 +175,14 @@ bool Chk::Tmp(int32_t lin, const Tx& quem) {
   return true;
 }
 
-// The value and line of a key of the current group; the first row of the key wins,
-// as in the reader's index ("F:" type marks and "Q." qualifiers are dropped).
-Val Chk::Row(const Tx& chv) {
-  Val v;
-  Var x = Var(Tx());
-  int16_t exi = 0;
-  Tx tpp;
-  o_.MemCon(chv, x, exi, tpp);
-  if (exi != 1) return v;
-  v.tx = TxVar(x);
-  Tx k = TxMaiTrm(chv);
-  for (size_t i = 1; i < o_.memTab.size(); i++) {
-    Tx n = o_.memTab[i].var;
-    if (size_t c = n.find(u':'); c != Tx::npos) n = n.substr(c + 1);
-    if (size_t p = n.find(u'.'); p != Tx::npos) n = n.substr(p + 1);
-    if (TxTrim(n) == k) {
-      v.lin = o_.memTab[i].lin;
-      break;
-    }
-  }
-  if (v.lin == 0) v.lin = o_.zonLin;
-  return v;
-}
-
-// The folder words of the wizard's paths; the words nothing assigns give "".
-Tx Chk::DirCon(const Tx& pal) const {
-  Tx p = TxMaiTrm(pal);
-  if (p == u"DIRPGM") return dirPgm_;
-  if (p == u"IMGFUN") return imgFun_;
-  return Tx();
-}
-
-// A path whose first "[...]" is a folder word.
-Tx Chk::DirExp(const Tx& tx) const {
-  size_t a = tx.find(u'['), b = tx.find(u']', a == Tx::npos ? 0 : a);
-  if (a == Tx::npos || b == Tx::npos) return tx;
-  return tx.substr(0, a) + DirCon(tx.substr(a + 1, b - a - 1)) + tx.substr(b + 1);
-}
-
-// The "DEF" group: the window's size words, pictures, and the debug folder.
+// The "DEF" group: the pictures, and the window's size words.
 void Chk::Def() {
-  Var v = Var(Tx());
-  o_.OpcCon(u"DbgModo", v);
-  if (!TxVar(v).empty()) {
-    Var d = Var(Tx());
-    o_.OpcCon(u"DbgDirPgm", d);
-    dirPgm_ = TxVar(d);
-  }
-  Val f = Row(u"ImgFun");
-  f.tx = DirExp(f.tx);
-  imgFun_ = f.tx;
-  Img(f, u"\"ImgFun\"");
-  Val i = Row(u"ImgIco");
-  i.tx = DirExp(i.tx);
-  Img(i, u"\"ImgIco\"");
-  for (const char16_t* k : {u"DimX", u"DimY"}) {
-    Val d = Row(k);
-    Tx t = TxMaiTrm(d.tx);
-    Var& dst = k[3] == u'X' ? dimX_ : dimY_;
-    if (t == u"AUTO") {
-      Ach(d.lin, true, Aspa(k) + u" is \"AUTO\": the first calculation divides a text and the wizard fails to start");
-      dst = Var(Tx(u"AUTO"));
-    } else {
-      double n = 0;
-      int ok = 0;
-      NuTxNum(t, n, ok);
-      dst = Var(n * kTwp);
-    }
-  }
+  Img(Val{def_.ImgFun, def_.LinImgFun}, u"\"ImgFun\"");
+  Img(Val{def_.ImgIco, def_.LinImgIco}, u"\"ImgIco\"");
+  if (def_.DimX.EhTx())
+    Ach(def_.LinDimX, true, u"\"DimX\" is \"AUTO\": the first calculation divides a text and the wizard fails to start");
+  if (def_.DimY.EhTx())
+    Ach(def_.LinDimY, true, u"\"DimY\" is \"AUTO\": the first calculation divides a text and the wizard fails to start");
 }
 
 // A picture that the window would load: one that is not there is passed over.
@@ -285,51 +198,33 @@ void Chk::Img(const Val& v, const Tx& onde) {
   Ach(v.lin, false, u"picture " + Aspa(v.tx) + u" of " + onde + u" does not exist: the window keeps the picture it has" + why);
 }
 
-// Lines of "VAR", "PON" and "ZON": their statements, as the calculation makes them.
-void Chk::Zon(const Tx& tip, int16_t n, int g) {
-  for (int16_t i = 1; i <= n; i++) {
-    Tx txp, txi, var, vtx;
-    int16_t exi = 0, ptx = 0;
-    o_.MemConTxp(Var(i), txp, exi);
-    TdaOpc::ParPrep(txp, txi, var, vtx, ptx);
-    Zpo z;
-    z.tip = tip;
-    z.ide = var;
-    z.val = vtx;
-    z.lin = size_t(i) < o_.memTab.size() ? o_.memTab[size_t(i)].lin : o_.zonLin;
-    z.grp = g;
+// The lines of "VAR", "PON" and "ZON" that group g added: their statements, as the
+// calculation makes them.
+void Chk::Zpo(int g) {
+  for (size_t i = zc_.size(); i <= size_t(def_.ZpoNum); i++) {
+    const tZpo& z = def_.Zpo[i];
+    ZpoChk c;
+    c.grp = g;
+    ZpoCmd(z, c.nom, c.stm);
+    c.pre.assign(c.stm.size(), 0);
+    c.lim.assign(c.stm.size(), 0);
+    zc_.push_back(std::move(c));
     // Options are put in only where the reader substitutes: a "[...]" here goes to
     // the script engine as written.
+    const Tx& vtx = z.Val;
     if (size_t a = vtx.find(u'['), b = vtx.find(u']', a == Tx::npos ? 0 : a); a != Tx::npos && b != Tx::npos)
-      Ach(z.lin, false, Aspa(vtx.substr(a, b - a + 1)) + u" in a row of \"" +
-                            Tx(tip == u"V" ? u"VAR" : tip == u"P" ? u"PON" : u"ZON") +
+      Ach(z.Lin, false, Aspa(vtx.substr(a, b - a + 1)) + u" in a row of \"" +
+                            Tx(z.Tip == u"V" ? u"VAR" : z.Tip == u"P" ? u"PON" : u"ZON") +
                             u"\" is not replaced by the option: the value goes to the script engine as written");
-    std::vector<Tx> pc;
-    Tx r = vtx;
-    for (int k = 0; k < 4; k++) {
-      Tx a, b;
-      TxDiv1(r, u",", a, b);
-      pc.push_back(a);
-      r = b;
-    }
-    if (tip == u"Z") {
-      const char16_t* suf[] = {u"_X1", u"_Y1", u"_X2", u"_Y2"};
-      for (int k = 0; k < 4; k++) z.nom.push_back(var + suf[k]), z.stm.push_back(var + suf[k] + u"=" + pc[size_t(k)]);
-    } else if (tip == u"P") {
-      z.nom = {var + u"_X", var + u"_Y"};
-      z.stm = {var + u"_X=" + pc[0], var + u"_Y=" + pc[1]};
-    } else {
-      z.nom = {var};
-      z.stm = {var + u"=" + vtx};
-    }
-    zpo_.push_back(std::move(z));
   }
 }
 
 // A "VBS" group: the program replaces any earlier one, as in the engine; a compile
 // error is reported on the file line of the program line it names.
-void Chk::Pgm(const Tx& tip, int32_t lin) {
-  if (tip != u"TX" && tip != u"ZTX") {
+void Chk::Pgm(const tWizPgm& p) {
+  const tWizGrp& g = def_.Grp.back();
+  const int32_t lin = g.Lin;
+  if (g.Tip != u"TX" && g.Tip != u"ZTX") {
     Ach(lin, true, u"a \"VBS\" group must have the kind TX or ZTX: this one keeps no lines, and its program is empty");
     Ini();
     pgmLin_ = lin;
@@ -342,19 +237,19 @@ void Chk::Pgm(const Tx& tip, int32_t lin) {
   // The file line of each program line: the host drops comments and empty lines.
   std::vector<int32_t> map;
   Tx tx;
-  for (size_t i = 1; i < o_.regLin.size(); i++) {
+  for (size_t i = 1; i < p.Lin.size(); i++) {
     size_t n = tx.size();
-    h_.PgmTxJun(1, tx, o_.regLin[i]);
+    h_.PgmTxJun(1, tx, p.Lin[i]);
     if (tx.size() != n || (map.empty() && !tx.empty())) {
-      map.push_back(i < o_.regLinNum.size() ? o_.regLinNum[i] : lin);
-      PgmWiz(o_.regLin[i], map.back());
+      map.push_back(i < p.Num.size() ? p.Num[i] : lin);
+      PgmWiz(p.Lin[i], map.back());
     }
   }
   Ini();
   efe_->Pgm(tx, map);
   efe_->Lin(lin);
   int16_t ok = 0;
-  h_.PgmRegArr(1, o_.regLin, ok);
+  h_.PgmRegArr(1, p.Lin, ok);
   pgmOk_ = ok == 1;
   if (!pgmOk_) {
     const vbs::ScriptError& e = sc_->Error();
@@ -364,50 +259,28 @@ void Chk::Pgm(const Tx& tip, int32_t lin) {
       Ach(at, true, (comp ? u"compile error " : u"run-time error ") + Num(e.Number) + u": " + e.Description +
                         (comp ? Tx(u": the program is not loaded") : Tx(u" in the program's global statements")));
   }
-  for (const char16_t* n : {u"WizFpa", u"LtrCd", u"DrvCd", u"DirPgm", u"DirBas"}) {
-    Tx v = Tx(n) == u"WizFpa" ? fic_ : Tx(n) == u"DirPgm" ? dirPgm_ : Tx();
+  const tWizDir& d = def_.Dir;
+  for (const auto& [n, v] : {std::pair<const char16_t*, Tx>{u"WizFpa", d.Fpa}, {u"LtrCd", d.LtrCd}, {u"DrvCd", d.DrvCd},
+                             {u"DirPgm", d.DirPgm}, {u"DirBas", Tx()}})
     h_.ExeCmd(Tx(n) + u"=" + TxAspPut(v), ok);
-  }
 }
 
 // Calls of "Wiz" on one program line: operations the library lacks, and property
 // words of CmpVarAlt that change nothing. Texts and comments are passed over.
 void Chk::PgmWiz(const Tx& l, int32_t num) {
-  size_t i = 0, n = l.size();
-  auto idc = [](char16_t c) { return c == u'_' || (c >= u'0' && c <= u'9') || ((c | 0x20) >= u'a' && (c | 0x20) <= u'z'); };
-  auto esp = [&](size_t& k) { while (k < n && (l[k] == u' ' || l[k] == u'\t')) k++; };
-  while (i < n) {
-    char16_t c = l[i];
-    if (c == u'"') {
-      for (i++; i < n; i++)
-        if (l[i] == u'"' && !(i + 1 < n && l[i + 1] == u'"')) break;
-        else if (l[i] == u'"') i++;
-      i++;
-      continue;
-    }
-    if (c == u'\'') return;
-    if (!idc(c) || (i > 0 && (idc(l[i - 1]) || l[i - 1] == u'.'))) {
-      i++;
-      continue;
-    }
-    size_t a = i;
-    while (i < n && idc(l[i])) i++;
-    Tx w = l.substr(a, i - a);
-    if (vbs::EqNoCase(w, u"Rem")) return;
+  const std::vector<vbs::Tok> t = Toks(l);
+  for (size_t i = 0; i < t.size(); i++) {
+    if (t[i].k != vbs::tId || (i > 0 && EhOp(t[i - 1], u'.'))) continue;  // a member's name is another's
+    const Tx& w = t[i].s;
     if (vbs::EqNoCase(w, u"cmpFontName"))
       Ach(num, false, u"\"cmpFontName\" is of no use: CmpVarCon assigns it the font name unquoted, which the script "
                       u"engine refuses or takes for a variable that is empty");
-    if (!vbs::EqNoCase(w, u"Wiz")) continue;
-    size_t k = i;
-    esp(k);
-    if (k >= n || l[k] != u'.') continue;
-    k++;
-    esp(k);
-    size_t b = k;
-    while (k < n && idc(l[k])) k++;
-    Tx op = l.substr(b, k - b);
-    i = k;
-    if (op.empty()) continue;
+    if (!vbs::EqNoCase(w, u"Wiz") || i + 2 >= t.size() || !EhOp(t[i + 1], u'.') ||
+        (t[i + 2].k != vbs::tId && t[i + 2].k != vbs::tKw))
+      continue;
+    const Tx& op = t[i + 2].s;
+    const size_t k = i + 3;
+    i = k - 1;
     bool tem = std::any_of(std::begin(kOps), std::end(kOps), [&](const char16_t* s) { return vbs::EqNoCase(op, s); });
     if (!tem) {
       Ach(num, true, u"\"Wiz\" has no operation " + Aspa(op) + u": the call fails and the script goes on without it");
@@ -417,7 +290,7 @@ void Chk::PgmWiz(const Tx& l, int32_t num) {
     if (!alt && !vbs::EqNoCase(op, u"CmpVarCon")) continue;
     // Names and words written as texts in the call; the names are judged once the
     // components are all read.
-    std::vector<Arg> arg = Args(l, k);
+    std::vector<Arg> arg = Args(t, k);
     CmpCha ch;
     ch.op = alt ? u"CmpVarAlt" : u"CmpVarCon";
     ch.lin = num;
@@ -456,98 +329,75 @@ void Chk::Sit(const Tx& lis, int32_t lin, const Tx& quem) {
   }
 }
 
-// One group, as the engine takes it.
-void Chk::Grp(const Tx& ide, const Tx& tip, int16_t n, int g) {
-  int32_t lin = o_.zonLin;
+// One group, as the engine took it into the definition.
+void Chk::Grp(const tWizGrp& g) {
+  const Tx& ide = g.Ide;
+  const int32_t lin = g.Lin;
   if (ide == u"DEF") {
     Def();
   } else if (ide == u"VAR" || ide == u"PON" || ide == u"ZON") {
-    Zon(ide == u"VAR" ? u"V" : ide == u"PON" ? u"P" : u"Z", n, g);
+    Zpo(int(def_.Grp.size()));
   } else if (ide == u"PAG") {
-    Pag p;
-    p.lin = lin;
-    p.ide = Row(u"IDE");
-    p.img = Row(u"Img");
-    p.ent = Row(u"FxPagEnt");
-    p.sai = Row(u"FxPagSai");
-    Img(p.img, u"the page");
-    pag_.push_back(p);
+    const tPag& p = def_.Pag[size_t(def_.PagNum)];
+    Img(Val{p.Img, p.LinImg}, u"the page");
   } else if (ide == u"TRA") {
-    Tra t;
-    t.tem = true;
-    t.lin = lin;
-    t.ide = Row(u"IDE");
-    t.pos = Row(u"POS");
-    t.sit = Row(u"SIT");
-    t.tip = Row(u"TRATIP");
-    t.pag = Row(u"TRAPAG");
-    t.fx = Row(u"TRAFX");
-    Tx w = TxMaiTrm(t.ide.tx);
-    Tx k = TxMaiTrm(t.tip.tx);
+    const tTra& t = tra_;
+    Tx w = TxMaiTrm(t.Ide);
+    Tx k = TxMaiTrm(t.TraTip);
     int slot = 0;
     for (int s = 1; s <= 4; s++)
       if (w == kPalBot[s]) slot = s;
-    if (pag_.empty())
+    if (def_.PagNum == 0)
       Ach(lin, true, u"\"TRA\" before the first \"PAG\": it belongs to no page and is lost");
     if (slot == 0) {
-      Ach(t.ide.lin, true, u"transition word " + Aspa(t.ide.tx) + u" is not ANT, SEG, CNF or CAN: the group is dropped");
+      Ach(t.LinIde, true, u"transition word " + Aspa(t.Ide) + u" is not ANT, SEG, CNF or CAN: the group is dropped");
       return;
     }
-    if (t.ide.tx != kPalBot[slot] && t.pos.tx.empty())
-      Ach(t.ide.lin, false, u"transition word " + Aspa(t.ide.tx) + u" with an empty \"POS\": the point \"AUT_TraPos" +
-                                Tx(kPalBot[slot]).substr(0, 1) + TxMin(Tx(kPalBot[slot]).substr(1)) +
-                                u"\" is looked up only for the word in capitals, so the button stands at 0, 0");
+    if (t.Ide != kPalBot[slot] && t.Pos.empty())
+      Ach(t.LinIde, false, u"transition word " + Aspa(t.Ide) + u" with an empty \"POS\": the point \"AUT_TraPos" +
+                               Tx(kPalBot[slot]).substr(0, 1) + TxMin(Tx(kPalBot[slot]).substr(1)) +
+                               u"\" is looked up only for the word in capitals, so the button stands at 0, 0");
     if (!k.empty() && k != u"PAG" && k != u"FX" && k != u"FIM")
-      Ach(t.tip.lin, false, u"unknown transition kind " + Aspa(t.tip.tx) + u": the button does what it does by default");
+      Ach(t.LinTip, false, u"unknown transition kind " + Aspa(t.TraTip) + u": the button does what it does by default");
     if (k == u"FIM" && slot != 4)
-      Ach(t.tip.lin, false, u"the kind \"FIM\" means something only on \"CAN\": this button does what it does by default");
-    Sit(t.sit.tx, t.sit.lin, u"the button " + Tx(kPalBot[slot]));
-    if (!pag_.empty()) pag_.back().tra[size_t(slot)] = t;
+      Ach(t.LinTip, false, u"the kind \"FIM\" means something only on \"CAN\": this button does what it does by default");
+    Sit(t.Sit, t.LinSit, u"the button " + Tx(kPalBot[slot]));
   } else if (ide == u"CMP") {
-    Cmp c;
-    c.lin = lin;
-    c.tip = Row(u"Tip");
-    c.ide = Row(u"Ide");
-    c.pos = Row(u"Pos");
-    c.dim = Row(u"Dim");
-    c.txt = Row(u"Txt");
-    c.sit = Row(u"Sit");
-    Sit(c.sit.tx, c.sit.lin, u"the component " + Aspa(c.ide.tx));
-    if (pag_.empty())
+    const tCmp& c = def_.Cmp[size_t(def_.CmpNum)];
+    Sit(c.Sit, c.LinSit, u"the component " + Aspa(c.Ide));
+    if (def_.PagNum == 0)
       Ach(lin, true, u"\"CMP\" before the first \"PAG\": its control belongs to no page and is never shown");
-    cmp_.push_back(c);
-  } else if (ide == u"VBS") {
-    Pgm(tip, lin);
-  } else {
+  } else if (ide != u"VBS") {
     Ach(lin, false, u"group " + Aspa(ide) + u" is not one the wizard reads: it is skipped");
   }
 }
 
 // The calculation after group g: "xMax", "yMax", then every line in file order. The
 // values each line has after its own group are kept, to compare with the last pass.
-void Chk::Calc(int g) {
+void Chk::Calc() {
+  const int g = int(def_.Grp.size());
   int16_t ok = 0;
-  if (dimX_.EhTx() || dimY_.EhTx()) return;  // "AUTO": the engine fails here (found already)
-  efe_->Lin(o_.zonLin);
-  h_.ExeCmd(u"xMax=" + TxVar(Var(dimX_.Num() / kTwp)), ok);
-  h_.ExeCmd(u"yMax=" + TxVar(Var(dimY_.Num() / kTwp)), ok);
-  for (Zpo& z : zpo_) {
+  if (def_.DimX.EhTx() || def_.DimY.EhTx()) return;  // "AUTO": the engine fails here (found already)
+  efe_->Lin(def_.Grp.back().Lin);
+  h_.ExeCmd(u"xMax=" + TxVar(Var(NuDbl(def_.DimX) / kTwp)), ok);
+  h_.ExeCmd(u"yMax=" + TxVar(Var(NuDbl(def_.DimY) / kTwp)), ok);
+  for (size_t i = 1; i < zc_.size(); i++) {
+    ZpoChk& z = zc_[i];
+    const int32_t zl = def_.Zpo[i].Lin;
+    efe_->Lin(zl);
     z.ok.assign(z.stm.size(), 0);
     z.err.assign(z.stm.size(), Tx());
-    z.pre.resize(z.stm.size(), 0);
-    z.lim.resize(z.stm.size(), 0);
-    efe_->Lin(z.lin);
     for (size_t k = 0; k < z.stm.size(); k++) {
       if (z.pre[k]) continue;  // it would only hang again
       h_.ExeCmd(z.stm[k], z.ok[k]);
       if (z.ok[k] != 1) z.err[k] = sc_->Error().Description;
       if (z.ok[k] != 1 && sc_->Error().Number == 14 && !z.lim[k]) {
         z.lim[k] = 1;
-        Ach(z.lin, true, u"the calculation of " + z.nom[k] + u" after group " + Num(g) +
-                             u" makes a text too long (Out of string space): the run empties " + z.nom[k] +
-                             u" there and goes on");
+        Ach(zl, true, u"the calculation of " + z.nom[k] + u" after group " + Num(g) +
+                          u" makes a text too long (Out of string space): the run empties " + z.nom[k] +
+                          u" there and goes on");
       }
-      if (z.ok[k] != 1 && Tmp(z.lin, u"the calculation of " + z.nom[k])) z.pre[k] = 1;
+      if (z.ok[k] != 1 && Tmp(zl, u"the calculation of " + z.nom[k])) z.pre[k] = 1;
     }
     if (z.grp != g) continue;
     z.pri.clear();
@@ -580,15 +430,14 @@ void Chk::Fx(const Val& v, const Tx& quem, int args, bool fun) {
 void Chk::FimCha() {
   for (const CmpCha& c : cha_) {
     if (!c.nomLit || Em(c.nom, kBotWiz)) continue;
-    Tx k = TxMaiTrm(c.nom);
-    auto it = std::find_if(cmp_.begin(), cmp_.end(), [&](const Cmp& m) { return TxMaiTrm(m.ide.tx) == k; });
-    if (it == cmp_.end()) {
+    int16_t i = WizTabPsq(def_.CmpIdx, c.nom);
+    if (i == 0) {
       Ach(c.lin, false, c.op + u" names no component " + Aspa(c.nom) +
                             (c.op == u"CmpVarCon" ? Tx(u": it answers 0 and \"cmpIde\" becomes \"\"")
                                                   : Tx(u": it answers 0 and changes nothing")));
       continue;
     }
-    if (c.op == u"CmpVarAlt" && c.palLit && c.pal == u"CHK" && TxMaiTrm(it->tip.tx) == u"OPC")
+    if (c.op == u"CmpVarAlt" && c.palLit && c.pal == u"CHK" && TxMaiTrm(def_.Cmp[size_t(i)].Tip) == u"OPC")
       Ach(c.lin, false, u"CmpVarAlt with \"CHK\" on the option group " + Aspa(c.nom) +
                             u" changes nothing: an option group has no \"Value\", and the call answers 0");
   }
@@ -600,7 +449,7 @@ void Chk::FimCha() {
 // those groups are read as its lines.
 void Chk::FimZon() {
   std::string byt;
-  if (zon_.empty() || FicLer(fic_, byt)) return;
+  if (def_.Grp.empty() || FicLer(fic_, byt)) return;
   std::vector<std::string> lin(1);  // lines from 1
   for (size_t i = 0; i <= byt.size();) {
     size_t f = byt.find_first_of("\r\n", i);
@@ -609,7 +458,9 @@ void Chk::FimZon() {
     if (f >= byt.size()) break;
     i = f + (byt[f] == '\r' && f + 1 < byt.size() && byt[f + 1] == '\n' ? 2 : 1);
   }
-  for (const auto& [ide, tip, h] : zon_) {
+  for (const tWizGrp& g : def_.Grp) {
+    const Tx &ide = g.Ide, &tip = g.Tip;
+    const int32_t h = g.Lin;
     std::vector<int32_t> cab;
     int32_t fim = 0;
     for (size_t n = size_t(h) + 1; n < lin.size() && !fim; n++) {
@@ -637,94 +488,94 @@ void Chk::FimZon() {
 void Chk::Fim() {
   int16_t ok = 0;
   // The last calculation: statements it refuses, values right only after a later group.
-  for (const Zpo& z : zpo_) {
-    efe_->Lin(z.lin);
+  for (size_t i = 1; i < zc_.size(); i++) {
+    const ZpoChk& z = zc_[i];
+    const int32_t zl = def_.Zpo[i].Lin;
+    efe_->Lin(zl);
     for (size_t k = 0; k < z.ok.size(); k++) {
       if (z.pre[k] || (z.lim[k] && z.ok[k] != 1)) continue;  // found when it hung or grew
       if (z.ok[k] != 1) {
-        Ach(z.lin, true, u"the script engine refuses " + Aspa(z.stm[k]) + u" (" + z.err[k] + u"): " + z.nom[k] +
-                             u" stays as it was");
+        Ach(zl, true, u"the script engine refuses " + Aspa(z.stm[k]) + u" (" + z.err[k] + u"): " + z.nom[k] +
+                          u" stays as it was");
         continue;
       }
       Var r;
       int16_t e = 0;
       h_.ExeCalc(z.nom[k], r, e);
       if (k < z.pri.size() && z.pri[k] != TxVar(r))
-        Ach(z.lin, false, z.nom[k] + u" is right only after a later group's calculation: " + Aspa(z.pri[k]) +
-                              u" after its own group, " + Aspa(TxVar(r)) + u" at the end");
+        Ach(zl, false, z.nom[k] + u" is right only after a later group's calculation: " + Aspa(z.pri[k]) +
+                           u" after its own group, " + Aspa(TxVar(r)) + u" at the end");
     }
   }
-  if (pag_.empty()) Ach(1, true, u"no \"PAG\" group: the wizard ends before its window shows");
-  // The first page of each identifier, as the engine finds pages.
-  std::unordered_map<Tx, size_t> pagIdx;
-  for (size_t i = 0; i < pag_.size(); i++) pagIdx.try_emplace(TxMaiTrm(pag_[i].ide.tx), i);
-  for (size_t i = 0; i < pag_.size(); i++) {
-    const Pag& p = pag_[i];
-    size_t j = pagIdx.at(TxMaiTrm(p.ide.tx));
+  if (def_.PagNum == 0) Ach(1, true, u"no \"PAG\" group: the wizard ends before its window shows");
+  for (int i = 1; i <= def_.PagNum; i++) {
+    const tPag& p = def_.Pag[size_t(i)];
+    int16_t j = WizTabPsq(def_.PagIdx, p.Ide);  // the first page of that identifier, as the engine finds pages
     if (j != i)
-      Ach(p.ide.lin, false, u"page identifier " + Aspa(p.ide.tx) + u" is also the page of line " + Num(pag_[j].lin) +
-                                u": transitions to it find that one");
-    Fx(p.ent, u"\"FxPagEnt\"", 0, false);
-    Fx(p.sai, u"\"FxPagSai\"", 0, false);
+      Ach(p.LinIde, false, u"page identifier " + Aspa(p.Ide) + u" is also the page of line " +
+                               Num(def_.Pag[size_t(j)].Lin) + u": transitions to it find that one");
+    Fx(Val{p.FxPagEnt, p.LinEnt}, u"\"FxPagEnt\"", 0, false);
+    Fx(Val{p.FxPagSai, p.LinSai}, u"\"FxPagSai\"", 0, false);
     for (int s = 1; s <= 4; s++) {
-      const Tra& t = p.tra[size_t(s)];
-      if (!t.tem) continue;
-      Tx k = TxMaiTrm(t.tip.tx);
+      const tTra& t = p.Tra[s];
+      if (t.Ide.empty()) continue;
+      Tx k = TxMaiTrm(t.TraTip);
       if (k == u"PAG") {
-        if (!pagIdx.count(TxMaiTrm(t.pag.tx)))
-          Ach(t.pag.lin ? t.pag.lin : t.lin, true, u"\"TRAPAG\" names no page " + Aspa(t.pag.tx) +
-                                                       u": this button ends the wizard at once");
+        if (WizTabPsq(def_.PagIdx, t.TraPag) == 0)
+          Ach(t.LinPag ? t.LinPag : t.Lin, true, u"\"TRAPAG\" names no page " + Aspa(t.TraPag) +
+                                                     u": this button ends the wizard at once");
       } else if (k == u"FX") {
-        if (t.fx.tx.empty())
-          Ach(t.lin, true, u"the kind \"FX\" with no \"TRAFX\": the button calls nothing");
+        if (t.TraFx.empty())
+          Ach(t.Lin, true, u"the kind \"FX\" with no \"TRAFX\": the button calls nothing");
         else
-          Fx(t.fx, u"\"TRAFX\" of " + Tx(kPalBot[s]), s <= 2 ? 1 : 0, s == 2);
+          Fx(Val{t.TraFx, t.LinFx}, u"\"TRAFX\" of " + Tx(kPalBot[s]), s <= 2 ? 1 : 0, s == 2);
       }
       bool dflt = k != u"PAG" && k != u"FX";
-      if (s == 2 && dflt && i + 1 == pag_.size())
-        Ach(t.lin, true, u"the last page's \"SEG\" goes on to the next page, which does not exist: the wizard ends at once, without \"FxFim\"");
-      if (s == 1 && dflt && k != u"FIM" && i == 0)
-        Ach(t.lin, false, u"\"ANT\" on the first page goes back past the first visit: the wizard ends at once, without \"FxFim\"");
+      if (s == 2 && dflt && i == def_.PagNum)
+        Ach(t.Lin, true, u"the last page's \"SEG\" goes on to the next page, which does not exist: the wizard ends at once, without \"FxFim\"");
+      if (s == 1 && dflt && k != u"FIM" && i == 1)
+        Ach(t.Lin, false, u"\"ANT\" on the first page goes back past the first visit: the wizard ends at once, without \"FxFim\"");
     }
   }
   FimCha();
   // Components: their kinds, their files, their expressions at the last calculation.
   bool opc = false;
-  for (const Cmp& c : cmp_) {
-    const Tx& t = c.tip.tx;
+  for (int i = 1; i <= def_.CmpNum; i++) {
+    const tCmp& c = def_.Cmp[size_t(i)];
+    const Tx& t = c.Tip;
     if (t == u"OPC") opc = true;
     if (t == u"OPCTXT" && !opc)
-      Ach(c.tip.lin, true, u"\"OPCTXT\" before any \"OPC\": no option group holds it, and the wizard fails to start");
+      Ach(c.LinTip, true, u"\"OPCTXT\" before any \"OPC\": no option group holds it, and the wizard fails to start");
     if (!Em(t, kTipCmp)) {
       if (Em(TxMaiTrm(t), kTipCmp))
-        Ach(c.tip.lin, true, u"component type " + Aspa(t) + u" must be written in capitals: no control is made");
+        Ach(c.LinTip, true, u"component type " + Aspa(t) + u" must be written in capitals: no control is made");
       else
-        Ach(c.tip.lin ? c.tip.lin : c.lin, true, u"unknown component type " + Aspa(t) + u": no control is made");
+        Ach(c.LinTip ? c.LinTip : c.Lin, true, u"unknown component type " + Aspa(t) + u": no control is made");
     }
-    const Tx& x = c.txt.tx;
+    const Tx& x = c.Txt;
     if (t == u"RTF" && x.size() >= 2 && x.front() == u'[' && x.back() == u']') {
-      Tx f = DirExp(x.substr(1, x.size() - 2));
+      Tx f = def_.DirExp(x.substr(1, x.size() - 2));
       std::string byt;
       int e = FicLer(f, byt, kRtfLerMax);
       if (e == kErrFicNao || e == kErrDirNao)
-        Ach(c.txt.lin, true, u"rich-text file " + Aspa(f) + u" does not exist: the box stays empty");
+        Ach(c.LinTxt, true, u"rich-text file " + Aspa(f) + u" does not exist: the box stays empty");
       else if (e)
-        Ach(c.txt.lin, true, u"rich-text file " + Aspa(f) + u" cannot be read (" +
-                                 TxDeUtf8(FicLerPorque(e, kRtfLerMax)) + u"): the box stays empty");
+        Ach(c.LinTxt, true, u"rich-text file " + Aspa(f) + u" cannot be read (" +
+                                TxDeUtf8(FicLerPorque(e, kRtfLerMax)) + u"): the box stays empty");
     }
     if (t == u"OPCTXT") continue;  // its place and size have no effect
-    for (const Val* v : {&c.pos, &c.dim}) {
+    for (const Val& v : {Val{c.Pos, c.LinPos}, Val{c.Dim, c.LinDim}}) {
       Tx a, b;
-      TxDiv1(v->tx, u",", a, b);
-      efe_->Lin(v->lin);
+      TxDiv1(v.tx, u",", a, b);
+      efe_->Lin(v.lin);
       for (const Tx& e : {a, b}) {
         if (TxTrim(e).empty()) continue;
         Var r;
         h_.ExeCalc(e, r, ok);
-        if (ok != 1 && Tmp(v->lin, u"the expression " + Aspa(TxTrim(e)))) continue;
+        if (ok != 1 && Tmp(v.lin, u"the expression " + Aspa(TxTrim(e)))) continue;
         if (ok != 1)
-          Ach(v->lin, true, u"the script engine refuses the expression " + Aspa(TxTrim(e)) + u" (" +
-                                sc_->Error().Description + u"): that coordinate is not set");
+          Ach(v.lin, true, u"the script engine refuses the expression " + Aspa(TxTrim(e)) + u" (" +
+                               sc_->Error().Description + u"): that coordinate is not set");
       }
     }
   }
@@ -733,27 +584,16 @@ void Chk::Fim() {
 std::vector<Achado> Chk::Exe() {
   std::filesystem::path p = std::filesystem::absolute(std::filesystem::path(TxUtf8(fic_)));
   fic_ = TxDeUtf8(p.string());
-  dirPgm_ = TxDeUtf8(p.parent_path().string());
   Tx lc;
   for (const Tx& w : pal_) lc += (lc.empty() ? Tx() : Tx(u" ")) + w;
-  o_.LcLinDef(lc);
+  def_.Dir = WizDirDe(fic_, lc);
   sc_->Policy(EfePol(efe_));
   h_.VbsSupPrp(Var(), sc_);
   int16_t ok = 0;
   h_.RegObPrp(u"N", u"Wiz", VbsObVar(EfeWiz(efe_)), ok);
   Ini();
-  o_.ZonIni(fic_, u"");
-  int g = 0;
-  for (;;) {
-    Tx ide, tip, des;
-    int16_t n = 0;
-    o_.ZonSeg(ide, tip, n, des);
-    if (ide.empty()) break;
-    zon_.emplace_back(ide, tip, o_.zonLin);
-    Grp(ide, tip, n, ++g);
-    Calc(g);
-  }
-  o_.ZonFim();
+  WizLer ler(def_, *this);
+  ler.Ler(fic_);
   FimZon();
   Fim();
   for (const EfeReg::Efe& e : efe_->Lis()) Ach(e.lin, e.erro, e.msg);
