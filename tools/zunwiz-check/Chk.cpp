@@ -10,6 +10,7 @@
 #include <array>
 #include <filesystem>
 #include <memory>
+#include <unordered_set>
 #include "ChkEfe.h"
 #include "FicGlb.h"
 #include "FicLer.h"
@@ -146,6 +147,8 @@ class Chk : private WizLerFx {
   void Sit(const Tx& lis, int32_t lin, const Tx& quem);
   void FimCha();
   void FimZon();
+  bool Puro();
+  std::vector<Tx> Vals();
 
   Tx fic_;
   std::vector<Tx> pal_;
@@ -156,6 +159,12 @@ class Chk : private WizLerFx {
   VbsSup h_;
   std::vector<ZpoChk> zc_{1};  // beside each record of def_.Zpo
   std::vector<CmpCha> cha_;
+  int ver_ = 0;          // changes to what a pass runs: records, program, window size
+  int verPas_ = -1;      // ver_ at the last pass run
+  int verPuro_ = -1;     // ver_ at which puro_ was judged
+  bool puro_ = false;    // every statement only combines values of the calculation's own names
+  bool fixo_ = false;    // the last pass run left every one of those names as it found them
+  std::vector<Tx> vals_;  // their values after the last pass run
   int32_t pgmLin_ = 0;  // head of the program group in force; 0 for none
   bool pgmOk_ = false;
   std::vector<Achado> ach_;
@@ -177,6 +186,7 @@ bool Chk::Tmp(int32_t lin, const Tx& quem) {
 
 // The "DEF" group: the pictures, and the window's size words.
 void Chk::Def() {
+  ver_++;
   Img(Val{def_.ImgFun, def_.LinImgFun}, u"\"ImgFun\"");
   Img(Val{def_.ImgIco, def_.LinImgIco}, u"\"ImgIco\"");
   if (def_.DimX.EhTx())
@@ -201,6 +211,7 @@ void Chk::Img(const Val& v, const Tx& onde) {
 // The lines of "VAR", "PON" and "ZON" that group g added: their statements, as the
 // calculation makes them.
 void Chk::Zpo(int g) {
+  ver_++;
   for (size_t i = zc_.size(); i <= size_t(def_.ZpoNum); i++) {
     const tZpo& z = def_.Zpo[i];
     ZpoChk c;
@@ -224,6 +235,7 @@ void Chk::Zpo(int g) {
 void Chk::Pgm(const tWizPgm& p) {
   const tWizGrp& g = def_.Grp.back();
   const int32_t lin = g.Lin;
+  ver_++;
   if (g.Tip != u"TX" && g.Tip != u"ZTX") {
     Ach(lin, true, u"a \"VBS\" group must have the kind TX or ZTX: this one keeps no lines, and its program is empty");
     Ini();
@@ -378,6 +390,10 @@ void Chk::Calc() {
   const int g = int(def_.Grp.size());
   int16_t ok = 0;
   if (def_.DimX.EhTx() || def_.DimY.EhTx()) return;  // "AUTO": the engine fails here (found already)
+  // A pass of the same statements over the values the last one left, which it did
+  // not change, changes nothing again when the statements call nothing: it is not
+  // run, so that checking costs the groups plus the passes that can differ.
+  if (ver_ == verPas_ && fixo_ && Puro()) return;
   efe_->Lin(def_.Grp.back().Lin);
   h_.ExeCmd(u"xMax=" + TxVar(Var(NuDbl(def_.DimX) / kTwp)), ok);
   h_.ExeCmd(u"yMax=" + TxVar(Var(NuDbl(def_.DimY) / kTwp)), ok);
@@ -408,6 +424,55 @@ void Chk::Calc() {
       z.pri.push_back(TxVar(r));
     }
   }
+  if (Puro()) {
+    std::vector<Tx> v = Vals();
+    fixo_ = verPas_ == ver_ && v == vals_;
+    vals_ = std::move(v);
+  }
+  verPas_ = ver_;
+}
+
+// Whether every statement of the calculation reads nothing but numbers, texts,
+// operators and the calculation's own names (none of them a procedure of the
+// program): then a pass depends on those names alone and has no other effect.
+bool Chk::Puro() {
+  if (verPuro_ == ver_) return puro_;
+  verPuro_ = ver_;
+  puro_ = false;
+  std::unordered_set<Tx> nom{u"XMAX", u"YMAX"};
+  for (size_t i = 1; i < zc_.size(); i++)
+    for (const Tx& n : zc_[i].nom) nom.insert(TxMai(n));
+  static const vbs::Kw kOpe[] = {vbs::kAnd, vbs::kOr, vbs::kNot, vbs::kMod, vbs::kXor, vbs::kEqv, vbs::kImp,
+                                 vbs::kTrue, vbs::kFalse, vbs::kEmpty, vbs::kNull};
+  for (size_t i = 1; i < zc_.size(); i++)
+    for (const Tx& stm : zc_[i].stm) {
+      std::vector<vbs::Tok> t;
+      try {
+        t = vbs::Lex(stm);
+      } catch (const vbs::Fault&) {
+        return false;
+      }
+      for (const vbs::Tok& k : t) {
+        bool ok = k.k == vbs::tNum || k.k == vbs::tStr || k.k == vbs::tDate || k.k == vbs::tNl || k.k == vbs::tEof ||
+                  (k.k == vbs::tOp && k.op != u'.') ||
+                  (k.k == vbs::tKw && std::find(std::begin(kOpe), std::end(kOpe), k.kw) != std::end(kOpe)) ||
+                  (k.k == vbs::tId && nom.count(TxMai(k.s)) && !sc_->Procedure(k.s));
+        if (!ok) return false;
+      }
+    }
+  return puro_ = true;
+}
+
+// The values of the calculation's names, with their kinds.
+std::vector<Tx> Chk::Vals() {
+  std::vector<Tx> v;
+  for (size_t i = 1; i < zc_.size(); i++)
+    for (const Tx& n : zc_[i].nom) {
+      Var r;
+      h_.ExeCalcRes(n, r);
+      v.push_back(TxAsc(std::to_string(int(r.Tipo()))) + u":" + TxVar(r));
+    }
+  return v;
 }
 
 // A procedure named by the file, and the arguments the wizard calls it with.
