@@ -174,9 +174,7 @@ void ZunWizAsp::PagEnt(int idx, const Tx& ide) {
 // end at once, or the script's verdict.
 void ZunWizAsp::End() {
   if (AspGanAct().End) AspGanAct().End();
-  const int st = ZunWizSai(kSaiEnd, "zunwiz");
-  std::fflush(nullptr);
-  std::_Exit(st);
+  ZunWizFim(ZunWizSai(kSaiEnd, "zunwiz"));
 }
 
 void ZunWizAsp::FrmPrep(const Tx& pal, int16_t& st) {

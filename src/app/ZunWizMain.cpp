@@ -1,9 +1,11 @@
 // The start-up sequence.
 #include "ZunWizMain.h"
 #include <QApplication>
+#include <stdlib.h>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include "Ata.h"
 #include "DbgFx.h"
 #include "FicGlb.h"
 #include "GlbMsg.h"
@@ -25,6 +27,8 @@ MsgDlgQt gDlgQt;
 ShfPrgQt gPrgQt;
 int gSai = 0;     // what the start-up reached: 0, or kSaiCri
 TntErr gTntErr;  // the last attempt's failure
+Ata gAta;        // the install record, open when the run is recorded
+const char* gAtaPrg = "zunwiz";
 
 // Closes every top-level window of the program; each pass closes what the one
 // before it left open or opened anew.
@@ -34,6 +38,38 @@ void FrmFimQt(int) {
     if (w->isVisible()) w->close();
 }
 }  // namespace
+
+int ZunWizAtaIni(const char* fic, const char* guarda, const char* prog) {
+  gAtaPrg = prog;
+  Tx fpa;
+  int16_t exi = 0;
+  WizFpaCon(fpa, exi);
+  std::string porque;
+  if (int e = gAta.Abre(fic, guarda ? guarda : "", AtaAbs(FicNat(fpa)), prog, porque)) {
+    (void)e;
+    std::fprintf(stderr, "%s: cannot write the record %s\n", prog, porque.c_str());
+    return kSaiTrc;
+  }
+  // The verdict file is the program's own: a script that writes it changes nothing.
+  if (const char* res = std::getenv(kResVar)) gAta.ProprioAdi(res);
+  gAta.falha = [](const std::string& pq) {
+    std::fprintf(stderr, "%s: cannot write the record: %s\n", gAtaPrg, pq.c_str());
+    ResFim();
+    std::fflush(nullptr);
+    std::_Exit(kSaiTrc);
+  };
+  AtaDef(&gAta);
+  // Every exit() of the process, the return from main too, writes the end line
+  // with its status; the ends at once go through ZunWizFim.
+  on_exit([](int st, void*) { gAta.Fim(st); }, nullptr);
+  return 0;
+}
+
+void ZunWizFim(int st) {
+  gAta.Fim(st);
+  std::fflush(nullptr);
+  std::_Exit(st);
+}
 
 void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
   DirExe = dirExe;
@@ -124,8 +160,7 @@ void WizFpaPrp() {
   if (exi != 1) {
     MsgErr(u"Wizzard", u"Não foi encontrado o ficheiro de opções.||Ficheiro: " + fpa, 0);
     ResFim();
-    std::fflush(nullptr);
-    std::_Exit(kSaiFpa);
+    ZunWizFim(kSaiFpa);
   }
   const tWizDir d = WizDirDe(fpa, LinCmd);
   WizFpa = d.Fpa;

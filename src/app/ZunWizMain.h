@@ -15,7 +15,7 @@ constexpr int kSaiRsp = 3;  // the answers do not fit the wizard (zunwiz-run)
 constexpr int kSaiEnd = 4;  // the process ended at once ("End")
 constexpr int kSaiCri = 5;  // the wizard could not be built: every attempt failed
 constexpr int kSaiTmp = 6;  // a script call went past its time limit (zunwiz-run)
-constexpr int kSaiTrc = 7;  // the trace or the shots could not be written (zunwiz-run)
+constexpr int kSaiTrc = 7;  // the trace, the shots or the install record could not be written
 constexpr int kSaiFal = 8;  // the script's verdict: the install failed
 constexpr int kSaiCan = 9;  // the script's verdict: cancelled
 constexpr int kSaiRec = 10; // the script's verdict: the licence was refused
@@ -42,6 +42,15 @@ int ZunWizCic();
 // and trc, when given, gets the trace's closing line: "end build ..." or
 // "result WORD ...".
 int ZunWizSai(int st, const char* prog, const std::function<void(const Tx&)>& trc = {});
+
+// The install record of the run (--record FILE, --keep-replaced DIR): opened for
+// the option file of the command line, after ZunWizPrp, and ended with the run's
+// exit status by ZunWizFim or by the process's exit. prog names the tool in the
+// record and in messages. 0, or kSaiTrc with the reason said on standard error. A
+// line that cannot be written later ends the run with kSaiTrc.
+int ZunWizAtaIni(const char* fic, const char* guarda, const char* prog);
+// Ends the process with st at once, the record's end line written first.
+[[noreturn]] void ZunWizFim(int st);
 
 void WizMain();
 void WizRegRaiz();

@@ -197,8 +197,7 @@ struct Run final : MsgDlg {
   [[noreturn]] static void Falha(const std::string& porque) {
     std::fprintf(stderr, "zunwiz-run: %s\n", porque.c_str());
     ResFim();
-    std::fflush(nullptr);
-    std::_Exit(kSaiTrc);
+    ZunWizFim(kSaiTrc);
   }
 
   Tx Pag() const {
@@ -216,8 +215,7 @@ struct Run final : MsgDlg {
                     TxUtf8(porque) + "\n";
     std::fputs(m.c_str(), stderr);
     ResFim();
-    std::fflush(nullptr);
-    std::_Exit(kSaiRsp);
+    ZunWizFim(kSaiRsp);
   }
 
   // The next answer. A line that is no answer at all does not fit; typed at a
@@ -586,9 +584,7 @@ void ZunWizRunIni(const RunOpc& opc) {
   g.Unload = [](ZunWizAsp&) { gRun->Unload(); };
   g.End = [] {
     gRun->Trc(u"end exit");
-    const int st = ZunWizSai(kSaiEnd, "zunwiz-run", [](const Tx& l) { gRun->Trc(l); });
-    std::fflush(nullptr);
-    std::_Exit(st);
+    ZunWizFim(ZunWizSai(kSaiEnd, "zunwiz-run", [](const Tx& l) { gRun->Trc(l); }));
   };
   // A script call past the time limit ends the run there: a wizard stuck in a loop
   // would otherwise hold the run for ever.
@@ -600,8 +596,7 @@ void ZunWizRunIni(const RunOpc& opc) {
     if (r.lin > 0) m += ", option file line " + std::to_string(r.lin);
     std::fprintf(stderr, "%s\n", m.c_str());
     ResFim();
-    std::fflush(nullptr);
-    std::_Exit(kSaiTmp);
+    ZunWizFim(kSaiTmp);
   });
 }
 

@@ -1,5 +1,5 @@
 // zunwiz: runs the wizard of an option file.
-//   zunwiz [-FP optionfile] [KEY=value ...]
+//   zunwiz [--record FILE [--keep-replaced DIR]] [-FP optionfile] [KEY=value ...]
 #include <QApplication>
 #include <QLocale>
 #include <cstdio>
@@ -16,15 +16,35 @@ int main(int argc, char** argv) {
   }
   if (argc == 2 && !std::strcmp(argv[1], "--help")) {
     std::fputs(
-        "usage: zunwiz [-FP optionfile] [KEY=value ...]\n"
+        "usage: zunwiz [--record FILE [--keep-replaced DIR]] [-FP optionfile] [KEY=value ...]\n"
         "Runs the wizard of an option file; without -FP, ZunWiz.par beside the program.\n"
         "KEY=value words override the file's options.\n"
         "\n"
-        "Exit status: 0 the wizard ended normally; 2 the option file is missing;\n"
-        "4 the process ended at once; 5 the wizard could not be built; the script's\n"
-        "verdict: 8 the install failed, 9 cancelled, 10 the licence refused.\n",
+        "  --record FILE        append to FILE, as JSON lines, each change the run makes\n"
+        "                       to the machine, for zunwiz-undo(1) to take back\n"
+        "  --keep-replaced DIR  with --record: a copy of each file replaced or deleted\n"
+        "                       is kept in DIR first, so that undo can put it back\n"
+        "\n"
+        "Exit status: 0 the wizard ended normally; 1 the command line does not fit;\n"
+        "2 the option file is missing; 4 the process ended at once; 5 the wizard could\n"
+        "not be built; 7 the record could not be written; the script's verdict:\n"
+        "8 the install failed, 9 cancelled, 10 the licence refused.\n",
         stdout);
     return 0;
+  }
+  // The record's options come first; the words after them are the wizard's.
+  const char* ata = nullptr;
+  const char* guarda = nullptr;
+  int i = 1;
+  for (; i + 1 < argc; i += 2) {
+    if (!std::strcmp(argv[i], "--record")) ata = argv[i + 1];
+    else if (!std::strcmp(argv[i], "--keep-replaced")) guarda = argv[i + 1];
+    else break;
+  }
+  if ((i < argc && (!std::strcmp(argv[i], "--record") || !std::strcmp(argv[i], "--keep-replaced"))) ||
+      (guarda && !ata)) {
+    std::fputs("zunwiz: --record takes a file, and --keep-replaced a folder with --record\n", stderr);
+    return 1;
   }
   QApplication app(argc, argv);
   // The boxes' buttons in the user's language, from Qt's own translations.
@@ -32,10 +52,12 @@ int main(int argc, char** argv) {
   // The command line as one text, the words joined by blanks: the start-up
   // splits it again at blanks, and quotes have no meaning there.
   zw::Tx lin;
-  for (int i = 1; i < argc; i++) {
-    if (i > 1) lin += u' ';
-    lin += zw::TxDeUtf8(argv[i]);
+  for (int k = i; k < argc; k++) {
+    if (k > i) lin += u' ';
+    lin += zw::TxDeUtf8(argv[k]);
   }
   zw::ZunWizPrp(zw::TxQs(QCoreApplication::applicationDirPath()), lin);
+  if (ata)
+    if (int e = zw::ZunWizAtaIni(ata, guarda, "zunwiz")) return e;
   return zw::ZunWizSai(zw::ZunWizCic(), "zunwiz");
 }

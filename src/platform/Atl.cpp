@@ -140,6 +140,7 @@ int AtlGra(const Tx& lnk, const Atl& s, bool url) {
   std::string txt = AtlTx(s, nome, url);
   if (int e = DirCriMod(dir, 0755)) return e;
   FicGra g;
+  g.ata = 'L';
   if (int e = g.Abre(f, 'O', DirEspMes(dir) ? 0755 : 0644)) return e;
   if (int e = g.Grava(txt)) {
     g.Desiste();

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <ctime>
 #include <vector>
+#include "Ata.h"
 #include "FicGlb.h"
 #include "GlbMsg.h"
 #include "TxtGlb.h"
@@ -72,6 +73,8 @@ int CmpRegLib(const Tx& fic, int acao) {
   if (r == 0) {
     delete t;
     dlclose(lib);
+    // The component's own code ran in this process: for the record, a program run.
+    AtaPgmFim(0, 0, (acao == 1 ? u"DllRegisterServer " : u"DllUnregisterServer ") + TxDeUtf8(AtaAbs(nat)));
     return acao == 1 ? 4 : 5;
   }
   // The component hangs: the wizard's thread gives up with the still-active code,

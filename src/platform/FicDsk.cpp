@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <map>
+#include "Ata.h"
 #include "DbgFx.h"
 #include "FicGlb.h"
 #include "PrcExe.h"
@@ -247,7 +248,7 @@ void FicEli(const Tx& path, int& res) {
     res = kErrPerm;
     return;
   }
-  res = unlink(n.c_str()) == 0 ? 0 : FicErrNat(errno, n);
+  res = AtaFicEli(n) == 0 ? 0 : FicErrNat(errno, n);
 }
 
 // The one-file copy of the shell's file operation: the copy is this process's
@@ -274,7 +275,7 @@ void FicRen(const Tx& velho, const Tx& novo, int& res) {
     res = kErrFicExi;
     return;
   }
-  res = rename(o.c_str(), d.c_str()) == 0 ? 0 : FicErrNat(errno, d);
+  res = AtaRen(o, d) == 0 ? 0 : FicErrNat(errno, d);
 }
 
 // One folder; one that exists already is 75, as the file layer reports it.
@@ -283,7 +284,7 @@ void DirCri(const Tx& path, int& res) {
   std::string n = FicNat(path, &e);
   if (e) { res = e; return; }
   if (n.empty()) { res = kErrDirNao; return; }
-  if (mkdir(n.c_str(), 0777) == 0) {
+  if (AtaDirCri(n, 0777) == 0) {
     res = 0;
     return;
   }

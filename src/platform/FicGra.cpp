@@ -132,14 +132,14 @@ int DirCriMod(const std::string& nat, mode_t modo) {
   if (pai != p && pai != "." && pai != "/") {
     if (int e = DirCriMod(pai, modo)) return e;
   }
-  if (mkdir(p.c_str(), modo) != 0 && errno != EEXIST) return FicErrNat(errno, p);
+  if (AtaDirCri(p, modo) != 0 && errno != EEXIST) return FicErrNat(errno, p);
   return stat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode) ? 0 : kErrAces;
 }
 
 int DirPrv(const std::string& nat, mode_t modo) {
   std::string pai = Pasta(nat);
   if (int e = DirCriMod(pai, modo)) return e;
-  if (mkdir(nat.c_str(), modo) != 0 && errno != EEXIST) return FicErrNat(errno, nat);
+  if (AtaDirCri(nat, modo) != 0 && errno != EEXIST) return FicErrNat(errno, nat);
   struct stat st;
   if (lstat(nat.c_str(), &st) != 0) return FicErrNat(errno, nat);
   if (!S_ISDIR(st.st_mode) || st.st_uid != geteuid() || (st.st_mode & (S_IWGRP | S_IWOTH))) return kErrPerm;
@@ -150,7 +150,28 @@ FicGra::~FicGra() {
   if (hold_ >= 0) Desiste();
 }
 
+// With a record, the original's mode and owner are kept for its line, and an
+// append keeps its copy now, before the first byte is written to it.
 int FicGra::Abre(const std::string& nat, char modo, mode_t novo) {
+  int e = AbreInt(nat, modo, novo);
+  ant_ = AtaAnt();
+  struct stat st;
+  if (e || !ata || !AtaLig() || novo_ || fstat(hold_, &st) != 0) return e;
+  ant_.ha = ant_.reg = true;
+  ant_.modo = st.st_mode;
+  ant_.uid = st.st_uid;
+  ant_.gid = st.st_gid;
+  if (modo_ == 'A') Guarda();
+  return 0;
+}
+
+// The kept copy of the original's content, when the record keeps copies.
+void FicGra::Guarda() {
+  Ata* r = AtaAct();
+  if (r && ant_.ha && r->Guarda()) ant_.guardado = r->Guarda(hold_, tam0_, alvo_);
+}
+
+int FicGra::AbreInt(const std::string& nat, char modo, mode_t novo) {
   if (hold_ >= 0) return kErrFicAbe;
   SemSinalTam();
   Limpa();
@@ -246,6 +267,7 @@ void FicGra::Limpa() {
   erro_ = 0;
   tam0_ = 0;
   alvo_.clear(), tmpNom_.clear(), buf_.clear();
+  ant_ = AtaAnt();
 }
 
 int FicGra::Fecha() { return Acaba(false); }
@@ -254,6 +276,8 @@ int FicGra::Fecha() { return Acaba(false); }
 int FicGra::Acaba(bool desiste) {
   if (hold_ < 0) return kErrNumFic;
   int e = desiste ? kErrIO : erro_;
+  bool nota = ata && AtaLig();
+  if (nota && !e && modo_ != 'A') Guarda();
   if (modo_ == 'A') {
     if (e) (void)!ftruncate(hold_, off_t(tam0_));
   } else if (memoria_) {
@@ -282,6 +306,11 @@ int FicGra::Acaba(bool desiste) {
     else SincPasta(alvo_);
   }
   if (e && novo_) unlink(alvo_.c_str());
+  if (nota && e) {
+    if (!ant_.guardado.empty()) unlink(ant_.guardado.c_str());
+  } else if (nota) {
+    AtaEscrito(ant_, alvo_, modo_ == 'O' && !memoria_ ? -1 : hold_, ata);
+  }
   if (close(hold_) != 0 && !e && modo_ == 'A') e = ErrGra(errno);
   Limpa();
   return desiste ? 0 : e;

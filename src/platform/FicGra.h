@@ -30,6 +30,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include "Ata.h"
 
 namespace zw {
 
@@ -81,11 +82,16 @@ class FicGra {
   void Desiste();
 
   bool Aberto() const { return hold_ >= 0; }
+  // What the install record notes of a write that succeeds: 'F' a file created or
+  // replaced, 'L' a launcher, 0 nothing (the registry notes its values instead).
+  char ata = 'F';
   int64_t TamIni() const { return tam0_; }  // the length the file had at the open
   int Fd() const { return hold_; }           // the original, for reading its head
 
  private:
+  int AbreInt(const std::string& nat, char modo, mode_t novo);
   int Acaba(bool desiste);
+  void Guarda();
   void Limpa();
   char modo_ = 0;
   int hold_ = -1;         // the original, held with flock
@@ -95,6 +101,7 @@ class FicGra {
   int erro_ = 0;
   int64_t tam0_ = 0;
   std::string alvo_, tmpNom_, buf_;
+  AtaAnt ant_;  // the original, for the install record
 };
 
 }  // namespace zw

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <memory>
+#include "Ata.h"
 #include "DbgFx.h"
 #include "FicGlb.h"
 #include "FicGra.h"
@@ -34,6 +35,11 @@ struct Arq {
   std::string linByt;  // input: the bytes of the line read last
   Cod cod = Cod::W1252;
   bool escrito = false;
+  // binary, for the install record: the file's path, what it was, and whether
+  // this open made it or wrote to it
+  std::string alvo;
+  AtaAnt ant;
+  bool mudou = false;
 };
 Arq gArq[kFicNumMax + 1];
 
@@ -70,9 +76,10 @@ int Abre(int num, const Tx& path, char m, bool ler = true) {
     std::string alvo;
     if (int e = FicAlvo(n, alvo)) return e;
     int fd = -1;
+    bool criado = false;
     for (int i = 0; fd < 0 && i < 2; i++) {
       fd = open(alvo.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
-      if (fd < 0 && errno == ENOENT) fd = FicCriNov(alvo, O_RDWR | O_NONBLOCK);
+      if (fd < 0 && errno == ENOENT) criado = (fd = FicCriNov(alvo, O_RDWR | O_NONBLOCK)) >= 0;
       if (fd < 0 && errno != EEXIST && errno != ENOENT) break;
     }
     if (fd < 0) {
@@ -90,6 +97,12 @@ int Abre(int num, const Tx& path, char m, bool ler = true) {
     fcntl(fd, F_SETFL, fcntl(fd, F_GETFL) & ~O_NONBLOCK);
     a.escrito = st.st_size > 0;
     a.fd = fd;
+    if (AtaLig()) {
+      a.alvo = alvo;
+      a.ant.ha = a.ant.reg = !criado;
+      a.ant.modo = st.st_mode, a.ant.uid = st.st_uid, a.ant.gid = st.st_gid;
+      a.mudou = criado;
+    }
   } else {
     // A file open for writing is held: another writer, in this process or another,
     // gets "Permission denied" until it is closed, as on the system the wizards
@@ -223,6 +236,10 @@ int FicBytGra(int num, std::string_view b) {
   std::string_view w = b;
   if (!m.empty()) w = (m += b);
   if (a->gra) return a->gra->Grava(w);
+  if (!a->alvo.empty() && !a->mudou) {  // the record's copy, before the first change
+    a->mudou = true;
+    if (Ata* r = AtaAct()) a->ant.guardado = r->Guarda(a->fd, -1, a->alvo);
+  }
   for (size_t k = 0; k < w.size();) {
     ssize_t r = write(a->fd, w.data() + k, w.size() - k);
     if (r < 0 && errno == EINTR) continue;
@@ -255,6 +272,7 @@ int FicFec(int num) {
   if (!a) return kErrNumFic;
   int r = 0;
   if (a->gra) r = a->gra->Fecha();
+  if (a->mudou) AtaEscrito(a->ant, a->alvo, a->fd);
   if (a->fd >= 0 && close(a->fd) != 0) r = errno == ENOSPC ? kErrDisco : kErrIO;
   *a = Arq();
   return r;

@@ -4,10 +4,12 @@
 #include <dirent.h>
 #include <pwd.h>
 #include <unistd.h>
+#include <sys/stat.h>
 #include <algorithm>
 #include <cstdlib>
 #include <map>
 #include <vector>
+#include "Ata.h"
 #include "FicGlb.h"
 #include "FicGra.h"
 #include "FicLer.h"
@@ -297,6 +299,7 @@ int Grava(const std::string& f, const Reg& r, mode_t modo, mode_t modoDir) {
   if (k != std::string::npos && k > 0)
     if (int e = DirCriMod(f.substr(0, k), modoDir)) return e;
   FicGra g;
+  g.ata = 0;  // the record notes values and keys, not the file's bytes
   if (int e = g.Abre(f, 'O', modo)) return e;
   if (int e = g.Grava(b)) {
     g.Desiste();
@@ -308,16 +311,46 @@ int Grava(const std::string& f, const Reg& r, mode_t modo, mode_t modoDir) {
 // Reads the file a root is written to, changes it, and writes it back; the
 // user's file is kept private (0600 in a 0700 folder), the machine-wide one
 // readable by all (0644 in 0755). 0, or the file layer's error with porque set.
+// muda also gets the install record's lines of its change, which go out once the
+// file is written, each naming the file; a file that the write made is noted
+// before them.
 template <class F>
 int Altera(int32_t raiz, F muda, Tx* porque) {
   std::string f = RegFicGra(raiz);
   Reg r;
   Carrega(f, r);
-  if (!muda(r)) return -1;
+  std::vector<AtaLin> notas;
+  if (!muda(r, notas)) return -1;
   bool usu = raiz == kHkcu && gFic.empty();
+  struct stat st;
+  bool novo = AtaLig() && lstat(f.c_str(), &st) != 0;
   int e = Grava(f, r, usu ? 0600 : 0644, usu ? 0700 : 0755);
   if (e && porque) *porque = Porque(f, e, raiz);
+  if (!e && AtaLig()) {
+    if (novo) AtaEscrito(AtaAnt(), f, -1, 'R');
+    std::string abs = AtaAbs(f);
+    for (AtaLin& l : notas) AtaAct()->Gra(l.Txt("file", abs));
+  }
   return e;
+}
+
+// The record's line of a value that a change takes away: its text, or the raw
+// text after "=" of a value that is not text.
+void NotaAnt(AtaLin& l, const Val* v) {
+  if (!v) {
+    l.Nulo("previous");
+    return;
+  }
+  l.Txt("previous", v->v);
+  if (!v->txt) l.Sim("raw", true);
+}
+
+const Val* ValAcha(const Reg& r, const Tx& chave, const Tx& nome) {
+  auto it = r.ch.find(TxMai(chave));
+  if (it == r.ch.end()) return nullptr;
+  for (const Val& v : it->second.vals)
+    if (TxIgual(v.nome, nome)) return &v;
+  return nullptr;
 }
 
 Tx ChvDe(int32_t raiz, const Tx& path) {
@@ -359,7 +392,17 @@ Tx RegVarLer(int32_t raiz, const Tx& path, const Tx& nome) {
 bool RegVarGra(int32_t raiz, const Tx& path, const Tx& nome, const Tx& tx, Tx* porque) {
   Tx k = ChvDe(raiz, u"\\" + path);
   if (k.empty()) return false;
-  return Altera(raiz, [&](Reg& r) { Poe(r, k, Val{nome, true, tx}); return true; }, porque) == 0;
+  return Altera(raiz, [&](Reg& r, std::vector<AtaLin>& n) {
+    if (AtaLig()) {
+      if (!r.ch.count(TxMai(k))) n.push_back(AtaLin("key-created").Txt("key", k));
+      AtaLin l("reg-set");
+      l.Txt("key", k).Txt("name", nome).Txt("value", tx);
+      NotaAnt(l, ValAcha(r, k, nome));
+      n.push_back(l);
+    }
+    Poe(r, k, Val{nome, true, tx});
+    return true;
+  }, porque) == 0;
 }
 
 // Only the file writes go to is changed: a value or key that another machine-wide
@@ -367,9 +410,13 @@ bool RegVarGra(int32_t raiz, const Tx& path, const Tx& nome, const Tx& tx, Tx* p
 int RegVarEli(int32_t raiz, const Tx& path, const Tx& nome, Tx* porque) {
   Tx k = ChvDe(raiz, path);
   if (k.empty()) return 0;
-  int e = Altera(raiz, [&](Reg& r) {
+  int e = Altera(raiz, [&](Reg& r, std::vector<AtaLin>& notas) {
     auto it = r.ch.find(TxMai(k));
     if (it == r.ch.end()) return false;
+    if (const Val* v = ValAcha(r, k, nome); v && AtaLig()) {
+      notas.push_back(AtaLin("reg-deleted").Txt("key", it->second.nome).Txt("name", v->nome));
+      NotaAnt(notas.back(), v);
+    }
     auto& vs = it->second.vals;
     size_t n = vs.size();
     vs.erase(std::remove_if(vs.begin(), vs.end(), [&](const Val& x) { return TxIgual(x.nome, nome); }), vs.end());
@@ -381,10 +428,20 @@ int RegVarEli(int32_t raiz, const Tx& path, const Tx& nome, Tx* porque) {
 int RegChvEli(int32_t raiz, const Tx& path, Tx* porque) {
   Tx k = ChvDe(raiz, path);
   if (k.empty() || k == RaizNome(raiz)) return 0;  // a root is never removed
-  int e = Altera(raiz, [&](Reg& r) {
-    size_t n = r.ch.size();
+  int e = Altera(raiz, [&](Reg& r, std::vector<AtaLin>& n) {
+    Tx km = TxMai(k);
+    for (const Tx& o : r.ordem) {  // each key that goes, and its values
+      if (!AtaLig() || (o != km && o.rfind(km + u"\\", 0) != 0)) continue;
+      const Chave& c = r.ch.at(o);
+      n.push_back(AtaLin("key-deleted").Txt("key", c.nome));
+      for (const Val& v : c.vals) {
+        n.push_back(AtaLin("reg-deleted").Txt("key", c.nome).Txt("name", v.nome));
+        NotaAnt(n.back(), &v);
+      }
+    }
+    size_t antes = r.ch.size();
     Tira(r, k);
-    return r.ch.size() != n;
+    return r.ch.size() != antes;
   }, porque);
   return e == 0 ? 1 : e < 0 ? 0 : -1;
 }

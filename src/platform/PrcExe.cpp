@@ -11,6 +11,7 @@
 #include <map>
 #include <string>
 #include <thread>
+#include "Ata.h"
 #include "FicGlb.h"
 #include "FicInf.h"
 #include "TxtGlb.h"
@@ -32,6 +33,7 @@ void Colhe() {
     pid_t r = waitpid(it->first, &st, WNOHANG);
     if (r == it->first) {
       gFins[it->first] = Codigo(st);
+      AtaPgmFim(r, Codigo(st));
       it = gVivos.erase(it);
     } else if (r < 0 && errno == ECHILD) {
       it = gVivos.erase(it);
@@ -49,6 +51,33 @@ bool Branco(char16_t c) { return c == u' ' || c == u'\t'; }
 void Fecha(int (&p)[2]) {
   for (int& f : p)
     if (f >= 0) close(f), f = -1;
+}
+
+// A command line of the words, for the install record: a word with a blank, a tab
+// or a quote, or an empty one, in quotes, its quotes escaped (PrcPal's rules).
+Tx Linha(const Tx& prog, const std::vector<Tx>& args) {
+  Tx r = prog.empty() || prog.find_first_of(u" \t") != Tx::npos ? u'"' + prog + u'"' : prog;
+  for (const Tx& w : args) {
+    r += u' ';
+    if (!w.empty() && w.find_first_of(u" \t\"") == Tx::npos) {
+      r += w;
+      continue;
+    }
+    r += u'"';
+    size_t barras = 0;
+    for (char16_t c : w) {
+      if (c == u'\\') {
+        barras++;
+      } else {
+        if (c == u'"') r.append(barras + 1, u'\\');
+        barras = 0;
+      }
+      r += c;
+    }
+    r.append(barras, u'\\');
+    r += u'"';
+  }
+  return r;
 }
 
 // The start itself: with tub, the child's streams go to three new pipes whose
@@ -110,6 +139,7 @@ int Lanca(const Tx& prog, const std::vector<Tx>& args, int& pid, PrcTub* tub) {
   }
   pid = int(id);
   gVivos[pid] = -1;
+  if (AtaLig()) AtaPgm(Linha(prog, args), pid);
   return 0;
 }
 }  // namespace
@@ -199,6 +229,7 @@ Tx PrcEsp(int pid, int ms, int& cod) {
     if (r == pid) {
       gVivos.erase(pid);
       cod = Codigo(st);
+      AtaPgmFim(pid, cod);
       return u"NOR";
     }
     if (r < 0 && errno != EINTR) {

@@ -6,6 +6,7 @@
 #include <unistd.h>
 #include <filesystem>
 #include <string>
+#include "Ata.h"
 #include "FicGlb.h"
 #include "Prt.h"
 #include "TxtGlb.h"
@@ -130,6 +131,16 @@ bool PorDirCnf(const struct stat& d, bool ultimo) {
   return !ultimo && (d.st_mode & S_ISVTX);
 }
 
+// The path of the name c in the folder held open as dir, for the install record:
+// the folder as the kernel names it, else reserva.
+std::string CamFd(int dir, const std::string& c, const std::string& reserva) {
+  char b[4096];
+  ssize_t n = readlink(("/proc/self/fd/" + std::to_string(dir)).c_str(), b, sizeof b - 1);
+  if (n <= 0) return reserva;
+  std::string d(b, size_t(n));
+  return (d == "/" ? "" : d) + "/" + c;
+}
+
 // Makes a port's file safe to hand to the scheduler, which writes into it with
 // its own rights. The path is walked from "/" through folders held open, so that
 // none can be swapped while it is checked: every folder must pass PorDirCnf, a
@@ -174,11 +185,16 @@ int PorPrp(const Tx& nome, bool criaDir) {
       if (ultimo) {
         int fd = openat(dir, c.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, 0644);
         if (fd < 0) return Fim(errno == EEXIST ? kErrPerm : FicErrNat(errno, nat));
+        if (AtaLig()) AtaEscrito(AtaAnt(), CamFd(dir, c, abs.string()), fd);
         close(fd);
         return Fim(0);
       }
       if (!criaDir) return Fim(kErrDirNao);
-      if (mkdirat(dir, c.c_str(), 0755) != 0 && errno != EEXIST) return Fim(FicErrNat(errno, nat));
+      if (mkdirat(dir, c.c_str(), 0755) == 0) {
+        if (AtaLig()) AtaPstCri(CamFd(dir, c, c));
+      } else if (errno != EEXIST) {
+        return Fim(FicErrNat(errno, nat));
+      }
       if (fstatat(dir, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return Fim(kErrAces);
     }
     if (S_ISLNK(st.st_mode)) {
@@ -269,9 +285,12 @@ void PrtExi(const Tx& nome, int& flag) {
   flag = Tem(tab, PrtNomFila(nome));
 }
 
+// With a record, a queue that was not there before is noted as added.
 void PrtAdi(const Tx& nome, const Tx& drv, const Tx& por, long atr, int& ok) {
   (void)atr;  // a queue on a file is local and direct whatever the flags say
   ok = 0;
+  int havia = 0;
+  if (AtaLig()) PrtExi(nome, havia);
   std::string fila = TxUtf8(PrtNomFila(nome));
   int e = 0;
   std::string nat = FicNat(TxTrim(por), &e);
@@ -296,8 +315,10 @@ void PrtAdi(const Tx& nome, const Tx& drv, const Tx& por, long atr, int& ok) {
   if (ipp_t* r = Pede(req, "/admin/")) {
     ok = 1;
     ippDelete(r);
+    if (!havia) AtaPrt(TxDeUtf8(fila));
   }
 }
+
 
 Tx PrtErrTx(long num) {
   std::string s = ippErrorString(ipp_status_t(num));

@@ -10,6 +10,7 @@
 #include <thread>
 #include "DbgFx.h"
 #include "FicGlb.h"
+#include "Ata.h"
 #include "FicGra.h"
 #include "GlbMsg.h"
 #include "PrcExe.h"
@@ -209,7 +210,7 @@ int SupLogReg::Abre(Reg& r) {
   if (k != std::string::npos && k > 0 && DirCriMod(fic.substr(0, k), 0755) != 0) return 0;
   for (const std::string* f : {&lck, &fic}) {
     int fd = FicCriNov(*f, O_WRONLY, 0644);
-    if (fd >= 0) close(fd);
+    if (fd >= 0) AtaEscrito(AtaAnt(), *f), close(fd);
   }
   int n = 0;
   for (int i = 0; i < 20; i++) {

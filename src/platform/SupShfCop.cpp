@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <random>
+#include "Ata.h"
 #include "FicGlb.h"
 #include "SupShf.h"
 #include "SupShfInt.h"
@@ -210,8 +211,14 @@ int CopFic(int fi, const struct stat& st, const PstDes& p, const std::string& no
   int r = CopDad(fi, fo, st.st_size, d, av, c.modo);
   if (r == 0) Marca(fo, st, p, c);
   if (close(fo) != 0 && r == 0) r = FicErrNat(errno, d);
+  AtaAnt a = r == 0 ? AtaAntes(p.fd, nom) : AtaAnt();  // what the rename takes the place of
   if (r == 0 && renameat(p.fd, tmp.c_str(), p.fd, nom.c_str()) != 0) r = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
-  if (r != 0) unlinkat(p.fd, tmp.c_str(), 0);
+  if (r != 0) {
+    unlinkat(p.fd, tmp.c_str(), 0);
+    if (!a.guardado.empty()) unlink(a.guardado.c_str());
+  } else {
+    AtaEscrito(a, d);
+  }
   return r;
 }
 
@@ -230,11 +237,14 @@ int CopLnk(int fdo, const std::string& nomO, const std::string& o, const struct 
   }
   struct timespec t[2] = {st.st_atim, st.st_mtim};
   utimensat(p.fd, tmp.c_str(), t, AT_SYMLINK_NOFOLLOW);
+  AtaAnt a = AtaAntes(p.fd, nom);
   if (renameat(p.fd, tmp.c_str(), p.fd, nom.c_str()) != 0) {
     int r = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
     unlinkat(p.fd, tmp.c_str(), 0);
+    if (!a.guardado.empty()) unlink(a.guardado.c_str());
     return r;
   }
+  AtaEscrito(a, d);
   return 0;
 }
 

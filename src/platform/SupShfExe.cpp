@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <utility>
 #include <vector>
+#include "Ata.h"
 #include "FicGlb.h"
 #include "GlbMsg.h"
 #include "SupShf.h"
@@ -131,7 +132,7 @@ int CriaPastas(const std::string& p) {
     int r = CriaPastas(pai);
     if (r) return r;
   }
-  if (mkdir(p.c_str(), 0777) == 0 || errno == EEXIST) return 0;
+  if (AtaDirCri(p, 0777) == 0 || errno == EEXIST) return 0;
   return FicErrNat(errno, p);
 }
 
@@ -393,6 +394,7 @@ class Run {
     }
     auto nomes = ListaTip(h);
     bool nova = mkdirat(p.fd, nom.c_str(), 0700) == 0;
+    if (nova) AtaPstCri(pd);
     int fdd = nova || errno == EEXIST ? AbreDir(p.fd, nom) : -1;
     if (fdd < 0) {
       int e = errno;
@@ -436,11 +438,11 @@ class Run {
         int r = Mov(Junta(o, n), Junta(d, n));
         if (r) return r;
       }
-      return rmdir(o.c_str()) == 0 ? 0 : FicErrNat(errno, o);
+      return AtaDirEli(o) == 0 ? 0 : FicErrNat(errno, o);
     }
     itens_++;
     if (!Passo(o, d, 0)) return -1;
-    if (rename(o.c_str(), d.c_str()) == 0) return 0;
+    if (AtaRen(o, d) == 0) return 0;
     if (errno != EXDEV) return FicErrNat(errno, d);
     itens_--;
     int64_t antes = saltados_;
@@ -468,9 +470,9 @@ class Run {
         int r = Apaga(f);
         if (r) return r;
       }
-      return rmdir(o.c_str()) == 0 ? 0 : FicErrNat(errno, o);
+      return AtaDirEli(o) == 0 ? 0 : FicErrNat(errno, o);
     }
-    return unlink(o.c_str()) == 0 ? 0 : FicErrNat(errno, o);
+    return AtaFicEli(o) == 0 ? 0 : FicErrNat(errno, o);
   }
 
   SupShf& s_;

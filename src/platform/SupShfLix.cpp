@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include "Ata.h"
 #include "FicGlb.h"
 #include "SupShfInt.h"
 
@@ -17,7 +18,7 @@ namespace zw::shf {
 
 namespace {
 bool Pasta0700(const std::string& p) {
-  if (mkdir(p.c_str(), 0700) == 0) return true;
+  if (AtaDirCri(p, 0700) == 0) return true;
   struct stat st;
   return errno == EEXIST && lstat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
 }
@@ -81,6 +82,9 @@ int Poe(const std::string& path, const std::string& t, const std::string& rel) {
     unlink(info.c_str());
     return r;
   }
+  // For the record: the entry moved, with the note of where it came from made.
+  AtaEscrito(AtaAnt(), info);
+  AtaMovNota(path, t + "/files/" + livre);
   return 0;
 }
 }  // namespace
@@ -94,7 +98,7 @@ int Lixo(const std::string& path) {
   const char* home = std::getenv("HOME");
   std::string dados = xdg && *xdg ? xdg : std::string(home && *home ? home : "/root") + "/.local/share";
   if (stat(dados.c_str(), &sh) != 0) {
-    mkdir(dados.c_str(), 0700);
+    AtaDirCri(dados, 0700);
     stat(dados.c_str(), &sh);
   }
   if (sh.st_dev == st.st_dev) {

@@ -2,6 +2,7 @@
 // moving and deleting with wildcards, and the doors to files, folders and drives.
 #include "Fso.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <random>
 
+#include "Ata.h"
 #include "FicGlb.h"
 #include "FicInf.h"
 #include "GlbReg.h"
@@ -175,8 +177,13 @@ void FsoCopiaFic(const std::string& de, const std::string& para, bool sobre) {
   }
   std::error_code ec;
   if (!EhDir(PaiNat(para).empty() ? "." : PaiNat(para))) Raise(76);
+  zw::AtaAnt ant = zw::AtaAntes(AT_FDCWD, para);  // for the install record
   fs::copy_file(de, para, fs::copy_options::overwrite_existing, ec);
-  if (ec) FsoErr(ec.value(), false);
+  if (ec) {
+    if (!ant.guardado.empty()) unlink(ant.guardado.c_str());
+    FsoErr(ec.value(), false);
+  }
+  zw::AtaEscrito(ant, para);
 }
 
 void FsoCopiaDir(const std::string& de, const std::string& para, bool sobre) {
@@ -186,10 +193,7 @@ void FsoCopiaDir(const std::string& de, const std::string& para, bool sobre) {
   // A folder copied into itself would never end.
   std::string a = FsoAbs(de), b = FsoAbs(para);
   if (b == a || (b.size() > a.size() && b.compare(0, a.size(), a) == 0 && b[a.size()] == '/')) Raise(70);
-  if (!EhDir(para)) {
-    fs::create_directory(para, ec);
-    if (ec) FsoErr(ec.value(), true);
-  }
+  if (!EhDir(para) && zw::AtaDirCri(para, 0777) != 0) FsoErr(errno, true);
   for (auto& e : fs::directory_iterator(de, ec)) {
     std::string n = e.path().filename().string();
     if (zw::FicInfTip(e.path().string()) == zw::kFicDir) FsoCopiaDir(e.path().string(), Junta(para, n), sobre);
@@ -199,19 +203,18 @@ void FsoCopiaDir(const std::string& de, const std::string& para, bool sobre) {
 }
 
 void FsoApaga(const std::string& p, bool forca, bool pasta) {
-  std::error_code ec;
   if (!forca) {
     // Read-only entries stop a delete that is not forced.
     if (FsoSoLeitura(p)) Raise(70);
   }
-  if (pasta) fs::remove_all(p, ec);
-  else fs::remove(p, ec);
-  if (ec) FsoErr(ec.value(), pasta);
+  // Entry by entry through the record's calls, so that a recorded run notes each.
+  int r = pasta ? zw::AtaArvEli(p) : zw::AtaFicEli(p);
+  if (r != 0 && errno != ENOENT) FsoErr(errno, pasta);
 }
 
 void FsoMove(const std::string& de, const std::string& para) {
   if (zw::FicInfHa(para)) Raise(58);
-  if (rename(de.c_str(), para.c_str()) == 0) return;
+  if (zw::AtaRen(de, para) == 0) return;
   int e = errno;
   if (e != EXDEV) FsoErr(e, EhDir(de));
   // Another file system: copy, then remove the source.
@@ -341,7 +344,7 @@ class FsoObj : public Obj {
       case 12: {
         std::string n = FsoNat(p);
         if (zw::FicInfTip(n) != zw::kFicNada) Raise(58);
-        if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);
+        if (zw::AtaDirCri(n, 0777) != 0) FsoErr(errno, true);
         r = Value(FsoPasta(n));
         break;
       }

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <filesystem>
 
+#include "Ata.h"
 #include "FicGlb.h"
 #include "FicInf.h"
 #include "Fso.h"
@@ -95,7 +96,7 @@ class FsoCol : public Colecao {
     if (n != "/") n += '/';
     n += zw::TxUtf8(ToTx(a[0]));
     if (zw::FicInfTip(n) != zw::kFicNada) Raise(58);
-    if (mkdir(n.c_str(), 0777) != 0) FsoErr(errno, true);
+    if (zw::AtaDirCri(n, 0777) != 0) FsoErr(errno, true);
     r = Value(FsoPasta(n));
   }
 

@@ -15,6 +15,7 @@
 #include <iostream>
 #include <memory>
 
+#include "Ata.h"
 #include "FicGra.h"
 #include "FicInf.h"
 #include "Fso.h"
@@ -41,6 +42,7 @@ class Texto : public Obj {
         // Made new, never through a link planted in its place.
         int fd = zw::FicCriNov(nat, O_RDWR);
         if (fd < 0) FsoErr(errno == EEXIST ? EACCES : errno, false);
+        zw::AtaEscrito(zw::AtaAnt(), nat, fd);
         f = fdopen(fd, "rb");
         if (!f) {
           int e = errno;

@@ -37,6 +37,11 @@ out=$("$run" --help); contem "zunwiz-run --help" "$out" 'BOX R, INPUT text'
 contem "zunwiz-run --help" "$out" '5 the wizard could not be built'
 contem "zunwiz --help" "$("$zunwiz" --help)" '8 the install failed'
 contem "zunwiz-check --help" "$("$chk" --help)" 'Checking runs nothing'
+for t in "$run" "$zunwiz"; do
+  contem "$(basename "$t") --help" "$("$t" --help)" '--record FILE'
+  contem "$(basename "$t") --help" "$("$t" --help)" '--keep-replaced DIR'
+done
+"$zunwiz" --record >/dev/null 2>&1; espera "zunwiz --record alone" 1 $?
 
 # A trace that cannot be written, a shots folder that is a file, a bad time limit.
 par="$casos/caixa.par"

@@ -7,7 +7,9 @@
 #include <cstring>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <map>
+#include <sstream>
 #include "Tx.h"
 
 namespace zw::tst {
@@ -39,6 +41,15 @@ std::string PastaTmp() {
 std::string FicTmp(const std::string& nome) { return PastaTmp() + "/" + nome; }
 
 std::u16string FicTmpTx(const std::string& nome) { return TxDeUtf8(FicTmp(nome)); }
+
+std::string Le(const std::string& path) {
+  std::ifstream f(path, std::ios::binary);
+  std::stringstream s;
+  s << f.rdbuf();
+  return s.str();
+}
+
+void Escreve(const std::string& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
 Tmpfs::Tmpfs(unsigned long bytes) {
   static int n = 0;

@@ -1,5 +1,6 @@
 // zunwiz-run: runs a wizard with answers instead of a person and writes a trace.
-//   zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS] WORDS...
+//   zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS]
+//              [--record FILE [--keep-replaced DIR]] WORDS...
 // WORDS are zunwiz's own command line ("-FP file", "KEY=value"...). The start-up,
 // engine and windows are zunwiz's, on Qt's offscreen platform. The exit statuses
 // are the program's own (ZunWizMain.h); 1 is a command line that does not fit.
@@ -17,7 +18,9 @@
 #include "ZunWizRun.h"
 
 namespace {
-const char kUso[] = "usage: zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS] WORDS...\n";
+const char kUso[] =
+    "usage: zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS]\n"
+    "                  [--record FILE [--keep-replaced DIR]] WORDS...\n";
 
 [[noreturn]] void Uso(const char* porque) {
   std::fprintf(stderr, "zunwiz-run: %s\n%s", porque, kUso);
@@ -37,6 +40,10 @@ void Ajuda() {
       "  --shots DIR        a PNG of the window at each page and of each box\n"
       "  --timeout SECONDS  the longest one script call may take; 0 for no limit.\n"
       "                     Default: no limit with answers typed at a terminal, 600 else\n"
+      "  --record FILE      append to FILE, as JSON lines, each change the run makes to\n"
+      "                     the machine, for zunwiz-undo(1) to take back\n"
+      "  --keep-replaced DIR  with --record: a copy of each file replaced or deleted\n"
+      "                     is kept in DIR first, so that undo can put it back\n"
       "  --help, --version\n"
       "\n"
       "Answers: ANT, SEG, CNF, CAN, CLOSE, BOX R, INPUT text, CHECK NAME 0|1, OPTION NAME N.\n"
@@ -44,8 +51,8 @@ void Ajuda() {
       "Exit status: 0 the wizard ended normally; 1 the command line does not fit;\n"
       "2 the option file is missing; 3 the answers do not fit; 4 the process ended at\n"
       "once; 5 the wizard could not be built; 6 a script call went past the time\n"
-      "limit; 7 the trace or the shots could not be written; the script's verdict:\n"
-      "8 the install failed, 9 cancelled, 10 the licence refused.\n",
+      "limit; 7 the trace, the shots or the record could not be written; the\n"
+      "script's verdict: 8 the install failed, 9 cancelled, 10 the licence refused.\n",
       stdout);
 }
 
@@ -65,6 +72,8 @@ int main(int argc, char** argv) {
   const char* trc = "-";
   const char* fotos = "";
   const char* tmp = nullptr;
+  const char* ata = nullptr;
+  const char* guarda = nullptr;
   int i = 1;
   for (; i < argc; i++) {
     auto val = [&](const char*& alvo) {
@@ -75,6 +84,8 @@ int main(int argc, char** argv) {
     else if (!std::strcmp(argv[i], "--trace")) val(trc);
     else if (!std::strcmp(argv[i], "--shots")) val(fotos);
     else if (!std::strcmp(argv[i], "--timeout")) val(tmp);
+    else if (!std::strcmp(argv[i], "--record")) val(ata);
+    else if (!std::strcmp(argv[i], "--keep-replaced")) val(guarda);
     else if (!std::strcmp(argv[i], "--help")) { Ajuda(); return 0; }
     else if (!std::strcmp(argv[i], "--version")) { std::printf("zunwiz-run %s\n", ZW_VERSAO); return 0; }
     else if (!std::strcmp(argv[i], "--")) { i++; break; }
@@ -96,6 +107,7 @@ int main(int argc, char** argv) {
     opc.rsp = &std::cin;
     opc.rspTerm = isatty(0);
   }
+  if (guarda && !ata) Uso("--keep-replaced goes with --record");
   long seg = opc.rspTerm ? 0 : 600;
   if (tmp && !Segundos(tmp, seg)) Uso("--timeout takes a whole number of seconds");
   opc.tmp = seg > 0 ? seg * 1000 : -1;
@@ -120,6 +132,8 @@ int main(int argc, char** argv) {
     lin += zw::TxDeUtf8(argv[k]);
   }
   zw::ZunWizPrp(zw::TxQs(QCoreApplication::applicationDirPath()), lin);
+  if (ata)
+    if (int e = zw::ZunWizAtaIni(ata, guarda, "zunwiz-run")) return e;
   zw::ZunWizRunIni(opc);
   int st = zw::ZunWizRunFim(zw::ZunWizCic());
   std::fflush(nullptr);
