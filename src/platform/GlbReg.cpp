@@ -363,6 +363,72 @@ Tx ChvDe(int32_t raiz, const Tx& path) {
 
 }  // namespace
 
+struct RegFic::Imp {
+  std::string nat;
+  Reg r;
+};
+RegFic::RegFic() : imp_(std::make_unique<Imp>()) {}
+RegFic::~RegFic() = default;
+RegFic::RegFic(RegFic&&) noexcept = default;
+
+void RegFic::Ler(const std::string& nat) {
+  imp_->nat = nat;
+  imp_->r = Reg();
+  Carrega(nat, imp_->r);
+}
+
+int RegFic::Gra() const { return Grava(imp_->nat, imp_->r, 0644, 0755); }
+
+bool RegFic::Val(const Tx& chave, const Tx& nome, Tx& v, bool& bruto) const {
+  const zw::Val* x = ValAcha(imp_->r, ChvNorm(chave), nome);
+  if (!x) return false;
+  v = x->v;
+  bruto = !x->txt;
+  return true;
+}
+
+void RegFic::ValPoe(const Tx& chave, const Tx& nome, const Tx& v, bool bruto) {
+  Poe(imp_->r, ChvNorm(chave), zw::Val{nome, !bruto, v});
+}
+
+bool RegFic::ValTira(const Tx& chave, const Tx& nome) {
+  auto it = imp_->r.ch.find(TxMai(ChvNorm(chave)));
+  if (it == imp_->r.ch.end()) return false;
+  auto& vs = it->second.vals;
+  size_t n = vs.size();
+  vs.erase(std::remove_if(vs.begin(), vs.end(), [&](const zw::Val& x) { return TxIgual(x.nome, nome); }), vs.end());
+  return vs.size() != n;
+}
+
+bool RegFic::Chv(const Tx& chave) const { return imp_->r.ch.count(TxMai(ChvNorm(chave))) > 0; }
+
+void RegFic::ChvPoe(const Tx& chave) {
+  Tx k = ChvNorm(chave), km = TxMai(k);
+  if (imp_->r.ch.count(km)) return;
+  imp_->r.ordem.push_back(km);
+  imp_->r.ch.emplace(km, Chave{k, {}});
+}
+
+bool RegFic::ChvVazia(const Tx& chave) const {
+  Tx km = TxMai(ChvNorm(chave));
+  auto it = imp_->r.ch.find(km);
+  if (it != imp_->r.ch.end() && !it->second.vals.empty()) return false;
+  for (const auto& [k, c] : imp_->r.ch)
+    if (k.rfind(km + u"\\", 0) == 0) return false;
+  return true;
+}
+
+bool RegFic::ChvTira(const Tx& chave) {
+  Tx km = TxMai(ChvNorm(chave));
+  auto it = imp_->r.ch.find(km);
+  if (it == imp_->r.ch.end()) return false;
+  imp_->r.ch.erase(it);
+  imp_->r.ordem.erase(std::find(imp_->r.ordem.begin(), imp_->r.ordem.end(), km));
+  return true;
+}
+
+bool RegFic::Vazio() const { return imp_->r.ch.empty(); }
+
 void RegFicDef(const Tx& fic) { gFic = fic; }
 std::string RegFicGra(int32_t raiz) {
   if (!gFic.empty()) return FicNat(gFic);

@@ -13,6 +13,7 @@
 // but read as empty.
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <string>
 #include "Tx.h"
 
@@ -40,6 +41,36 @@ const char* RegDirSis();  // "/etc/zunwiz/registry"
 // The file a write to the root goes to (Linux path): the user's for
 // HKEY_CURRENT_USER, the machine-wide zunwiz.reg for the others.
 std::string RegFicGra(int32_t raiz);
+
+// One registry file as a whole, as zunwiz-undo changes it: keys named in full
+// ("HKEY_CURRENT_USER\Software\X", short root names taken too) and compared
+// case-blind, values as text or, raw, as the text after "=" of a value of another
+// kind ("dword:00000001"). Changes stay in memory until Gra.
+class RegFic {
+ public:
+  RegFic();
+  ~RegFic();
+  RegFic(RegFic&&) noexcept;
+  // Reads the file; a missing or unreadable one reads as empty.
+  void Ler(const std::string& nat);
+  // Writes it back through the safe writer (a file that is there keeps its mode
+  // and owner). 0 or the file layer's error number.
+  int Gra() const;
+  // The value nome of the key: false when there is none.
+  bool Val(const Tx& chave, const Tx& nome, Tx& v, bool& bruto) const;
+  void ValPoe(const Tx& chave, const Tx& nome, const Tx& v, bool bruto);  // the key made too
+  bool ValTira(const Tx& chave, const Tx& nome);
+  bool Chv(const Tx& chave) const;
+  void ChvPoe(const Tx& chave);
+  // True when the key holds no value and no key lies below it.
+  bool ChvVazia(const Tx& chave) const;
+  bool ChvTira(const Tx& chave);  // the key alone, with its values
+  bool Vazio() const;             // no key at all
+
+ private:
+  struct Imp;
+  std::unique_ptr<Imp> imp_;
+};
 
 // A special folder by the name WScript.Shell's SpecialFolders takes ("Desktop",
 // "Programs", "AllUsersStartup"...), case-blind, as a Linux path: the freedesktop

@@ -37,6 +37,9 @@ void PrtExi(const Tx& nome, int& flag);
 // Adds the queue, accepting jobs; attributes are the printer's flags (66: local and
 // direct), which a file queue has anyway. ok 1 or 0.
 void PrtAdi(const Tx& nome, const Tx& drv, const Tx& por, long atr, int& ok);
+// Removes the queue of a printer name; ok 1 or 0 (zunwiz-undo takes back a printer
+// that a recorded run added).
+void PrtEli(const Tx& nome, int& ok);
 // The text of a scheduler status number, or "Error (n) not defined.".
 Tx PrtErrTx(long num);
 // The status of the last printer call (0 when it went well).

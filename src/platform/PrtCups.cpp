@@ -319,6 +319,20 @@ void PrtAdi(const Tx& nome, const Tx& drv, const Tx& por, long atr, int& ok) {
   }
 }
 
+void PrtEli(const Tx& nome, int& ok) {
+  ok = 0;
+  std::string fila = TxUtf8(PrtNomFila(nome));
+  if (fila.empty()) return;
+  char uri[HTTP_MAX_URI];
+  httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", 0, "/printers/%s", fila.c_str());
+  ipp_t* req = ippNewRequest(IPP_OP_CUPS_DELETE_PRINTER);
+  ippAddString(req, IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
+  ippAddString(req, IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr, cupsUser());
+  if (ipp_t* r = Pede(req, "/admin/")) {
+    ok = 1;
+    ippDelete(r);
+  }
+}
 
 Tx PrtErrTx(long num) {
   std::string s = ippErrorString(ipp_status_t(num));

@@ -1,11 +1,11 @@
 #!/bin/bash
 # The tools' own exits: --help and --version on zunwiz, zunwiz-run, zunwiz-opc,
-# vbs and zunwiz-check; zunwiz-run's statuses for a trace or shots that cannot be written and for a
+# vbs, zunwiz-check and zunwiz-undo; zunwiz-run's statuses for a trace or shots that cannot be written and for a
 # command line it does not take; at a terminal, its "help" and "?" and the prompts
 # that name a box's buttons and an input box's default.
-#   ferramentas.sh ZUNWIZ-RUN ZUNWIZ ZUNWIZ-OPC VBS CASES-DIR ZUNWIZ-CHECK
+#   ferramentas.sh ZUNWIZ-RUN ZUNWIZ ZUNWIZ-OPC VBS CASES-DIR ZUNWIZ-CHECK ZUNWIZ-UNDO
 set -u
-run=$1 zunwiz=$2 opc=$3 vbs=$4 casos=$5 chk=$6
+run=$1 zunwiz=$2 opc=$3 vbs=$4 casos=$5 chk=$6 undo=$7
 falhas=0
 tmp=$(mktemp -d)
 trap 'rm -rf "$tmp"' EXIT
@@ -26,7 +26,7 @@ contem() {
   fi
 }
 
-for t in "$run" "$zunwiz" "$opc" "$vbs" "$chk"; do
+for t in "$run" "$zunwiz" "$opc" "$vbs" "$chk" "$undo"; do
   n=$(basename "$t")
   out=$("$t" --help </dev/null 2>&1); espera "$n --help" 0 $?
   contem "$n --help" "$out" '^usage: '
@@ -41,6 +41,9 @@ for t in "$run" "$zunwiz"; do
   contem "$(basename "$t") --help" "$("$t" --help)" '--record FILE'
   contem "$(basename "$t") --help" "$("$t" --help)" '--keep-replaced DIR'
 done
+contem "zunwiz-undo --help" "$("$undo" --help)" '--dry-run'
+contem "zunwiz-undo --help" "$("$undo" --help)" '2 the command line does not fit'
+"$undo" --dry-run >/dev/null 2>&1; espera "zunwiz-undo --dry-run alone" 2 $?
 "$zunwiz" --record >/dev/null 2>&1; espera "zunwiz --record alone" 1 $?
 
 # A trace that cannot be written, a shots folder that is a file, a bad time limit.

@@ -17,7 +17,7 @@ dpkg-query -W -f='${Status}\n' zunwiz | grep -q "install ok installed"
 fail=0
 check() { if "$@"; then echo "ok: $*"; else echo "FAILED: $*"; fail=1; fi; }
 # Every program the package holds has its manual page.
-for b in zunwiz zunwiz-run zunwiz-check zunwiz-opc zunwiz-vbs; do check test -x /usr/bin/$b; done
+for b in zunwiz zunwiz-run zunwiz-check zunwiz-opc zunwiz-undo zunwiz-vbs; do check test -x /usr/bin/$b; done
 for p in $(dpkg -L zunwiz | grep '^/usr/bin/'); do
   check test -f /usr/share/man/man1/$(basename "$p").1.gz
 done
