@@ -103,9 +103,12 @@ long Prende(long long n) {
 bool EhHex(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
 int Hex(char c) { return c <= '9' ? c - '0' : (c | 0x20) - 'a' + 10; }
 
-// The code page of a font's character set; 0 the document's own.
+// The code page of a font's character set; 0 the document's own. Set 0 is Western
+// whatever page the document names: word processors write a Western run's bytes in
+// such a font inside Baltic, Cyrillic or Japanese documents.
 int CpDeCs(int cs) {
   switch (cs) {
+    case 0: return 1252;
     case 77: return 10000;
     case 128: return 932;
     case 129: return 949;

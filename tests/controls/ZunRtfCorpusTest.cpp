@@ -28,12 +28,14 @@ QString Pasta() { return QDir::cleanPath(QString::fromUtf8(ZW_TEST_DATA) + QStri
 // inside a line as one space and none at its ends, no blank lines at the end.
 // LibreOffice writes a list's label afresh ("    \u2022 ") where the file's own
 // label is a bullet of the Symbol font and a tab ("\u00b7\t"): the bullets compare
-// equal.
+// equal. A Wingdings byte B7 (a WordPad list's mark) LibreOffice writes as the
+// private-use U+F0B7, the box as the page's middle dot: the same mark.
 QString Normal(QString s) {
   s.remove(QChar(0xFEFF));
   s.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
   s.replace(QChar::LineSeparator, QChar(u'\n'));
   s.replace(QChar(0x00B7), QChar(0x2022));
+  s.replace(QChar(0xF0B7), QChar(0x2022));
   QStringList lin = s.split(u'\n');
   for (QString& l : lin) l = l.simplified();
   s = lin.join(u'\n');

@@ -160,6 +160,12 @@ TEST(RtfLer, CodePagesOfTheDocumentAndOfFonts) {
   EXPECT_EQ(RtfTx(Le("{\\rtf1\\mac Ol\\'87 \\'8b}")), u"Olá ã");
   EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg1250{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset238 Arial CE;}}\\f1 \\'e8\\f0 \\'e8}")), u"čč");
   EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset238 Arial CE;}}\\f1 \\'e8\\f0 \\'e8}")), u"čè");
+  // Character set 0 is Western whatever the document's page: WordPad on a Baltic
+  // system writes a Czech licence's "í" in a \fcharset0 font, TextEdit a Japanese
+  // file's quotes.
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg1257{\\fonttbl{\\f0\\fcharset238 Verdana CE;}{\\f3\\fcharset186 Verdana;}"
+                     "{\\f4\\fcharset0 Verdana;}}\\f0 \\'e8\\f4 \\'ed\\f3 \\'f0}")), u"číš");
+  EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi\\ansicpg932{\\fonttbl\\f0\\fswiss\\fcharset0 Helvetica;}\\f0 \\'93\\uc0\\u12362 \\'94}")), u"\u201cお\u201d");
   // Bytes written as they are, in the page of the file.
   EXPECT_EQ(RtfTx(Le("{\\rtf1\\ansi Instala\xe7\xe3o}")), u"Instalação");
   // \ucN: the number of stand-in characters; \'hh counts as one, groups end the skip.
