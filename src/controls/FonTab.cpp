@@ -45,7 +45,51 @@ const FonPar kFonTab[] = {
     {"Palatino Linotype", {"P052", "Liberation Serif", nullptr}},
     {"Bookman Old Style", {"URW Bookman", "Liberation Serif", nullptr}},
     {"Century Gothic", {"URW Gothic", "Liberation Sans", nullptr}},
+    // East Asian faces, under their English and their own names: the free face of
+    // the same script and style (Mincho, Song and Batang serif; Gothic, Hei and
+    // Gulim sans).
+    {"MS Mincho", {"Noto Serif CJK JP", "IPAMincho", "Noto Sans CJK JP"}},
+    {"ＭＳ 明朝", {"Noto Serif CJK JP", "IPAMincho", "Noto Sans CJK JP"}},
+    {"MS PMincho", {"Noto Serif CJK JP", "IPAPMincho", "Noto Sans CJK JP"}},
+    {"ＭＳ Ｐ明朝", {"Noto Serif CJK JP", "IPAPMincho", "Noto Sans CJK JP"}},
+    {"Yu Mincho", {"Noto Serif CJK JP", "IPAMincho", "Noto Sans CJK JP"}},
+    {"游明朝", {"Noto Serif CJK JP", "IPAMincho", "Noto Sans CJK JP"}},
+    {"MS Gothic", {"Noto Sans CJK JP", "IPAGothic", "Noto Sans Mono CJK JP"}},
+    {"ＭＳ ゴシック", {"Noto Sans CJK JP", "IPAGothic", "Noto Sans Mono CJK JP"}},
+    {"MS PGothic", {"Noto Sans CJK JP", "IPAPGothic", "IPAGothic"}},
+    {"ＭＳ Ｐゴシック", {"Noto Sans CJK JP", "IPAPGothic", "IPAGothic"}},
+    {"MS UI Gothic", {"Noto Sans CJK JP", "IPAPGothic", "IPAGothic"}},
+    {"Meiryo", {"Noto Sans CJK JP", "IPAPGothic", "IPAGothic"}},
+    {"メイリオ", {"Noto Sans CJK JP", "IPAPGothic", "IPAGothic"}},
+    {"Yu Gothic", {"Noto Sans CJK JP", "IPAPGothic", "IPAGothic"}},
+    {"游ゴシック", {"Noto Sans CJK JP", "IPAPGothic", "IPAGothic"}},
+    {"SimSun", {"Noto Serif CJK SC", "AR PL UMing CN", "Noto Sans CJK SC"}},
+    {"宋体", {"Noto Serif CJK SC", "AR PL UMing CN", "Noto Sans CJK SC"}},
+    {"NSimSun", {"Noto Serif CJK SC", "AR PL UMing CN", "Noto Sans CJK SC"}},
+    {"新宋体", {"Noto Serif CJK SC", "AR PL UMing CN", "Noto Sans CJK SC"}},
+    {"SimHei", {"Noto Sans CJK SC", "WenQuanYi Zen Hei", "Noto Serif CJK SC"}},
+    {"黑体", {"Noto Sans CJK SC", "WenQuanYi Zen Hei", "Noto Serif CJK SC"}},
+    {"Microsoft YaHei", {"Noto Sans CJK SC", "WenQuanYi Zen Hei", "Noto Serif CJK SC"}},
+    {"微软雅黑", {"Noto Sans CJK SC", "WenQuanYi Zen Hei", "Noto Serif CJK SC"}},
+    {"MingLiU", {"Noto Serif CJK TC", "AR PL UMing TW", "Noto Sans CJK TC"}},
+    {"細明體", {"Noto Serif CJK TC", "AR PL UMing TW", "Noto Sans CJK TC"}},
+    {"PMingLiU", {"Noto Serif CJK TC", "AR PL UMing TW", "Noto Sans CJK TC"}},
+    {"新細明體", {"Noto Serif CJK TC", "AR PL UMing TW", "Noto Sans CJK TC"}},
+    {"Microsoft JhengHei", {"Noto Sans CJK TC", "WenQuanYi Zen Hei", "Noto Serif CJK TC"}},
+    {"微軟正黑體", {"Noto Sans CJK TC", "WenQuanYi Zen Hei", "Noto Serif CJK TC"}},
+    {"Batang", {"Noto Serif CJK KR", "UnBatang", "Noto Sans CJK KR"}},
+    {"바탕", {"Noto Serif CJK KR", "UnBatang", "Noto Sans CJK KR"}},
+    {"Gulim", {"Noto Sans CJK KR", "UnDotum", "Noto Serif CJK KR"}},
+    {"굴림", {"Noto Sans CJK KR", "UnDotum", "Noto Serif CJK KR"}},
+    {"Dotum", {"Noto Sans CJK KR", "UnDotum", "Noto Serif CJK KR"}},
+    {"돋움", {"Noto Sans CJK KR", "UnDotum", "Noto Serif CJK KR"}},
+    {"Malgun Gothic", {"Noto Sans CJK KR", "UnDotum", "Noto Serif CJK KR"}},
+    {"맑은 고딕", {"Noto Sans CJK KR", "UnDotum", "Noto Serif CJK KR"}},
 };
+
+// The tags Word and WordPad add to a font's name for each character set it is
+// written in ("Courier New Cyr"); Windows draws such a name with the font itself.
+const char* const kTagCs[] = {" CE", " Cyr", " Greek", " Tur", " Baltic", " (Hebrew)", " (Arabic)", " (Vietnamese)", " Western"};
 
 // Wine's fonts package brings Tahoma and Wingdings outside the font system's
 // folders; they are added to the program's fonts once, when present. Its bold
@@ -73,17 +117,27 @@ QString FonFam(const QString& nomeWin) {
   auto it = feitas.constFind(chave);
   if (it != feitas.constEnd()) return it.value();
   FonWineCarga();
-  QString r = n;
+  if (n.startsWith(u'@')) n.remove(0, 1);  // the vertical-writing face of the font
+  QString r;
   for (const FonPar& p : kFonTab) {
-    if (n.compare(QLatin1String(p.win), Qt::CaseInsensitive) != 0) continue;
-    r = QLatin1String(p.fam[0]);
+    if (n.compare(QString::fromUtf8(p.win), Qt::CaseInsensitive) != 0) continue;
+    r = QString::fromUtf8(p.fam[0]);
     for (const char* fam : p.fam)
-      if (fam && QFontDatabase::hasFamily(QLatin1String(fam))) {
-        r = QLatin1String(fam);
+      if (fam && QFontDatabase::hasFamily(QString::fromUtf8(fam))) {
+        r = QString::fromUtf8(fam);
         break;
       }
     break;
   }
+  if (r.isEmpty() && !QFontDatabase::hasFamily(n))
+    for (const char* t : kTagCs) {
+      QString tag = QLatin1String(t);
+      if (n.size() > tag.size() && n.endsWith(tag, Qt::CaseInsensitive)) {
+        r = FonFam(n.left(n.size() - tag.size()));
+        break;
+      }
+    }
+  if (r.isEmpty()) r = n;
   feitas.insert(chave, r);
   return r;
 }

@@ -9,8 +9,8 @@ namespace zw {
 
 namespace {
 
-// Where the text of a group goes.
-enum class Dst { Tx, Fon, Cor, Nada };
+// Where the text of a group goes (FonNom: a font's true name, {\*\fname}).
+enum class Dst { Tx, Fon, FonNom, Cor, Nada };
 
 // The state a group saves and its closing brace gives back.
 struct Est {
@@ -40,6 +40,7 @@ struct CarHash {
 
 struct Fonte {
   Tx nome;
+  Tx nomeVer;   // the true name, when the entry gives one
   int cs = -1;  // \fcharset, -1 unset
 };
 
@@ -57,6 +58,7 @@ class Leitor {
   void Simbolo(char c);
   void Byte(unsigned char c);
   void Chr(char16_t c);
+  void FonFim();
   void ParFim(bool tbl = false, bool celFim = false);
   void LinFim();
   void BorDef(const std::string& p, bool temNum, long n);
@@ -147,7 +149,7 @@ void Leitor::Le() {
         Dst antes = e_.dst;
         e_ = std::move(pilha_.back());
         pilha_.pop_back();
-        if (antes == Dst::Fon && e_.dst == Dst::Fon) fonDef_ = -1;
+        if (antes == Dst::Fon && e_.dst == Dst::Fon) FonFim();
       }
       if (--prof <= 0) break;  // the document's own group has closed
     } else if (c == '\\') {
@@ -236,9 +238,11 @@ void Leitor::Comando(const std::string& p, bool temNum, long n) {
     return;
   }
   if (p == "fonttbl") { e_.dst = Dst::Fon; return; }
+  if (p == "fname" && fonDef_ >= 0) { e_.dst = Dst::FonNom; return; }
   if (p == "colortbl") { e_.dst = Dst::Cor; return; }
   if (DstOculto(p)) { e_.dst = Dst::Nada; return; }
   if (e_.dst == Dst::Nada) return;
+  if (e_.dst == Dst::FonNom && p != "u" && p != "uc") return;
   if (e_.dst == Dst::Fon) {  // the font table: numbers, character sets and names
     if (p == "f") {
       fonDef_ = int(n);
@@ -430,16 +434,13 @@ void Leitor::Byte(unsigned char b) {
     }
     return;
   }
+  if (e_.dst == Dst::FonNom && b == ';') return;
   if (e_.dst == Dst::Fon && b == ';') {
-    if (fonDef_ >= 0) {
-      Tx& nome = fontes_[fonDef_].nome;
-      while (!nome.empty() && nome.back() == u' ') nome.pop_back();
-    }
-    fonDef_ = -1;
+    FonFim();
     return;
   }
   int cp = Cp();
-  if (e_.dst == Dst::Fon && fonDef_ >= 0) {  // a font's name is written in its own character set
+  if ((e_.dst == Dst::Fon || e_.dst == Dst::FonNom) && fonDef_ >= 0) {  // a font's name is written in its own character set
     int cpf = CpDeCs(fontes_[fonDef_].cs);
     if (cpf) cp = cpf;
   }
@@ -461,10 +462,21 @@ void Leitor::Byte(unsigned char b) {
   Chr(RtfCpChr(cp, b));
 }
 
+// The end of a font entry: its name without trailing blanks, the true one if given.
+void Leitor::FonFim() {
+  if (fonDef_ >= 0) {
+    Fonte& f = fontes_[fonDef_];
+    while (!f.nomeVer.empty() && f.nomeVer.back() == u' ') f.nomeVer.pop_back();
+    if (!f.nomeVer.empty()) f.nome = f.nomeVer;
+    while (!f.nome.empty() && f.nome.back() == u' ') f.nome.pop_back();
+  }
+  fonDef_ = -1;
+}
+
 void Leitor::Chr(char16_t c) {
-  if (e_.dst == Dst::Fon) {
+  if (e_.dst == Dst::Fon || e_.dst == Dst::FonNom) {
     if (fonDef_ >= 0) {
-      Tx& nome = fontes_[fonDef_].nome;
+      Tx& nome = e_.dst == Dst::Fon ? fontes_[fonDef_].nome : fontes_[fonDef_].nomeVer;
       if (!(nome.empty() && c == u' ') && nome.size() < 256) nome += c;
     }
     return;

@@ -202,6 +202,30 @@ TEST(CtlBtn, CaptionStateAndGeometryByName) {
   EXPECT_EQ(b->width(), 85);
 }
 
+// Word names a font once per character set ("Courier New Cyr", "Verdana CE") and
+// Windows draws each with the font itself; East Asian files name their fonts in
+// their own scripts, and "@" marks the vertical-writing face of the same font.
+TEST(FonTab, CharacterSetTagsAndEastAsianNames) {
+  QtApp();
+  EXPECT_EQ(FonFam(QStringLiteral("Courier New Cyr")), FonFam(QStringLiteral("Courier New")));
+  EXPECT_EQ(FonFam(QStringLiteral("Times New Roman CE")), FonFam(QStringLiteral("Times New Roman")));
+  EXPECT_EQ(FonFam(QStringLiteral("Verdana Baltic")), FonFam(QStringLiteral("Verdana")));
+  EXPECT_EQ(FonFam(QStringLiteral("Arial (Hebrew)")), FonFam(QStringLiteral("Arial")));
+  EXPECT_EQ(FonFam(QStringLiteral("SimSun Western")), FonFam(QStringLiteral("SimSun")));
+  EXPECT_EQ(FonFam(QStringLiteral("Fonte Inventada Greek")), QStringLiteral("Fonte Inventada"));
+  const char* pares[][2] = {{"MS Mincho", "ＭＳ 明朝"}, {"MS Gothic", "ＭＳ ゴシック"}, {"MS PGothic", "ＭＳ Ｐゴシック"},
+                            {"SimSun", "宋体"}, {"SimHei", "黑体"}, {"PMingLiU", "新細明體"}, {"Gulim", "굴림"},
+                            {"Batang", "바탕"}, {"MS Mincho", "@ＭＳ 明朝"}};
+  for (auto& p : pares) {
+    QString fam = FonFam(QString::fromUtf8(p[0]));
+    EXPECT_EQ(FonFam(QString::fromUtf8(p[1])), fam) << p[1];
+    if (!QFontDatabase::families(QFontDatabase::Japanese).isEmpty()) {
+      EXPECT_TRUE(QFontDatabase::hasFamily(fam)) << p[0] << " -> " << fam.toStdString();
+    }
+  }
+  EXPECT_NE(FonFam(QStringLiteral("MS Mincho")), FonFam(QStringLiteral("MS Gothic"))) << "serif and sans stay apart";
+}
+
 // The Windows names map to installed fonts drawn at the same widths: design
 // advances of Arial, Times New Roman and Courier New, in units of 2048 an em.
 TEST(FonTab, WindowsNamesMapToInstalledFontsOfTheSameWidths) {

@@ -172,6 +172,19 @@ TEST(RtfLer, CodePagesOfTheDocumentAndOfFonts) {
   EXPECT_EQ(RtfTx(Le("{\\rtf1\\uc2\\u8364\\'80\\'80x\\uc1\\u8364?y{\\u8364}z}")), u"€x€y€z");
 }
 
+// WordPad names a font of another character set "Courier New Baltic" and gives its
+// true name in {\*\fname}; that name is the one drawn with, in its own code page.
+TEST(RtfLer, FontTrueNameOverTheTaggedOne) {
+  RtfDoc d = Le("{\\rtf1\\ansi\\ansicpg1257{\\fonttbl{\\f1\\fmodern\\fcharset186{\\*\\fname Courier New;}Courier New Baltic;}"
+                "{\\f2\\fcharset128{\\*\\fname \\'82\\'6c\\'82\\'72 \\'96\\'be\\'92\\'a9;}MS Mincho Tag;}{\\f3 Verdana;}}"
+                "\\f1 a\\f2 b\\f3 c}");
+  ASSERT_NE(RunDe(d, 0, u"a"), nullptr);
+  EXPECT_EQ(RunDe(d, 0, u"a")->car.fon, u"Courier New");
+  EXPECT_EQ(RunDe(d, 0, u"b")->car.fon, u"ＭＳ 明朝");
+  EXPECT_EQ(RunDe(d, 0, u"c")->car.fon, u"Verdana");
+  EXPECT_EQ(RtfTx(d), u"abc");
+}
+
 TEST(RtfLer, SymbolsBreaksAndBinaryData) {
   RtfDoc d = Le("{\\rtf1 a\\~b\\_c\\-d\\{\\}\\\\e\\line f\\tab g\\\nh{\\*\\unknown skipped{\\b nested}}i\\bin2 {}j}");
   EXPECT_EQ(RtfTx(d), u"a\u00a0b\u2011cd{}\\e\r\nf\tg\r\nhij");
