@@ -152,6 +152,38 @@ void BorPoe(QTextTableCellFormat& f, int lado, const RtfBor& b) {
   }
 }
 
+// What a character is to the room Word leaves between scripts: East Asian
+// (ideographs, kana, Hangul), a Latin letter, a digit, or none of these.
+enum class Esc { Nada, Asia, Lat, Num };
+
+Esc EscDe(char16_t c) {
+  if ((c >= 0x3040 && c <= 0x30FF) || (c >= 0x3400 && c <= 0x4DBF) || (c >= 0x4E00 && c <= 0x9FFF) ||
+      (c >= 0xF900 && c <= 0xFAFF) || (c >= 0xAC00 && c <= 0xD7AF) || (c >= 0xFF66 && c <= 0xFF9F))
+    return Esc::Asia;
+  if (c >= u'0' && c <= u'9') return Esc::Num;
+  if ((c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || (c >= 0xC0 && c <= 0x24F && c != 0xD7 && c != 0xF7))
+    return Esc::Lat;
+  return Esc::Nada;
+}
+
+// The characters of a paragraph after which Word and LibreOffice leave room:
+// where East Asian text meets a Latin letter (\aspalpha) or a digit (\aspnum),
+// either way round. Empty when the paragraph asks for none.
+std::vector<bool> Folgas(const RtfPar& p) {
+  std::vector<bool> r;
+  if (!p.espLat && !p.espNum) return r;
+  Tx t;
+  for (const RtfRun& run : p.runs) t += run.tx;
+  r.assign(t.size(), false);
+  for (size_t i = 0; i + 1 < t.size(); ++i) {
+    Esc a = EscDe(t[i]), b = EscDe(t[i + 1]);
+    if (a != Esc::Asia && b != Esc::Asia) continue;
+    Esc o = a == Esc::Asia ? b : a;
+    r[i] = (o == Esc::Lat && p.espLat) || (o == Esc::Num && p.espNum);
+  }
+  return r;
+}
+
 }  // namespace
 
 // Paragraphs go in one after the other; the rows of a table that follow each
@@ -173,10 +205,30 @@ void ZunRtf::DocPoe(const RtfDoc& doc) {
       c.setBlockFormat(ParFmt(p, antes, depois));
       c.setBlockCharFormat(marca);
     }
+    // The room between scripts: a quarter of the font's size after the character,
+    // given as letter spacing to that character alone.
+    std::vector<bool> folga = Folgas(p);
+    size_t o = 0;
     for (const RtfRun& r : p.runs) {
       QString s = QsTx(r.tx);
       s.replace(QChar(u'\n'), QChar::LineSeparator);
-      c.insertText(s, CarFmt(r.car, doc.fonPad, font(), opaco));
+      QTextCharFormat f = CarFmt(r.car, doc.fonPad, font(), opaco);
+      if (folga.empty()) {
+        c.insertText(s, f);
+        continue;
+      }
+      QTextCharFormat fl = f;
+      fl.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+      QFont q = f.font();
+      fl.setFontLetterSpacing((q.pixelSize() > 0 ? q.pixelSize() : q.pointSizeF() * 96.0 / 72.0) / 4.0);
+      for (qsizetype i = 0; i < s.size();) {
+        bool com = folga[o + size_t(i)];
+        qsizetype j = i + 1;
+        while (j < s.size() && folga[o + size_t(j)] == com) ++j;
+        c.insertText(s.mid(i, j - i), com ? fl : f);
+        i = j;
+      }
+      o += size_t(s.size());
     }
   };
   size_t n = doc.pars.size();

@@ -322,6 +322,8 @@ void Leitor::Comando(const std::string& p, bool temNum, long n) {
   else if (p == "sb") e_.par.antes = int(n);
   else if (p == "sa") e_.par.depois = int(n);
   else if (p == "sl") e_.par.lin = int(std::max(-31680L, std::min(31680L, n)));
+  else if (p == "aspalpha") e_.par.espLat = on;
+  else if (p == "aspnum") e_.par.espNum = on;
   else if (p == "slmult") e_.par.linMul = on;
   else if (p == "contextualspace") e_.par.ctx = true;
   else if (p == "s") e_.par.est = int(n);

@@ -62,6 +62,8 @@ struct RtfPar {
   int lin = 0;                  // line spacing \sl: 0 single, > 0 at least, < 0 exactly
   bool linMul = false;          // \slmult1: lin is in 240ths of a single line
   bool ctx = false;             // \contextualspace: no space next to a paragraph of its style
+  bool espLat = false;          // \aspalpha: room between East Asian text and Latin letters
+  bool espNum = false;          // \aspnum: the same next to digits
   int est = 0;                  // its style number (\s)
   std::vector<RtfTab> tabs;     // tab stops, in order
   RtfCar car;                   // the paragraph mark's formatting: an empty paragraph's height

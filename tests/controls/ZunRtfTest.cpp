@@ -110,6 +110,23 @@ TEST(ZunRtfLayout, TabStopsOfEachKind) {
   EXPECT_NEAR(c.X(5, 5) - m, 96, 1);
 }
 
+// Word and LibreOffice put a quarter of the font's size between ideographs and
+// Latin letters or digits in paragraphs that ask for it; the text keeps no blank.
+TEST(ZunRtfLayout, RoomBetweenAsianAndLatinText) {
+  Caixa c("{\\rtf1\\ansi\\ansicpg932{\\fonttbl{\\f0\\fcharset128 MS Mincho;}}\\f0\\fs24"
+          "\\pard\\aspalpha\\aspnum \\'97\\'98Word\\'97\\'98{\\b 12}\\'8c\\'8e\\par"
+          "\\pard \\'97\\'98Word\\'97\\'98{\\b 12}\\'8c\\'8e\\par"
+          "\\pard\\aspalpha \\'97\\'98Word\\'97\\'98{\\b 12}\\'8c\\'8e\\par}");
+  double m = c.X(1, 0);
+  EXPECT_NEAR(c.X(0, 1) - c.X(1, 1), 4, 0.6) << "before the word";
+  EXPECT_NEAR(c.X(0, 5) - c.X(1, 5), 8, 0.6) << "after it";
+  EXPECT_NEAR(c.X(0, 8) - c.X(1, 8), 16, 0.6) << "around the digits, in another run";
+  EXPECT_NEAR(c.X(2, 8) - c.X(1, 8), 8, 0.6) << "letters only";
+  EXPECT_NEAR(c.X(0, 0), m, 0.1);
+  EXPECT_EQ(c.Bloco(0).text(), c.Bloco(1).text());
+  EXPECT_EQ(c.rt->Text(), Tx(u"利Word利12月\r\n利Word利12月\r\n利Word利12月"));
+}
+
 // An empty paragraph is as high as its own mark's font, not the text above it.
 TEST(ZunRtfLayout, EmptyParagraphTakesItsOwnSize) {
   Caixa c(Doc("\\pard\\fs72 Grande\\par\\fs16\\par\\fs16 pequeno\\par"));

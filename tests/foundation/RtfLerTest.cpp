@@ -283,6 +283,17 @@ TEST(RtfLer, ParagraphSpacingTabsAndMark) {
   EXPECT_FALSE(d.pars[2].ctx);
 }
 
+// Word's East Asian paragraphs ask for room between their ideographs and Latin
+// letters (\aspalpha) or digits (\aspnum); a new paragraph asks for none.
+TEST(RtfLer, SpaceBetweenAsianAndLatinText) {
+  RtfDoc d = Le("{\\rtf1\\pard\\aspalpha\\aspnum a\\par\\pard\\aspalpha b\\par\\pard c\\par}");
+  ASSERT_EQ(d.pars.size(), 3u);
+  EXPECT_TRUE(d.pars[0].espLat && d.pars[0].espNum);
+  EXPECT_TRUE(d.pars[1].espLat);
+  EXPECT_FALSE(d.pars[1].espNum);
+  EXPECT_FALSE(d.pars[2].espLat || d.pars[2].espNum);
+}
+
 // Table rows as Word and LibreOffice write them: cells with their right edges,
 // shading, borders and padding; text in cells, several paragraphs in one cell.
 TEST(RtfLer, TableRows) {
