@@ -14,7 +14,9 @@ pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
       ansible-core
       # fonts drawn in place of the Windows fonts option files name (docs/controls.md)
       fonts-liberation2 fonts-crosextra-carlito fonts-crosextra-caladea fonts-dejavu-core
-      fonts-urw-base35 fonts-wine)
+      fonts-urw-base35 fonts-wine
+      # the East Asian faces that Japanese, Chinese and Korean licences name
+      fonts-noto-cjk)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
