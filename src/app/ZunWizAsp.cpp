@@ -133,7 +133,6 @@ void ZunWizAsp::Icon(const Tx& fic) {
 
 void ZunWizAsp::Width(double twp) { resize(TwpPx(twp), height()); }
 void ZunWizAsp::Height(double twp) { resize(width(), TwpPx(twp, 'Y')); }
-double ZunWizAsp::TwpPix(char eixo) const { return zw::TwpPix(eixo); }
 
 CtlObj* ZunWizAsp::Btn(TxV nome) {
   for (auto& b : mBtn)

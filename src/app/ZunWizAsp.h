@@ -43,7 +43,6 @@ class ZunWizAsp : public QDialog, public WizFrm {
   void Icon(const Tx& fic) override;
   void Width(double twp) override;
   void Height(double twp) override;
-  double TwpPix(char eixo) const override;
   CtlObj* Btn(TxV nome) override;
   CtlObj* Ctl(CtlArr arr, int i) override;
   int UBound(CtlArr arr) const override;

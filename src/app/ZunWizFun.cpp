@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QTimer>
+#include <cmath>
 #include <cstring>
 #include "TxQt.h"
 #include "ZunWizArt.h"
@@ -79,7 +80,7 @@ void ZunWizFun::FormActivate() {
 // edges follow the lower right corner, the emblem stays centred, and the waiting
 // artwork keeps the logo's margins from the right and bottom.
 void ZunWizFun::FormResize() {
-  const int W = PxTwp(width()), H = PxTwp(height(), 'Y');
+  const int W = int(std::lround(PxTwp(width()))), H = int(std::lround(PxTwp(height(), 'Y')));
   Img& dirBx = ImgRef("DirBx");
   Img& dir = ImgRef("Dir");
   Img& bx = ImgRef("Bx");

@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
-#include <cmath>
 
 namespace zw {
 
@@ -14,13 +13,10 @@ Tx LinCmd;
 std::unique_ptr<SupWiz> gSup;
 ZunWizFun* gFun = nullptr;
 
-double TwpPix(char eixo) {
-  const QScreen* ecr = QGuiApplication::primaryScreen();
-  double dpi = ecr ? (eixo == 'Y' ? ecr->logicalDotsPerInchY() : ecr->logicalDotsPerInchX()) : 0;
-  return dpi > 0 ? 1440.0 / dpi : 15.0;
+void EcrDpiLer() {
+  if (const QScreen* ecr = QGuiApplication::primaryScreen())
+    TwpDpiDef(ecr->logicalDotsPerInchX(), ecr->logicalDotsPerInchY());
 }
-int TwpPx(double twp, char eixo) { return int(std::lround(twp / TwpPix(eixo))); }
-int PxTwp(int px, char eixo) { return int(std::lround(px * TwpPix(eixo))); }
 
 // True where a program may make its window topmost (X11, Windows).
 static bool TopoPode() {

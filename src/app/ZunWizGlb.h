@@ -4,6 +4,7 @@
 #pragma once
 #include <memory>
 #include "SupWiz.h"
+#include "Twp.h"
 
 class QWidget;
 
@@ -21,12 +22,9 @@ extern Tx LinCmd;                 // the command line, words joined by blanks
 extern std::unique_ptr<SupWiz> gSup;  // the one engine, created on first use
 extern ZunWizFun* gFun;           // the background window
 
-// The screen's twips per pixel on the axis 'X' or 'Y': 1440 over its dots per inch,
-// 15 where no screen tells better. The design places of the windows and the
-// geometry of the controls are in twips.
-double TwpPix(char eixo = 'X');
-int TwpPx(double twp, char eixo = 'X');  // twips to pixels, rounded
-int PxTwp(int px, char eixo = 'X');      // pixels to twips, rounded
+// Reads the primary screen's dots per inch into the rule of twips and pixels
+// (Twp.h), once, before the first window: every twip of the run is converted at them.
+void EcrDpiLer();
 
 // Brings a window to the top of the ordinary windows. A window not yet shown is
 // marked topmost, where the window system lets a program do so, and FrmElevaFim

@@ -74,6 +74,7 @@ void ZunWizFim(int st) {
 void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
   DirExe = dirExe;
   LinCmd = linCmd;
+  EcrDpiLer();
   MsgDlgDef(&gDlgQt);
   ShfPrgDef(&gPrgQt);
   FrmFimDef(FrmFimQt);

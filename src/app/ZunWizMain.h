@@ -29,8 +29,9 @@ struct TntErr {
 const TntErr& TntErrUlt();
 
 // Sets up the process before the first window: the folder of the executable, the
-// command line (words joined by blanks), the Qt dialog service and the hook that
-// closes every window. Needs the QApplication.
+// command line (words joined by blanks), the screen's dots per inch for twips and
+// pixels (Twp.h), the Qt dialog service and the hook that closes every window.
+// Needs the QApplication.
 void ZunWizPrp(const Tx& dirExe, const Tx& linCmd);
 // Loads and shows the background window, whose first activation runs WizMain, and
 // runs the event loop until the run ends. Gives 0, or kSaiCri when the wizard was

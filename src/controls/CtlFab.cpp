@@ -11,7 +11,7 @@ template <class T>
 T* Cria(QWidget* pai, int w, int h) {
   auto* c = new T(pai);
   c->setVisible(false);
-  c->resize(CtlPx(w), CtlPx(h));
+  c->resize(TwpPx(w), TwpPx(h, 'Y'));
   return c;
 }
 
@@ -19,7 +19,7 @@ T* Cria(QWidget* pai, int w, int h) {
 
 ZunLab* LabCri(QWidget* pai) {
   ZunLab* c = Cria<ZunLab>(pai, 1305, 195);
-  c->move(CtlPx(150), CtlPx(90));
+  c->move(TwpPx(150), TwpPx(90, 'Y'));
   return c;
 }
 

@@ -8,9 +8,6 @@
 
 namespace zw {
 
-int CtlPx(double twp) { return int(std::lround(twp / kCtlTwpPx)); }
-double CtlTwp(int px) { return double(px) * kCtlTwpPx; }
-
 // The system colours of the classic desktop by their index (0x800000nn).
 QColor CorQt(long cor) {
   if (cor >= 0 && cor <= 0xFFFFFF) return QColor(int(cor & 0xFF), int((cor >> 8) & 0xFF), int((cor >> 16) & 0xFF));
@@ -29,7 +26,7 @@ QColor CorQt(long cor) {
 
 QFont FonQt(const QString& nome, double pt, bool bold, bool italic) {
   QFont f(FonFam(nome));
-  f.setPixelSize(std::max(1, int(std::lround(pt * 96.0 / 72.0))));
+  f.setPixelSize(std::max(1, int(std::lround(pt * kFonDpi / 72.0))));
   f.setBold(bold);
   f.setItalic(italic);
   f.setStyleStrategy(QFont::PreferAntialias);
@@ -116,10 +113,10 @@ Var CtlQt::PrpCon(TxV nome) const {
   if (PrpKndCon(nome, v)) return v;
   QRect g = w_->geometry();
   if (w_->isWindow()) g.moveTopLeft(w_->pos());
-  if (PrpIgual(nome, u"Left")) return Var(CtlTwp(g.x()));
-  if (PrpIgual(nome, u"Top")) return Var(CtlTwp(g.y()));
-  if (PrpIgual(nome, u"Width")) return Var(CtlTwp(g.width()));
-  if (PrpIgual(nome, u"Height")) return Var(CtlTwp(g.height()));
+  if (PrpIgual(nome, u"Left")) return Var(PxTwp(g.x()));
+  if (PrpIgual(nome, u"Top")) return Var(PxTwp(g.y(), 'Y'));
+  if (PrpIgual(nome, u"Width")) return Var(PxTwp(g.width()));
+  if (PrpIgual(nome, u"Height")) return Var(PxTwp(g.height(), 'Y'));
   if (PrpIgual(nome, u"Visible")) return Var(!w_->isHidden());
   if (PrpIgual(nome, u"Enabled")) return Var(w_->isEnabled());
   if (PrpIgual(nome, u"FontName")) return Var(TxQs(fonNom_));
@@ -138,14 +135,14 @@ void CtlQt::PrpAtr(TxV nome, const Var& val) {
   QRect g = w_->geometry();
   if (w_->isWindow()) g.moveTopLeft(w_->pos());
   if (PrpIgual(nome, u"Left")) {
-    w_->move(CtlPx(PrpNum(val)), g.y());
+    w_->move(TwpPx(PrpNum(val)), g.y());
   } else if (PrpIgual(nome, u"Top")) {
-    w_->move(g.x(), CtlPx(PrpNum(val)));
+    w_->move(g.x(), TwpPx(PrpNum(val), 'Y'));
   } else if (PrpIgual(nome, u"Width") || PrpIgual(nome, u"Height")) {
     double d = PrpNum(val);
     if (d < 0) throw CtlErr(380, "invalid property value");
-    if (PrpIgual(nome, u"Width")) w_->resize(CtlPx(d), g.height());
-    else w_->resize(g.width(), CtlPx(d));
+    if (PrpIgual(nome, u"Width")) w_->resize(TwpPx(d), g.height());
+    else w_->resize(g.width(), TwpPx(d, 'Y'));
   } else if (PrpIgual(nome, u"Visible")) {
     w_->setVisible(PrpBool(val));
   } else if (PrpIgual(nome, u"Enabled")) {

@@ -3,8 +3,8 @@
 // This base keeps the properties all kinds have - geometry in twips, Visible,
 // Enabled, the font by name, size, bold and italic, the back and fore colour
 // numbers, and for a window of its own (a form) "WindowState" - and hands the rest
-// to the kind. Twips become whole pixels at 15 twips a pixel, as on the screens the
-// option files were laid out on, so a value read back is the pixel it landed on.
+// to the kind. Twips become whole pixels at the screen's twips a pixel (Twp.h), so a
+// value read back is the pixel it landed on.
 // A wrapper that outlives its widget answers every name with error 438, as a
 // control that has gone.
 #pragma once
@@ -13,12 +13,13 @@
 #include <QPointer>
 #include <QWidget>
 #include "CtlObj.h"
+#include "Twp.h"
 
 namespace zw {
 
-constexpr int kCtlTwpPx = 15;
-int CtlPx(double twp);      // twips to pixels, rounded to the nearest
-double CtlTwp(int px);      // pixels to twips
+// Fonts, and the rich text inside a box, are drawn at 96 dots an inch whatever the
+// screen: the option files' pages, laid out in pixels, were measured with them so.
+constexpr double kFonDpi = 96;
 
 // The colour of a colour number: 0x00BBGGRR, or a system colour 0x800000nn
 // (button face, window text...) in the colours of the classic Windows desktop.
@@ -26,7 +27,7 @@ double CtlTwp(int px);      // pixels to twips
 QColor CorQt(long cor);
 
 // The Qt font of a Windows font: family from the font table, size in points
-// turned into whole pixels at 96 dots an inch, as the original drew it.
+// turned into whole pixels at kFonDpi, as the original drew it.
 QFont FonQt(const QString& nome, double pt, bool bold, bool italic);
 
 // The property names are compared case-blind, as late binding did.

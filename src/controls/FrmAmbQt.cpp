@@ -63,7 +63,7 @@ bool FrmAmbQt::EhFrm(const CtlObj& ob) const {
   return w && w->isWindow();
 }
 
-double FrmAmbQt::EcrW() const { return CtlTwp(TamEcr().width()); }
-double FrmAmbQt::EcrH() const { return CtlTwp(TamEcr().height()); }
+double FrmAmbQt::EcrW() const { return PxTwp(TamEcr().width()); }
+double FrmAmbQt::EcrH() const { return PxTwp(TamEcr().height(), 'Y'); }
 
 }  // namespace zw

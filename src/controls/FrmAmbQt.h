@@ -1,8 +1,8 @@
 // FrmAmbQt: the form layout's view of Qt windows (FrmAmb over CtlQt).
 // A control's name is its widget's objectName; its container is its parent widget;
 // a form is a widget that is a window of its own; the screen is the primary
-// screen, in twips at the controls' 15 twips a pixel, so the sizes the layout
-// works out land on the same pixels the controls use.
+// screen, in twips at the twips a pixel of every control (Twp.h), so the sizes the
+// layout works out land on the same pixels the controls use.
 //
 // The layout reaches a container as a CtlObj. A widget that is itself a control
 // (a label, a line, an option group...) is its own wrapper; a wrapper made apart
@@ -35,8 +35,8 @@ class FrmAmbQt : public FrmAmb {
   bool EhFrm(const CtlObj& ob) const override;
   double EcrW() const override;
   double EcrH() const override;
-  double PixX() const override { return kCtlTwpPx; }
-  double PixY() const override { return kCtlTwpPx; }
+  double PixX() const override { return TwpPix('X'); }
+  double PixY() const override { return TwpPix('Y'); }
 
  private:
   void Segue(QWidget* w) const;  // forgets the widget's wrappers when it is destroyed

@@ -23,6 +23,9 @@ int* Coord(QPoint& p1, QPoint& p2, TxV nome) {
   return nullptr;
 }
 
+// The axis of such a name: 'Y' for "Y1" and "Y2", 'X' for the others.
+char Eixo(TxV nome) { return nome[0] == u'Y' || nome[0] == u'y' ? 'Y' : 'X'; }
+
 }  // namespace
 
 ZunLin::ZunLin(QWidget* pai) : QWidget(pai), CtlQt(this) {
@@ -46,7 +49,7 @@ void ZunLin::Ajusta() {
 bool ZunLin::PrpKndCon(TxV nome, Var& v) const {
   QPoint a = p1_, b = p2_;
   if (const int* c = Coord(a, b, nome)) {
-    v = Var(CtlTwp(*c));
+    v = Var(PxTwp(*c, Eixo(nome)));
     return true;
   }
   if (PrpIgual(nome, u"BorderColor")) {
@@ -65,7 +68,7 @@ bool ZunLin::PrpKndAtr(TxV nome, const Var& v) {
   if (int* c = Coord(p1_, p2_, nome)) {
     double d = PrpNum(v);
     if (!(d > -1e9 && d < 1e9)) throw CtlErr(380, "invalid property value");
-    *c = CtlPx(d);
+    *c = TwpPx(d, Eixo(nome));
     Ajusta();
     return true;
   }

@@ -218,7 +218,7 @@ void ZunOpc::ConOpc(int i, Tx& tx, Tx& adi) const {
 void ZunOpc::RegOpcPos(int i, double x, double y) { OpcPosAct(i, x, y); }
 
 void ZunOpc::RegAsp(double x, double y, const Var& passoX, const Var& passoY) {
-  if (QRadioButton* b0 = Opc(0)) b0->move(CtlPx(x), b0->y());
+  if (QRadioButton* b0 = Opc(0)) b0->move(TwpPx(x), b0->y());
   double w, h;
   TxDim(false, Tx(), w, h);
   double sx = passoX.EhTx() ? w + NuVal(passoX.Txt()) : PrpNum(passoX);
@@ -244,7 +244,7 @@ void ZunOpc::AjtPosY(double margTop, double margBot, int centro) {
   double y = centro == 1 ? passo / 2 + topo - h / 2 : topo;
   for (int i = 1; i <= n; ++i) {
     QRadioButton* b = opc_[size_t(i)];
-    b->move(b->x(), CtlPx(y));
+    b->move(b->x(), TwpPx(y, 'Y'));
     b->setVisible(true);
     y += passo;
   }
@@ -257,7 +257,7 @@ void ZunOpc::OpcPosAct(int i, double x, double y) {
   if (!b) return;
   double w, h;
   TxDim(false, Tx(), w, h);
-  b->setGeometry(CtlPx(x), CtlPx(y), b->width(), std::max(CtlPx(h), 13));
+  b->setGeometry(TwpPx(x), TwpPx(y, 'Y'), b->width(), std::max(TwpPx(h, 'Y'), 13));
   b->setVisible(true);
   OpcCorAct(i);
   OpcLarAjt(i);
@@ -266,8 +266,8 @@ void ZunOpc::OpcPosAct(int i, double x, double y) {
 void ZunOpc::OpcLarAjt(int i) {
   QRadioButton* b = Opc(i);
   if (!b) return;
-  double larg = CtlTwp(width()) - CtlTwp(b->x()) - 60;
-  b->resize(std::max(0, CtlPx(larg)), b->height());
+  double larg = PxTwp(width()) - PxTwp(b->x()) - 60;
+  b->resize(std::max(0, TwpPx(larg)), b->height());
 }
 
 // An option in the measurer's colours. It paints its own back in every colour
@@ -293,7 +293,7 @@ void ZunOpc::OpcRefr() {
 bool ZunOpc::TitTem() const { return !cap_.empty() && bordaFlag_ != 0; }
 
 void ZunOpc::TitDim(double& alt, double& util) const {
-  util = CtlTwp(height()) - 30;
+  util = PxTwp(height(), 'Y') - 30;
   alt = 0;
   if (TitTem()) {
     double w;
@@ -304,8 +304,8 @@ void ZunOpc::TitDim(double& alt, double& util) const {
 void ZunOpc::TxDim(bool titulo, const Tx& tx, double& larg, double& alt) const {
   QFontMetrics fm(titulo ? fonCap_ : fonOpc_);
   QString s = tx.empty() ? QStringLiteral("AÃÇ") : QsTx(tx);
-  larg = CtlTwp(fm.horizontalAdvance(s));
-  alt = CtlTwp(fm.height());
+  larg = PxTwp(fm.horizontalAdvance(s));
+  alt = PxTwp(fm.height(), 'Y');
 }
 
 // The frame fills the control; each option reaches to 60 twips short of its right.

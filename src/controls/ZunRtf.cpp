@@ -22,7 +22,7 @@ ZunRtf::ZunRtf(QWidget* pai) : QTextEdit(pai), CtlQt(this) {
   setAcceptRichText(false);
   document()->setDocumentMargin(1);
   QTextOption op = document()->defaultTextOption();
-  op.setTabStopDistance(720.0 / kCtlTwpPx);  // a default tab every half inch
+  op.setTabStopDistance(kFonDpi / 2);  // a default tab every half inch
   document()->setDefaultTextOption(op);
   FonPoe(fonNom_, fonTam_, fonNeg_, fonIta_);
   corFun_ = 0x80000005;  // window background
@@ -68,7 +68,8 @@ namespace {
 // only while the box is opaque.
 constexpr int kPrpFun = QTextFormat::UserProperty + 1;
 
-double Px(int twp) { return twp / double(kCtlTwpPx); }
+// A length of the document in pixels of its type (kFonDpi), not the screen's.
+double Px(int twp) { return twp * kFonDpi / kTwpPol; }
 
 // The Qt character format of a run; the font goes by the font table, sizes in
 // whole pixels as the control's own font.
@@ -77,7 +78,7 @@ QTextCharFormat CarFmt(const RtfCar& c, const Tx& fonPad, const QFont& fonCtl, b
   QString nome = QsTx(c.fon.empty() ? fonPad : c.fon);
   QFont q = nome.isEmpty() ? fonCtl : FonQt(nome, c.tam, c.neg, c.ita);
   if (nome.isEmpty()) {
-    q.setPixelSize(std::max(1, int(std::lround(c.tam * 96.0 / 72.0))));
+    q.setPixelSize(std::max(1, int(std::lround(c.tam * kFonDpi / 72.0))));
     q.setBold(c.neg);
     q.setItalic(c.ita);
   }

@@ -84,11 +84,4 @@ void SupWiz::Pgm(const tWizPgm& p) {
   VbsVarTx(u"DirBas", Var(Tx()));  // a folder that nothing sets
 }
 
-// The screen's twips per pixel, from the window; 15 before there is one.
-double SupWiz::TwpPix(char eixo) const {
-  WizFrm* f = Frm();
-  double t = f ? f->TwpPix(eixo) : 15.0;
-  return t > 0 ? t : 15.0;
-}
-
 }  // namespace zw

@@ -100,10 +100,9 @@ class SupWiz : public WizEng, private WizLerFx {
   SupWizVbs* WizVbs() const { return mWizVbs.get(); }
 
  private:
-  // What the reading asks of the engine (WizDef.h): the twips of the window's
-  // screen, a button's place, the program, the calculation after every group.
+  // What the reading asks of the engine (WizDef.h): a button's place, the
+  // program, the calculation after every group.
   void Lin(int32_t lin) override { mLin = lin; }
-  double TwpPix(char eixo) const override;
   void TraPos(tTra& t) override;
   void Pgm(const tWizPgm& p) override;
   void Calc() override { ZpoCalc(); }

@@ -6,6 +6,7 @@
 #include "FicGlb.h"
 #include "FicLer.h"
 #include "TdaOpc.h"
+#include "Twp.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -107,17 +108,17 @@ Tx WizLer::Chv(const Tx& chv, int32_t* lin) const {
   return TxVar(v);
 }
 
-// A length of the group in hand in pixels, as twips of its axis; "AUTO" stays a
-// text. Gives the key's text, trimmed and in capitals.
+// A length of the group in hand in pixels, as twips of its axis 'X' or 'Y' (the
+// number itself for another axis word); "AUTO" stays a text. Gives the key's text,
+// trimmed and in capitals.
 Tx WizLer::Twp(char eixo, const Tx& chv, Var& val) const {
-  double tx = fx_.TwpPix('X'), ty = fx_.TwpPix('Y');
   Tx t = TxMai(TxTrim(Chv(chv)));
   if (t == u"AUTO") {
     val = Var(Tx(u"AUTO"));
     return t;
   }
   double n = NuVal(t);
-  val = Var(eixo == 'X' ? n * tx : eixo == 'Y' ? n * ty : n);
+  val = Var(eixo == 'X' || eixo == 'Y' ? PxTwp(n, eixo) : n);
   return t;
 }
 

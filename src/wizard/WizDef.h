@@ -131,8 +131,6 @@ class WizLerFx {
   virtual ~WizLerFx() = default;
   // The reading is now on the group whose head is on line lin.
   virtual void Lin(int32_t) {}
-  // The twips per pixel of an axis ('X' or 'Y'), for lengths given in pixels.
-  virtual double TwpPix(char eixo) const = 0;
   // A "TRA" group, before it takes its slot: its place in twips (from the point
   // of its button when "POS" is empty).
   virtual void TraPos(tTra&) {}

@@ -39,8 +39,6 @@ struct WizFrm : VarObj, VbsFrm {
   virtual void Icon(const Tx& fic) = 0;
   virtual void Width(double twp) = 0;
   virtual void Height(double twp) = 0;
-  // The screen's twips per pixel on the axis 'X' or 'Y' (15 where nothing better is known).
-  virtual double TwpPix(char eixo) const = 0;
 
   // The four buttons by their exact names "cmAnt", "cmSeg", "cmCnf", "cmCan"; null
   // for any other name.

@@ -14,6 +14,7 @@
 #include "GlbMsg.h"
 #include "SupWiz.h"
 #include "TxtGlb.h"
+#include "Twp.h"
 #include "WizTnt.h"
 
 namespace zw {
@@ -42,10 +43,10 @@ void SupWiz::TraPos(tTra& t) {
 }
 
 // A number of pixels of an axis in twips, rounded as the script language rounds.
-static void TwpCnv(const Tx& tx, double tpp, int32_t& dst) {
+static void TwpCnv(const Tx& tx, char eixo, int32_t& dst) {
   double d = 0;
   if (!NuEhNum(tx, &d)) return;
-  double v = std::nearbyint(d * tpp);
+  double v = std::nearbyint(PxTwp(d, eixo));
   if (!(v >= INT32_MIN && v <= INT32_MAX)) throw std::overflow_error("Overflow");
   dst = int32_t(v);
 }
@@ -55,8 +56,8 @@ void SupWiz::WizPosCnv(const Tx& tx, int32_t& x, int32_t& y) const {
   Tx a, b;
   int ach = 0;
   TxDiv2(tx, u",", a, b, ach);
-  TwpCnv(a, TwpPix('X'), x);
-  TwpCnv(b, TwpPix('Y'), y);
+  TwpCnv(a, 'X', x);
+  TwpCnv(b, 'Y', y);
 }
 
 // "w, h" in pixels to twips; -1 for a part that is no number.

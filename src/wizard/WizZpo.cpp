@@ -5,20 +5,21 @@
 #include <stdexcept>
 #include "SupWiz.h"
 #include "TxtGlb.h"
+#include "Twp.h"
 #include "VbsSup.h"
 #include "WizTab.h"
 
 namespace zw {
 
-// A length of the window in pixels: twips over the screen's twips per pixel. A text
-// that is no number ("AUTO") cannot be divided and fails the reading.
-static double ZpoPix(const Var& twp, double tpp) {
+// A length of the window in pixels of the axis, not rounded. A text that is no number
+// ("AUTO") cannot be divided and fails the reading.
+static double ZpoPix(const Var& twp, char eixo) {
   if (twp.EhTx()) {
     double d = 0;
     if (!NuEhNum(twp.Txt(), &d)) throw std::runtime_error("Type mismatch: the window's size is not a number");
-    return d / tpp;
+    return d / TwpPix(eixo);
   }
-  return NuDbl(twp) / tpp;
+  return NuDbl(twp) / TwpPix(eixo);
 }
 
 // Assigns "xMax", "yMax" and every record, in file order, as expressions: a zone
@@ -30,9 +31,9 @@ void SupWiz::ZpoCalc() {
   // The window's size in pixels; a size that is no number fails at its key's line.
   const int32_t lin = mLin;
   mLin = mDef.LinDimX;
-  double x = ZpoPix(mDef.DimX, TwpPix('X'));
+  double x = ZpoPix(mDef.DimX, 'X');
   mLin = mDef.LinDimY;
-  double y = ZpoPix(mDef.DimY, TwpPix('Y'));
+  double y = ZpoPix(mDef.DimY, 'Y');
   mLin = lin;
   std::vector<Tx>& cmd = mZpoCmd;
   if (cmd.size() < 2) cmd.resize(2);

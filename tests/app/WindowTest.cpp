@@ -10,6 +10,7 @@
 #include "QtApp.h"
 #include "SupWiz.h"
 #include "TxQt.h"
+#include "Twp.h"
 #include "TxtGlb.h"
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
@@ -133,8 +134,8 @@ TEST(ZunWizAsp, ControlArraysLoadElementsByIndex) {
   // Geometry goes in twips and lands on the screen's pixels.
   ck->PrpAtr(u"Left", Var(int32_t(1500)));
   ck->PrpAtr(u"Width", Var(int32_t(3000)));
-  EXPECT_EQ(a.CtlWid(CtlArr::Ckb, 7)->x(), int(1500 / a.TwpPix('X') + 0.5));
-  EXPECT_EQ(a.CtlWid(CtlArr::Ckb, 7)->width(), int(3000 / a.TwpPix('X') + 0.5));
+  EXPECT_EQ(a.CtlWid(CtlArr::Ckb, 7)->x(), int(1500 / TwpPix('X') + 0.5));
+  EXPECT_EQ(a.CtlWid(CtlArr::Ckb, 7)->width(), int(3000 / TwpPix('X') + 0.5));
   // The buttons by their exact names only.
   ASSERT_NE(a.Btn(u"cmSeg"), nullptr);
   EXPECT_EQ(TxVar(a.Btn(u"cmSeg")->PrpCon(u"Caption")), u"Seguinte >");

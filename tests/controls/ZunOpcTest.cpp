@@ -25,8 +25,8 @@ struct Grupo {
   void Opcoes(int n) {
     for (int i = 1; i <= n; ++i) opc->RegOpc(u"Opção " + Tx(1, char16_t(u'0' + i)), u"adi" + Tx(1, char16_t(u'0' + i)));
   }
-  double Top(int i) const { return CtlTwp(opc->Opc(i)->y()); }
-  double Left(int i) const { return CtlTwp(opc->Opc(i)->x()); }
+  double Top(int i) const { return PxTwp(opc->Opc(i)->y()); }
+  double Left(int i) const { return PxTwp(opc->Opc(i)->x()); }
   double AltTx() const {
     double w, h;
     opc->TxDim(false, Tx(), w, h);
@@ -112,63 +112,63 @@ TEST(ZunOpc, ReadsOptionsByNameAndPassesMissingOnesOver) {
 TEST(ZunOpc, RegAspStepsInTwipsAndTextSteps) {
   QtApp();
   Grupo g;
-  g.opc->resize(CtlPx(3000), CtlPx(2000));
+  g.opc->resize(TwpPx(3000), TwpPx(2000));
   g.Opcoes(3);
   g.opc->RegAsp(150, 60, 450, 300);
   for (int i = 1; i <= 3; ++i) {
-    EXPECT_EQ(g.Left(i), CtlTwp(CtlPx(150 + 450 * (i - 1))));
-    EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(60 + 300 * (i - 1))));
+    EXPECT_EQ(g.Left(i), PxTwp(TwpPx(150 + 450 * (i - 1))));
+    EXPECT_EQ(g.Top(i), PxTwp(TwpPx(60 + 300 * (i - 1))));
     EXPECT_FALSE(g.opc->Opc(i)->isHidden());
     // Each reaches to 60 twips short of the control's right side.
-    EXPECT_NEAR(CtlTwp(g.opc->Opc(i)->width()), 3000 - g.Left(i) - 60, 15);
+    EXPECT_NEAR(PxTwp(g.opc->Opc(i)->width()), 3000 - g.Left(i) - 60, 15);
   }
   // "+30": one line of text and 30 twips; a number as text is still a text step.
   double h = g.AltTx();
   ASSERT_GT(h, 100);
   g.opc->RegAsp(300, 0, 0, Var(Tx(u"+30")));
-  EXPECT_EQ(g.Top(2), CtlTwp(CtlPx(h + 30)));
-  EXPECT_EQ(g.Top(3), CtlTwp(CtlPx(2 * (h + 30))));
-  EXPECT_EQ(g.Left(3), CtlTwp(CtlPx(300)));
+  EXPECT_EQ(g.Top(2), PxTwp(TwpPx(h + 30)));
+  EXPECT_EQ(g.Top(3), PxTwp(TwpPx(2 * (h + 30))));
+  EXPECT_EQ(g.Left(3), PxTwp(TwpPx(300)));
   g.opc->RegAsp(300, 0, 0, Var(Tx(u"0")));
-  EXPECT_EQ(g.Top(2), CtlTwp(CtlPx(h)));
+  EXPECT_EQ(g.Top(2), PxTwp(TwpPx(h)));
   // Across, a text step is the width of the sample "AÃÇ" in the options' font.
-  double w = CtlTwp(QFontMetrics(g.opc->Opc(0)->font()).horizontalAdvance(QStringLiteral("AÃÇ")));
+  double w = PxTwp(QFontMetrics(g.opc->Opc(0)->font()).horizontalAdvance(QStringLiteral("AÃÇ")));
   g.opc->RegAsp(150, 60, Var(Tx(u"+45")), 0);
   for (int i = 1; i <= 3; ++i) {
-    EXPECT_EQ(g.Left(i), CtlTwp(CtlPx(150 + (w + 45) * (i - 1))));
-    EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(60)));
+    EXPECT_EQ(g.Left(i), PxTwp(TwpPx(150 + (w + 45) * (i - 1))));
+    EXPECT_EQ(g.Top(i), PxTwp(TwpPx(60)));
   }
 }
 
 TEST(ZunOpc, AjtPosYSharesTheHeightUnderTheTitle) {
   QtApp();
   Grupo g;
-  g.opc->resize(CtlPx(3000), CtlPx(1530));
+  g.opc->resize(TwpPx(3000), TwpPx(1530));
   double h = g.AltTx(), util = 1530 - 30;
   // One option, centred, no title: the middle of the free height.
   g.Opcoes(1);
   g.opc->AjtPosY(0, 0, 1);
   double passo = util - h;
-  EXPECT_EQ(g.Top(1), CtlTwp(CtlPx(passo / 2 - h / 2)));
+  EXPECT_EQ(g.Top(1), PxTwp(TwpPx(passo / 2 - h / 2)));
   EXPECT_FALSE(g.opc->Opc(1)->isHidden());
   // Three options from the top margin, not centred.
   g.Opcoes(2);
   g.opc->AjtPosY(90, 60, 0);
   passo = (util - 60 - 90 - h) / 3;
-  for (int i = 1; i <= 3; ++i) EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(90 + passo * (i - 1))));
+  for (int i = 1; i <= 3; ++i) EXPECT_EQ(g.Top(i), PxTwp(TwpPx(90 + passo * (i - 1))));
   // Seven options centred: the step keeps its fraction, which adds up down the list.
   g.Opcoes(4);
   g.opc->AjtPosY(22, 6, 1);
   passo = (util - 6 - 22 - h) / 7;
   ASSERT_NE(passo, std::floor(passo));
   for (int i = 1; i <= 7; ++i)
-    EXPECT_EQ(g.Top(i), CtlTwp(CtlPx(passo / 2 + 22 - h / 2 + passo * (i - 1)))) << "option " << i;
+    EXPECT_EQ(g.Top(i), PxTwp(TwpPx(passo / 2 + 22 - h / 2 + passo * (i - 1)))) << "option " << i;
   // A title takes its height only with the border on.
   g.opc->Caption(u"Escolha");
   double tw, th;
   g.opc->TxDim(true, u"Escolha", tw, th);
   g.opc->AjtPosY(0, 0, 0);
-  EXPECT_EQ(g.Top(1), CtlTwp(CtlPx(th)));
+  EXPECT_EQ(g.Top(1), PxTwp(TwpPx(th)));
   g.opc->BorderVisible(false);
   g.opc->AjtPosY(0, 0, 0);
   EXPECT_EQ(g.Top(1), 0);

@@ -14,7 +14,6 @@ namespace {
 // Records the reader's calls in their order.
 struct Fx : WizLerFx {
   std::vector<Tx> log;
-  double TwpPix(char) const override { return 15; }
   void Lin(int32_t l) override { log.push_back(u"lin " + TxAsc(std::to_string(l))); }
   void TraPos(tTra& t) override {
     log.push_back(u"tra " + t.Ide);

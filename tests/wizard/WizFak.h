@@ -102,7 +102,6 @@ struct FrmFak : WizFrm {
   void Icon(const Tx& f) override { log.push_back(u"Icon=" + f); }
   void Width(double t) override { log.push_back(u"Width=" + TxVar(Var(t))); }
   void Height(double t) override { log.push_back(u"Height=" + TxVar(Var(t))); }
-  double TwpPix(char) const override { return 15; }
   CtlObj* Btn(TxV n) override {
     auto it = btn.find(Tx(n));
     return it == btn.end() ? nullptr : it->second.get();

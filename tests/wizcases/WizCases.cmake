@@ -25,20 +25,25 @@
 # against what the wizard must do, and replace the folder by "<DIR>"), and re-run
 # cmake. A case whose name ends in "-raiz" runs as root inside the throwaway copy
 # of the machine (tests/support/caixa.sh): it may install into /usr/local and /etc.
+# A case whose name ends in "-xvfb" runs on a virtual X server of its own
+# (tests/support/xvfb.sh), skipped only where Xvfb is not installed; its NAME.opts
+# give "--platform" "xcb" and its NAME.env the screen's settings (QT_FONT_DPI...).
 # A failing case leaves what it wrote as NAME.got in the build's folder.
 function(wiz_cases dir prefix)
   file(GLOB traces CONFIGURE_DEPENDS ${dir}/*.trace)
   foreach(t ${traces})
     get_filename_component(name ${t} NAME_WE)
-    set(caixa "")
+    set(dentro "")
     if(name MATCHES "-raiz$")
-      set(caixa bash ${PROJECT_SOURCE_DIR}/tests/support/caixa.sh)
+      set(dentro bash ${PROJECT_SOURCE_DIR}/tests/support/caixa.sh)
+    elseif(name MATCHES "-xvfb$")
+      set(dentro bash ${PROJECT_SOURCE_DIR}/tests/support/xvfb.sh)
     endif()
     add_test(NAME ${prefix}_${name}
-      COMMAND ${caixa} ${CMAKE_COMMAND} -DRUN=$<TARGET_FILE:zunwiz-run> -DNAME=${name} -DDIR=${dir}
+      COMMAND ${dentro} ${CMAKE_COMMAND} -DRUN=$<TARGET_FILE:zunwiz-run> -DNAME=${name} -DDIR=${dir}
               -DOUT=${CMAKE_CURRENT_BINARY_DIR}/${prefix}_${name}.got
               -P ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/RunWiz.cmake)
-    if(caixa)
+    if(dentro)
       set_tests_properties(${prefix}_${name} PROPERTIES SKIP_RETURN_CODE 77)
     endif()
   endforeach()

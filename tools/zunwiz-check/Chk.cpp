@@ -18,6 +18,7 @@
 #include "ScriptControl.h"
 #include "SupWizVbs.h"
 #include "TdaOpc.h"
+#include "Twp.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
 #include "WizDef.h"
@@ -41,7 +42,6 @@ const char16_t* const kPrpAlt[] = {u"POS", u"DIM", u"FON", u"COR", u"ALN", u"SIT
 const char16_t* const kPalSit[] = {u"INV", u"VER", u"ACT", u"DES"};
 // The window's buttons, which CmpVarCon and CmpVarAlt reach by these exact names.
 const char16_t* const kBotWiz[] = {u"cmAnt", u"cmSeg", u"cmCnf", u"cmCan"};
-constexpr double kTwp = 15;  // twips per pixel where no screen is asked
 
 Tx Aspa(const Tx& t) { return u"\"" + t + u"\""; }
 Tx Num(long n) { return TxAsc(std::to_string(n)); }
@@ -129,7 +129,6 @@ class Chk : private WizLerFx {
 
  private:
   // The reading's calls (WizLerFx).
-  double TwpPix(char) const override { return kTwp; }
   void TraPos(tTra& t) override { tra_ = t; }  // the transition in hand, kept or dropped
   void Pgm(const tWizPgm& p) override;
   void Grp(const tWizGrp& g) override;
@@ -395,8 +394,9 @@ void Chk::Calc() {
   // run, so that checking costs the groups plus the passes that can differ.
   if (ver_ == verPas_ && fixo_ && Puro()) return;
   efe_->Lin(def_.Grp.back().Lin);
-  h_.ExeCmd(u"xMax=" + TxVar(Var(NuDbl(def_.DimX) / kTwp)), ok);
-  h_.ExeCmd(u"yMax=" + TxVar(Var(NuDbl(def_.DimY) / kTwp)), ok);
+  // The checker has no screen: its twips are those of 96 dots an inch (Twp.h).
+  h_.ExeCmd(u"xMax=" + TxVar(Var(NuDbl(def_.DimX) / TwpPix('X'))), ok);
+  h_.ExeCmd(u"yMax=" + TxVar(Var(NuDbl(def_.DimY) / TwpPix('Y'))), ok);
   for (size_t i = 1; i < zc_.size(); i++) {
     ZpoChk& z = zc_[i];
     const int32_t zl = def_.Zpo[i].Lin;

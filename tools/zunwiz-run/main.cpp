@@ -1,8 +1,9 @@
 // zunwiz-run: runs a wizard with answers instead of a person and writes a trace.
 //   zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS]
-//              [--record FILE [--keep-replaced DIR]] WORDS...
+//              [--record FILE [--keep-replaced DIR]] [--platform NAME] WORDS...
 // WORDS are zunwiz's own command line ("-FP file", "KEY=value"...). The start-up,
-// engine and windows are zunwiz's, on Qt's offscreen platform. The exit statuses
+// engine and windows are zunwiz's, on Qt's offscreen platform unless --platform
+// names another (xcb: on the X display of DISPLAY). The exit statuses
 // are the program's own (ZunWizMain.h); 1 is a command line that does not fit.
 #include <QApplication>
 #include <cerrno>
@@ -20,7 +21,7 @@
 namespace {
 const char kUso[] =
     "usage: zunwiz-run [--answers FILE] [--trace FILE|-] [--shots DIR] [--timeout SECONDS]\n"
-    "                  [--record FILE [--keep-replaced DIR]] WORDS...\n";
+    "                  [--record FILE [--keep-replaced DIR]] [--platform NAME] WORDS...\n";
 
 [[noreturn]] void Uso(const char* porque) {
   std::fprintf(stderr, "zunwiz-run: %s\n%s", porque, kUso);
@@ -44,6 +45,8 @@ void Ajuda() {
       "                     the machine, for zunwiz-undo(1) to take back\n"
       "  --keep-replaced DIR  with --record: a copy of each file replaced or deleted\n"
       "                     is kept in DIR first, so that undo can put it back\n"
+      "  --platform NAME    Qt's platform for the windows: offscreen (the default), or\n"
+      "                     xcb to run them on the X display that DISPLAY names\n"
       "  --help, --version\n"
       "\n"
       "Answers: ANT, SEG, CNF, CAN, CLOSE, BOX R, INPUT text, CHECK NAME 0|1, OPTION NAME N.\n"
@@ -74,6 +77,7 @@ int main(int argc, char** argv) {
   const char* tmp = nullptr;
   const char* ata = nullptr;
   const char* guarda = nullptr;
+  const char* plat = "offscreen";
   int i = 1;
   for (; i < argc; i++) {
     auto val = [&](const char*& alvo) {
@@ -86,6 +90,7 @@ int main(int argc, char** argv) {
     else if (!std::strcmp(argv[i], "--timeout")) val(tmp);
     else if (!std::strcmp(argv[i], "--record")) val(ata);
     else if (!std::strcmp(argv[i], "--keep-replaced")) val(guarda);
+    else if (!std::strcmp(argv[i], "--platform")) val(plat);
     else if (!std::strcmp(argv[i], "--help")) { Ajuda(); return 0; }
     else if (!std::strcmp(argv[i], "--version")) { std::printf("zunwiz-run %s\n", ZW_VERSAO); return 0; }
     else if (!std::strcmp(argv[i], "--")) { i++; break; }
@@ -118,12 +123,12 @@ int main(int argc, char** argv) {
   }
   opc.fotos = zw::TxDeUtf8(fotos);
 
-  // Standard error is for the run's own messages: Qt's notes about the offscreen
-  // platform are dropped, its errors kept.
+  // Standard error is for the run's own messages: Qt's notes about the platform are
+  // dropped, its errors kept.
   qInstallMessageHandler([](QtMsgType t, const QMessageLogContext&, const QString& m) {
     if (t == QtCriticalMsg || t == QtFatalMsg) std::fprintf(stderr, "%s\n", m.toLocal8Bit().constData());
   });
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_QPA_PLATFORM", plat);
   int qargc = 1;
   QApplication app(qargc, argv);
   zw::Tx lin;
