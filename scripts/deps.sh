@@ -4,7 +4,12 @@ set -euo pipefail
 # cups, cups-client, cups-filters: the printer tests run a private CUPS scheduler with
 # the generic PDF model and check it with lpstat.
 pkgs=(build-essential cmake pkg-config googletest libgtest-dev libgmock-dev
-      qt6-base-dev libcups2-dev xvfb xauth
+      qt6-base-dev libcups2-dev
+      # the wizard window reads the frame an X window manager draws (docs/startup.md)
+      libxcb1-dev
+      # a virtual X server and a window manager: the tests at 120 dots an inch and
+      # of the window's frame (docs/startup.md, "Twips and pixels")
+      xvfb xauth openbox
       # Qt's own translations: the boxes' buttons in the user's language
       qt6-translations-l10n
       cups cups-client cups-filters

@@ -1,11 +1,13 @@
 // The wizard window.
 #include "ZunWizAsp.h"
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <cstdio>
 #include <cstdlib>
+#include <xcb/xcb.h>
 #include "SupWiz.h"
 #include "CtlFab.h"
 #include "FicLer.h"
@@ -44,6 +46,50 @@ QPixmap ImgLer(const Tx& fic, const char16_t* oque) {
     LimTrc(u"refused " + Tx(oque) + u" " + fic + u" (" + TxDeUtf8(FicLerPorque(e)) + u")");
   }
   return px;
+}
+
+// The X connection of the program, null on another platform.
+xcb_connection_t* XCon() {
+  auto* x = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  return x ? x->connection() : nullptr;
+}
+
+// The atom of the property in which an X window manager tells the frame it drew
+// around a window: left, right, top, bottom, in pixels.
+xcb_atom_t XMolAtom(xcb_connection_t* c) {
+  static const xcb_atom_t a = [c] {
+    const char nome[] = "_NET_FRAME_EXTENTS";
+    xcb_intern_atom_reply_t* r = xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, sizeof nome - 1, nome), nullptr);
+    xcb_atom_t v = r ? r->atom : xcb_atom_t(XCB_ATOM_NONE);
+    std::free(r);
+    return v;
+  }();
+  return a;
+}
+
+// The frame the window system draws around a window. Under X it is the window
+// manager's, read from the window's property as the manager sets it once the window
+// is on the screen (Qt's own view of it may lag behind); none before that, nor
+// under a manager that does not tell it. On another platform it is what Qt tells,
+// and not known while Qt tells a side below 0 (false). Qt's offscreen platform has
+// none: its two pixels all round are a stand-in that frames nothing.
+bool Moldura(const QWidget* w, QMargins& m) {
+  m = {};
+  if (!w->isVisible() || QGuiApplication::platformName() == u"offscreen") return true;
+  if (xcb_connection_t* c = XCon()) {
+    const xcb_window_t jan = xcb_window_t(w->winId());
+    xcb_get_property_reply_t* r =
+        xcb_get_property_reply(c, xcb_get_property(c, 0, jan, XMolAtom(c), XCB_ATOM_CARDINAL, 0, 4), nullptr);
+    if (r && r->format == 32 && xcb_get_property_value_length(r) == 16) {
+      const uint32_t* v = static_cast<const uint32_t*>(xcb_get_property_value(r));
+      m = {int(v[0]), int(v[2]), int(v[1]), int(v[3])};
+    }
+    std::free(r);
+    return true;
+  }
+  const QRect f = w->frameGeometry(), g = w->geometry();
+  m = {g.left() - f.left(), g.top() - f.top(), f.right() - g.right(), f.bottom() - g.bottom()};
+  return m.left() >= 0 && m.top() >= 0 && m.right() >= 0 && m.bottom() >= 0;
 }
 }  // namespace
 
@@ -131,8 +177,32 @@ void ZunWizAsp::Icon(const Tx& fic) {
   if (!px.isNull()) setWindowIcon(QIcon(px));
 }
 
-void ZunWizAsp::Width(double twp) { resize(TwpPx(twp), height()); }
-void ZunWizAsp::Height(double twp) { resize(width(), TwpPx(twp, 'Y')); }
+void ZunWizAsp::Width(double twp) {
+  mDimW = TwpPx(twp);
+  DimAjt();
+}
+
+void ZunWizAsp::Height(double twp) {
+  mDimH = TwpPx(twp, 'Y');
+  DimAjt();
+}
+
+// A maximised, minimised or full-screen window is left as the window system has it.
+void ZunWizAsp::DimAjt() {
+  if (windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen)) return;
+  QMargins m;
+  if (Moldura(this, m)) mMol = m;
+  const int w = mDimW < 0 ? width() : std::max(0, mDimW - mMol.left() - mMol.right());
+  const int h = mDimH < 0 ? height() : std::max(0, mDimH - mMol.top() - mMol.bottom());
+  resize(w, h);
+}
+
+// A window manager frames the window after it is shown: the room inside shrinks
+// then, once, so the frame and all keep the size asked.
+void ZunWizAsp::MolVer() {
+  QMargins m;
+  if ((mDimW >= 0 || mDimH >= 0) && Moldura(this, m) && m != mMol) DimAjt();
+}
 
 CtlObj* ZunWizAsp::Btn(TxV nome) {
   for (auto& b : mBtn)
@@ -210,6 +280,7 @@ void ZunWizAsp::closeEvent(QCloseEvent* e) {
 
 void ZunWizAsp::showEvent(QShowEvent* e) {
   QDialog::showEvent(e);
+  MolVer();
   if (mSup && AspGanAct().Mostra) AspGanAct().Mostra(*this);
 }
 
@@ -220,7 +291,21 @@ void ZunWizAsp::done(int r) {
 
 void ZunWizAsp::changeEvent(QEvent* e) {
   QDialog::changeEvent(e);
+  if (e->type() == QEvent::ActivationChange) MolVer();
   if (e->type() == QEvent::ActivationChange && isActiveWindow()) raise();
+}
+
+// An X window manager tells its frame in a property of the window: a change of it
+// is looked at as it comes.
+bool ZunWizAsp::nativeEvent(const QByteArray& tipo, void* msg, qintptr* res) {
+  if (tipo == "xcb_generic_event_t") {
+    const auto* e = static_cast<const xcb_generic_event_t*>(msg);
+    xcb_connection_t* c = XCon();
+    if ((e->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && c &&
+        reinterpret_cast<const xcb_property_notify_event_t*>(e)->atom == XMolAtom(c))
+      MolVer();
+  }
+  return QDialog::nativeEvent(tipo, msg, res);
 }
 
 // Escape is a key like any other here: only the buttons and the close box end the wizard.

@@ -38,6 +38,7 @@ class ZunWizAsp : public QDialog, public WizFrm {
 
   // The window as the engine sees it: the control arrays laWiz, ckWiz, rtfWiz and
   // ZunOpc, each with its design element 0, loaded from the factory of its kind.
+  // Width and Height are the outer size, the frame included (docs/startup.md).
   void Caption(const Tx& tx) override;
   void Picture(const Tx& fic) override;
   void Icon(const Tx& fic) override;
@@ -69,14 +70,19 @@ class ZunWizAsp : public QDialog, public WizFrm {
   void changeEvent(QEvent* e) override;
   void keyPressEvent(QKeyEvent* e) override;
   void showEvent(QShowEvent* e) override;
+  bool nativeEvent(const QByteArray& tipo, void* msg, qintptr* res) override;
 
  private:
   void FormUnload();
+  void DimAjt();  // the room inside: the outer size asked, less the frame
+  void MolVer();  // DimAjt again if the frame has changed
   SupWiz* mSup = nullptr;
   bool mTra = false;  // a click's transition runs
   std::map<int, QWidget*> mArr[4];
   std::vector<std::unique_ptr<CtlBtn>> mBtn;  // the buttons as controls
   QLabel* mImg = nullptr;  // the window's picture, behind every control
+  int mDimW = -1, mDimH = -1;  // the outer size asked, in pixels; -1 where none was
+  QMargins mMol;               // the frame taken off it
 };
 
 }  // namespace zw
