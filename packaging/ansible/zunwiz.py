@@ -149,7 +149,8 @@ changes:
   returned: when the wizard ran
   type: list
   elements: dict
-  sample: [{"op": "file-created", "path": "/opt/notas/notas"}]
+  sample: [{"op": "file-created", "path": "/opt/notas/notas", "size": 38, "mode": "0644",
+            "sha256": "214b720d4c6753f46ca40f5e91aca73ed901b483fa1639d2000579380909da1f"}]
 record:
   description: The install record's path, when the task named one.
   returned: when record is given

@@ -34,7 +34,5 @@ doc=$(ansible-doc -M "$mod" zunwiz)
 grep -q -- '= wizard' <<<"$doc"
 /usr/bin/python3 -m unittest discover -s "$here" -p 'test_*.py' 2>&1
 
-registo=false
-grep -q -- --record <<<"$("$run" --help)" && registo=true
 ansible-playbook -i localhost, -c local "$here/modulo.yml" \
-  -e "caso=$caso zunwiz_run=$run zunwiz_check=$chk zunwiz_pasta=$caso/demo registo=$registo"
+  -e "caso=$caso zunwiz_run=$run zunwiz_check=$chk zunwiz_pasta=$caso/demo"

@@ -52,6 +52,7 @@ if command -v ansible-playbook >/dev/null; then
     ANSIBLE_PYTHON_INTERPRETER=/usr/bin/python3 ansible-playbook -i localhost, -c local \
     /usr/share/doc/zunwiz/examples/ansible/demo.yml -e zunwiz_pasta="$out/demo" >/dev/null
   check test -f "$out/demo/ZunWiz.par"
+  check grep -q '"op":"begin"' "$out/demo/install.jsonl"
 fi
 rm -rf "$out"
 cleanup
