@@ -34,8 +34,9 @@ int Parser::OpAt(int level) const {
   return 0;
 }
 
-// binary(n) = binary(n+1) { op(n) binary(n+1) } ; binary(5) = "Not" binary(5) | binary(6) ; binary(12) = unary
-// One level of binary operators, left to right; Not sits between And and the comparisons.
+// binary(n) = binary(n+1) { op(n) binary(n+1) }
+// One level of binary operators, left to right. Level 5 is Not instead (binary(5) =
+// "Not" binary(5) | binary(6)), between And and the comparisons; level 12 is unary.
 Ex* Parser::Binary(int level) {
   if (level == 5) {
     if (IsKw(kNot)) {
@@ -120,9 +121,9 @@ void Parser::ArgList(std::vector<Ex*>& out) {
   }
 }
 
-// primary = number | date | string | name | "True" | "False" | "Empty" | "Null" | "Nothing" | "Me"
-//         | "New" name | "(" expr ")" | "." member
-// The smallest expression; a leading "." is a member of the innermost With.
+// primary = literal | name | "Me" | "New" name | "(" expr ")" | "." member
+// The smallest expression: a number, date or text, True, False, Empty, Null or Nothing,
+// a name, and so on; a leading "." is a member of the innermost With.
 Ex* Parser::Primary() {
   const Tok& t = Cur();
   Ex* e;
@@ -243,8 +244,8 @@ void Parser::TopStatement() {
   Statement();
 }
 
-// statement = "Dim" dim-list | const | redim | if | select | for | do | while | with | exit
-//           | on-error | "Set" assign | call | "Erase" name { "," name } | [ "Let" ] assign | "Stop"
+// statement = "Dim" dim-list | const | redim | if | select | for | do | while | with | exit | on-error | call | other
+// Other statements are "Set" assign, "Erase" name { "," name }, [ "Let" ] assign and "Stop".
 // One statement inside any block; the code of a simple one is marked with its line,
 // for the line of an error and for Resume Next.
 void Parser::Statement() {

@@ -5,7 +5,7 @@
 
 namespace vbs::cmp {
 
-// dim-list = dim-item { "," dim-item } ; dim-item = name [ "(" [ bound { "," bound } ] ")" ]
+// dim-list = name [ "(" [ bound { "," bound } ] ")" ] { "," name [ "(" [ bound { "," bound } ] ")" ] }
 // Declares each name of a Dim, Public or Private; the bounds are constants.
 void Parser::DimList() {
   for (;;) {
@@ -105,7 +105,7 @@ void Parser::ConstDecl() {
   }
 }
 
-// redim = "ReDim" [ "Preserve" ] redim-item { "," redim-item } ; redim-item = name "(" expr { "," expr } ")"
+// redim = "ReDim" [ "Preserve" ] name "(" expr { "," expr } ")" { "," name "(" expr { "," expr } ")" }
 // The bounds are computed when it runs; the name is resolved like any other.
 void Parser::ReDim() {
   Next();
@@ -134,9 +134,9 @@ void Parser::ReDim() {
   }
 }
 
-// proc = ( "Sub" | "Function" | "Property" ( "Get" | "Let" | "Set" ) ) name [ "(" [ param { "," param } ] ")" ]
-//        { statement NL } "End" ( "Sub" | "Function" | "Property" ) ; param = [ "ByVal" | "ByRef" ] name [ "(" ")" ]
-// Compiles the body into a procedure of its own; its loops start afresh.
+// proc = ( "Sub" | "Function" | "Property" ( "Get" | "Let" | "Set" ) ) name [ params ] { statement NL } "End" kind
+// Compiles the body into a procedure of its own; its loops start afresh. A parameter
+// is [ "ByVal" | "ByRef" ] name [ "(" ")" ], and a line may end after the header.
 // Sub, Function or Property; in a class when C is set.
 void Parser::ProcDecl(bool pub, bool dflt) {
   if (P->kind != Proc::Global) Fail(1024);

@@ -35,8 +35,7 @@ void Parser::SingleLineBody() {
   }
 }
 
-// if = "If" expr "Then" ( line-body [ "Else" line-body ] [ "End" "If" ]
-//    | NL block { "ElseIf" expr "Then" [ NL ] block } [ "Else" [ NL ] block ] "End" "If" )
+// if = "If" expr "Then" ( line-body [ "Else" line-body ] | NL block { "ElseIf" expr "Then" block } [ "Else" block ] "End" "If" )
 // The one-line form when anything but a line end follows Then.
 void Parser::IfStmt() {
   int from = Here(), line = Cur().line, col = Cur().col;
@@ -97,8 +96,7 @@ void Parser::IfStmt() {
 }
 
 // select = "Select" "Case" expr NL { "Case" ( "Else" | test { "," test } ) block } "End" "Select"
-// test = "Is" comparison expr | expr [ "To" expr ]
-// The tested value is kept in a hidden slot, emptied after End Select.
+// Each test is "Is" comparison expr, or expr [ "To" expr ]. The tested value is kept in a hidden slot, emptied after End Select.
 void Parser::SelectStmt() {
   int from = Here(), line = Cur().line, col = Cur().col;
   Next();
