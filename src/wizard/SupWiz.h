@@ -29,6 +29,37 @@ namespace zw {
 class VbsSup;
 class SupWizVbs;
 
+// What a button does for one kind of its transition (the table in WizTra.cpp).
+enum class TraAco : uint8_t {
+  Pag,    // to the page TraPag names
+  FxIde,  // TraFx(page) answers the next page's identifier
+  FxNum,  // TraFx(page) answers the next page's number
+  Fx,     // runs TraFx(); the page stays
+  Prx,    // the next page in the file
+  His,    // back in the history
+  Nad,    // nothing
+  Fec,    // closes the window
+  Prg,    // the cancel question, closing on yes; on the last page closes at once
+};
+
+// A kind of component and how it makes its control (the table in WizCmp.cpp).
+// Labels, check boxes and rich-text boxes take one course of properties and
+// differ in the flags; an option group and its options each have their own.
+struct tCmpTip {
+  enum class F : uint8_t { Ctl, Grp, Opc };  // a plain control, an option group, an option of one
+  TxV Tip;         // "Tip" in capitals
+  F Frm;
+  CtlArr Arr;      // the window's array of its controls; an option has none of its own
+  bool Aut;        // sizes itself: a width wraps its words, a height fixes it
+  bool Aln;        // takes the alignment
+  TxV PrpTx;       // the property its text goes to
+  bool Fic;        // a text "[file]" loads that file
+  int32_t SemFun;  // its BackStyle when it has no background colour (transparent)
+  bool Fg;         // takes the text colour
+};
+// The kind of a "Tip" as it stands; null for a word that makes no control.
+const tCmpTip* CmpTipDe(TxV tip);
+
 class SupWiz : public WizEng, private WizLerFx {
  public:
   using Lst = std::vector<Var>;
@@ -54,11 +85,11 @@ class SupWiz : public WizEng, private WizLerFx {
   void PagVer(int16_t& pag);
   void PagEsc(int16_t& pag);
 
-  // Transitions: the four buttons of the window.
-  void TraCan();
-  void TraCnf();
-  void TraSeg();
-  void TraAnt();
+  // Transitions: the four buttons of the window, by slot.
+  void TraAnt() { TraExe(1); }
+  void TraSeg() { TraExe(2); }
+  void TraCnf() { TraExe(3); }
+  void TraCan() { TraExe(4); }
 
   // Script calls: a list of the function's name and its arguments (by reference).
   void VbsExe(Lst& lst, Var& res);
@@ -139,7 +170,8 @@ class SupWiz : public WizEng, private WizLerFx {
   void CmpSit(const Var& ctlNome, const Tx& lst);
   void CmpSit(CtlObj* ctl, const Tx& lst);
   CtlObj* Btn(int slot);
-  bool TraPagFx(const tTra& t, const Tx& tip, int16_t ant);
+  void TraExe(int slot);
+  void TraPas(TraAco a, const tTra& t);
   CtlObj* CmpVarOb(const Var& nome, int16_t& idx);
 
   Tx mTrcNom = u"SupWiz";

@@ -89,6 +89,28 @@ static void CmpVerFon(CtlObj& c, const tCmp& r) {
   if (r.FonEst.find(u"ITALIC") != Tx::npos) PoeB(c, u"FontItalic", true);
 }
 
+namespace {
+
+using F = tCmpTip::F;
+
+// The kinds of component, each with its control's course.
+constexpr tCmpTip kCmpTip[] = {
+    {u"LAB", F::Ctl, CtlArr::Lab, true, true, u"Caption", false, 0, true},
+    {u"CKB", F::Ctl, CtlArr::Ckb, false, false, u"Caption", false, 1, true},
+    {u"RTF", F::Ctl, CtlArr::Rtf, false, false, u"Text", true, 0, false},
+    {u"OPC", F::Grp, CtlArr::Opc, false, false, u"", false, 0, false},
+    {u"OPCTXT", F::Opc, CtlArr::Opc, false, false, u"", false, 0, false},
+};
+
+}  // namespace
+
+// Looks the word up in kCmpTip, exactly.
+const tCmpTip* CmpTipDe(TxV tip) {
+  for (const tCmpTip& k : kCmpTip)
+    if (k.Tip == tip) return &k;
+  return nullptr;
+}
+
 // Creates the control of component i by its kind and gives it the record's
 // properties, in the order the controls expect them (a label's width before its
 // word wrap and auto size, its height after its caption). It stays invisible.
@@ -96,60 +118,35 @@ void SupWiz::CmpVer(int16_t i) {
   const tCmp& r = mDef.Cmp[size_t(i)];
   WizFrm* f = Frm();
   if (!f) throw std::runtime_error("the wizard has no window");
-  auto cria = [&](CtlArr arr) -> CtlObj& {
-    CtlObj* c = f->UBound(arr) < i ? f->Load(arr, i) : f->Ctl(arr, i);
-    if (!c) throw CtlErr(340, "control array element does not exist");
-    return *c;
-  };
-  const Tx& tip = r.Tip;
-  if (tip == u"LAB") {
-    CtlObj& c = cria(CtlArr::Lab);
+  const tCmpTip* k = CmpTipDe(r.Tip);
+  if (!k) return;
+  if (k->Frm == F::Ctl) {
+    CtlObj* p = f->UBound(k->Arr) < i ? f->Load(k->Arr, i) : f->Ctl(k->Arr, i);
+    if (!p) throw CtlErr(340, "control array element does not exist");
+    CtlObj& c = *p;
     if (r.DimX > 0) {
-      PoeB(c, u"AutoSize", false);
+      if (k->Aut) PoeB(c, u"AutoSize", false);
       Poe(c, u"Width", r.DimX);
-      PoeB(c, u"WordWrap", true);
+      if (k->Aut) PoeB(c, u"WordWrap", true);
     }
-    PoeB(c, u"AutoSize", true);
+    if (k->Aut) PoeB(c, u"AutoSize", true);
     CmpVerFon(c, r);
-    Poe(c, u"Alignment", Var(r.AlnVal));
-    Poe(c, u"Caption", CmpTxLim(Var(r.TxtAct), r));
+    if (k->Aln) Poe(c, u"Alignment", Var(r.AlnVal));
+    const Tx& t = r.TxtAct;
+    if (k->Fic && t.size() >= 2 && t.front() == u'[' && t.back() == u']') RtfFicLer(c, mDef.DirExp(t.substr(1, t.size() - 2)));
+    else Poe(c, k->PrpTx, CmpTxLim(Var(t), r));
     Poe(c, u"Left", r.PosX);
     Poe(c, u"Top", r.PosY);
     if (r.DimY > 0) {
-      PoeB(c, u"AutoSize", false);
+      if (k->Aut) PoeB(c, u"AutoSize", false);
       Poe(c, u"Height", r.DimY);
     }
-    if (r.CorBg == -1) Poe(c, u"BackStyle", int32_t(0));
+    if (r.CorBg == -1) Poe(c, u"BackStyle", k->SemFun);
     else Poe(c, u"BackColor", r.CorBg);
-    Poe(c, u"ForeColor", r.CorFg);
+    if (k->Fg) Poe(c, u"ForeColor", r.CorFg);
     PoeB(c, u"Visible", false);
-  } else if (tip == u"CKB") {
-    CtlObj& c = cria(CtlArr::Ckb);
-    if (r.DimX > 0) Poe(c, u"Width", r.DimX);
-    CmpVerFon(c, r);
-    Poe(c, u"Caption", CmpTxLim(Var(r.TxtAct), r));
-    Poe(c, u"Left", r.PosX);
-    Poe(c, u"Top", r.PosY);
-    if (r.DimY > 0) Poe(c, u"Height", r.DimY);
-    if (r.CorBg == -1) Poe(c, u"BackStyle", int32_t(1));
-    else Poe(c, u"BackColor", r.CorBg);
-    Poe(c, u"ForeColor", r.CorFg);
-    PoeB(c, u"Visible", false);
-  } else if (tip == u"RTF") {
-    CtlObj& c = cria(CtlArr::Rtf);
-    if (r.DimX > 0) Poe(c, u"Width", r.DimX);
-    CmpVerFon(c, r);
-    const Tx& t = r.TxtAct;
-    if (t.size() >= 2 && t.front() == u'[' && t.back() == u']') RtfFicLer(c, mDef.DirExp(t.substr(1, t.size() - 2)));
-    else Poe(c, u"Text", CmpTxLim(Var(t), r));
-    Poe(c, u"Left", r.PosX);
-    Poe(c, u"Top", r.PosY);
-    if (r.DimY > 0) Poe(c, u"Height", r.DimY);
-    if (r.CorBg == -1) Poe(c, u"BackStyle", int32_t(0));
-    else Poe(c, u"BackColor", r.CorBg);
-    PoeB(c, u"Visible", false);
-  } else if (tip == u"OPC") {
-    CtlObj* c = f->Load(CtlArr::Opc, i);
+  } else if (k->Frm == F::Grp) {
+    CtlObj* c = f->Load(k->Arr, i);
     if (!c) throw CtlErr(340, "control array element does not exist");
     CmpPos(*c, r.PosX, r.PosY);
     CmpDim(*c, r.DimX, r.DimY);
@@ -161,7 +158,7 @@ void SupWiz::CmpVer(int16_t i) {
     c->Exe(u"RegIni", a);
     PoeB(*c, u"Visible", false);
     mOpcAct = c;
-  } else if (tip == u"OPCTXT") {
+  } else {
     if (!mOpcAct) throw CtlErr(91, "Object variable not set");
     std::vector<Var> a{Var(r.Txt), Var(r.Adi)};
     mOpcAct->Exe(u"RegOpc", a);

@@ -40,12 +40,8 @@ void SupWiz::CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach) {
 CtlObj* SupWiz::CmpOb(int16_t i) {
   WizFrm* f = Frm();
   if (!f || i < 1 || i > mDef.CmpNum) return nullptr;
-  const Tx tip = TxMai(TxTrim(mDef.Cmp[size_t(i)].Tip));
-  if (tip == u"LAB") return f->Ctl(CtlArr::Lab, i);
-  if (tip == u"CKB") return f->Ctl(CtlArr::Ckb, i);
-  if (tip == u"RTF") return f->Ctl(CtlArr::Rtf, i);
-  if (tip == u"OPC") return f->Ctl(CtlArr::Opc, i);
-  return nullptr;
+  const tCmpTip* k = CmpTipDe(TxMai(TxTrim(mDef.Cmp[size_t(i)].Tip)));
+  return k && k->Frm != tCmpTip::F::Opc ? f->Ctl(k->Arr, i) : nullptr;
 }
 
 // A control by name; a value that is not a text is no name, and gives none here

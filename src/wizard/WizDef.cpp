@@ -193,6 +193,14 @@ void WizLer::Pag() {
   WizTabAdi(def_.Pag, def_.PagNum, p, def_.PagIdx);
 }
 
+// The buttons' words in slot order, compared exactly.
+int TraSlot(TxV pal) {
+  static constexpr TxV kPal[] = {u"ANT", u"SEG", u"CNF", u"CAN"};
+  for (int s = 0; s < 4; s++)
+    if (pal == kPal[s]) return s + 1;
+  return 0;
+}
+
 // A transition, in its slot of the last page; a later group of the same button
 // replaces it, a word other than the four is read and dropped. The caller places
 // it first.
@@ -207,8 +215,7 @@ void WizLer::Tra() {
   t.TraPag = Chv(u"TRAPAG", &t.LinPag);
   t.TraFx = Chv(u"TRAFX", &t.LinFx);
   fx_.TraPos(t);
-  Tx k = TxMai(TxTrim(t.Ide));
-  int slot = k == u"ANT" ? 1 : k == u"SEG" ? 2 : k == u"CNF" ? 3 : k == u"CAN" ? 4 : 0;
+  int slot = TraSlot(TxMai(TxTrim(t.Ide)));
   if (slot) def_.Pag[size_t(def_.PagNum)].Tra[slot] = t;
 }
 

@@ -44,6 +44,10 @@ struct tTra {
   int32_t LinIde = 0, LinSit = 0, LinTip = 0, LinPag = 0, LinFx = 0;  // each key's line; 0 when absent
 };
 
+// The slot of a button's word as it stands ("ANT" 1, "SEG" 2, "CNF" 3, "CAN" 4);
+// 0 for any other word.
+int TraSlot(TxV pal);
+
 // One "PAG" group.
 struct tPag {
   Tx Ide, Des, Img;

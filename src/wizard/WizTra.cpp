@@ -1,14 +1,11 @@
 // SupWiz: transitions, the wizard's state machine. Each page has up to four, one
-// per button; the kind of a transition says where its button goes:
-//
-//   button   "PAG"        "FX"                                "FIM"        other or empty
-//   Ant      to TraPag    TraFx(page) gives a page number     history      history
-//   Seg      to TraPag    TraFx(page) gives a page identifier next page    next page
-//   Cnf      to TraPag    TraFx(), stay                       nothing      nothing
-//   Can      to TraPag    TraFx(), stay                       close        cancel question
+// per button; the kind of a transition says where its button goes. kTraBtn holds
+// the whole machine, one row per button and one column per kind, and TraExe is
+// the one routine that reads it for a click.
 //
 // Going back takes a number from the function and going forward an identifier:
 // option files rely on both. Every click passes over a failing step.
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 #include "GlbMsg.h"
@@ -19,13 +16,45 @@
 
 namespace zw {
 
+namespace {
+
+// A button: the point that places it when its transition has no "POS", and its
+// action for each kind of transition, by the column TraCol gives.
+struct tTraBtn {
+  const char16_t* Pon;
+  TraAco Aco[4];
+};
+
+// The wizard's state machine, one row per button in slot order (row 0 unused);
+// the columns are the kinds "PAG", "FX", "FIM", and any other or none.
+constexpr tTraBtn kTraBtn[5] = {
+    {u"", {TraAco::Nad, TraAco::Nad, TraAco::Nad, TraAco::Nad}},
+    {u"AUT_TraPosAnt", {TraAco::Pag, TraAco::FxNum, TraAco::His, TraAco::His}},  // < Anterior
+    {u"AUT_TraPosSeg", {TraAco::Pag, TraAco::FxIde, TraAco::Prx, TraAco::Prx}},  // Seguinte >
+    {u"AUT_TraPosCnf", {TraAco::Pag, TraAco::Fx, TraAco::Nad, TraAco::Nad}},     // Confirmar
+    {u"AUT_TraPosCan", {TraAco::Pag, TraAco::Fx, TraAco::Fec, TraAco::Prg}},     // Cancelar
+};
+
+// The column of a kind, already trimmed and in capitals.
+int TraCol(const Tx& tip) {
+  return tip == u"PAG" ? 0 : tip == u"FX" ? 1 : tip == u"FIM" ? 2 : 3;
+}
+
+// Whether an action changes page, so that the click leaves the old one and
+// enters the new.
+bool TraMuda(TraAco a) {
+  return a == TraAco::Pag || a == TraAco::FxIde || a == TraAco::FxNum || a == TraAco::Prx || a == TraAco::His;
+}
+
+}  // namespace
+
 // A transition's place in twips, before it takes its slot. Without "POS" the
 // button stands at the point "AUT_TraPos" + the button word, calculated now.
 void SupWiz::TraPos(tTra& t) {
   if (t.Pos.empty()) {
     // The word as the file writes it: "ant" finds no point.
-    Tx pon = t.Ide == u"ANT" ? u"AUT_TraPosAnt" : t.Ide == u"SEG" ? u"AUT_TraPosSeg"
-           : t.Ide == u"CNF" ? u"AUT_TraPosCnf" : t.Ide == u"CAN" ? u"AUT_TraPosCan" : u"";
+    const int s = TraSlot(t.Ide);
+    Tx pon = s ? Tx(kTraBtn[s].Pon) : Tx();
     Tx val;
     int16_t idx = -1;
     ZpoIdx(pon, idx);
@@ -66,109 +95,90 @@ void SupWiz::WizDimCnv(const Tx& tx, int32_t& w, int32_t& h) const {
   WizPosCnv(TxTrim(tx), w, h);
 }
 
-// The transition of a slot of the current page, with its kind in capitals.
-static const tTra& TraDe(const std::vector<tPag>& pag, int16_t act, int slot, Tx& tip) {
-  const tTra& t = pag.at(size_t(act)).Tra[slot];
-  tip = TxMai(TxTrim(t.TraTip));
-  return t;
+// A click on the button of a slot: the current page's transition in that slot
+// gives the kind, the button's row the action. Choosing the page is one step;
+// leaving the old page and entering the chosen one are two more, which run even
+// when the choice failed. Where the current page is outside the table, only a
+// button that changes page whatever its kind ("ANT", "SEG") still takes those two.
+void SupWiz::TraExe(int slot) {
+  const tTraBtn& b = kTraBtn[slot];
+  int16_t ant = mPagAct;
+  bool muda = std::all_of(std::begin(b.Aco), std::end(b.Aco), TraMuda);
+  WizTnt([&] {
+    const tTra& t = mDef.Pag.at(size_t(mPagAct)).Tra[slot];
+    const TraAco a = b.Aco[TraCol(TxMai(TxTrim(t.TraTip)))];
+    muda = TraMuda(a);
+    TraPas(a, t);
+  });
+  if (!muda) return;
+  WizTnt([&] { PagEsc(ant); });
+  WizTnt([&] { PagVer(mPagAct); });
 }
 
-// "Seguinte >": to the page named by the transition or by its function, or the next.
-void SupWiz::TraSeg() {
-  int16_t ant = mPagAct;
-  WizTnt([&] {
-    Tx tip;
-    const tTra& t = TraDe(mDef.Pag, mPagAct, 2, tip);
-    if (tip == u"PAG") {
+// The page number a function of "< Anterior" answers: a number, or a text that
+// reads as one, rounded to 16 bits.
+static int16_t TraNum(const Var& res) {
+  double d = 0;
+  if (res.EhTx() ? !NuEhNum(res.Txt(), &d) : !(res.EhNum() || res.Tipo() == Var::K::Bool || res.EhVazio()))
+    throw std::invalid_argument("Type mismatch");
+  if (!res.EhTx()) d = NuDbl(res);
+  d = std::nearbyint(d);
+  if (!(d >= INT16_MIN && d <= INT16_MAX)) throw std::overflow_error("Overflow");
+  return int16_t(d);
+}
+
+// One action of the table on the transition t of the current page: where the
+// button goes changes mPagAct; the others run a function or close the window.
+void SupWiz::TraPas(TraAco a, const tTra& t) {
+  switch (a) {
+    case TraAco::Pag:
       PagIdx(t.TraPag, mPagAct);
-    } else if (tip == u"FX") {
+      break;
+    case TraAco::FxIde: {
       Lst l{Var(t.TraFx), Var(mPagAct)};
       Var res;
       VbsFx(l, res);
       PagIdx(TxVar(res), mPagAct);
-    } else {
-      if (mPagAct == INT16_MAX) throw std::overflow_error("Overflow");
-      mPagAct++;
+      break;
     }
-  });
-  WizTnt([&] { PagEsc(ant); });
-  WizTnt([&] { PagVer(mPagAct); });
-}
-
-// "< Anterior": to the page named by the transition, the page number its function
-// gives, or back in the history.
-void SupWiz::TraAnt() {
-  int16_t ant = mPagAct;
-  WizTnt([&] {
-    Tx tip;
-    const tTra& t = TraDe(mDef.Pag, mPagAct, 1, tip);
-    if (tip == u"PAG") {
-      PagIdx(t.TraPag, mPagAct);
-    } else if (tip == u"FX") {
+    case TraAco::FxNum: {
       Lst l{Var(t.TraFx), Var(mPagAct)};
       Var res;
       VbsExe(l, res);
-      double d = 0;
-      if (res.EhTx() ? !NuEhNum(res.Txt(), &d) : !(res.EhNum() || res.Tipo() == Var::K::Bool || res.EhVazio()))
-        throw std::invalid_argument("Type mismatch");
-      if (!res.EhTx()) d = NuDbl(res);
-      d = std::nearbyint(d);
-      if (!(d >= INT16_MIN && d <= INT16_MAX)) throw std::overflow_error("Overflow");
-      mPagAct = int16_t(d);
-    } else {
-      int16_t p = -1;
-      PagLstAnt(p);
-      mPagAct = p;
+      mPagAct = TraNum(res);
+      break;
     }
-  });
-  WizTnt([&] { PagEsc(ant); });
-  WizTnt([&] { PagVer(mPagAct); });
-}
-
-// The kinds that "Confirmar" and "Cancelar" share: "PAG" goes to the page,
-// "FX" runs the function and stays. False for any other kind.
-bool SupWiz::TraPagFx(const tTra& t, const Tx& tip, int16_t ant) {
-  if (tip == u"PAG") {
-    WizTnt([&] { PagIdx(t.TraPag, mPagAct); });
-    WizTnt([&] { PagEsc(ant); });
-    WizTnt([&] { PagVer(mPagAct); });
-    return true;
-  }
-  if (tip == u"FX") {
-    WizTnt([&] {
+    case TraAco::Fx: {
       Lst l{Var(t.TraFx)};
       Var res;
       VbsExe(l, res);
-    });
-    return true;
+      break;
+    }
+    case TraAco::Prx:
+      if (mPagAct == INT16_MAX) throw std::overflow_error("Overflow");
+      mPagAct++;
+      break;
+    case TraAco::His: {
+      int16_t p = -1;
+      PagLstAnt(p);
+      mPagAct = p;
+      break;
+    }
+    case TraAco::Nad:
+      break;
+    case TraAco::Prg:
+      if (mPagAct < mDef.PagNum) {
+        int res = 0;
+        WizTnt([&] { MsgExe(u"? SN 2 _B", u"Terminar", mDef.MsgCan, res); });
+        if (res != 1) break;
+      }
+      [[fallthrough]];
+    case TraAco::Fec:
+      WizTnt([&] {
+        if (WizFrm* f = Frm()) f->Unload();
+      });
+      break;
   }
-  return false;
-}
-
-// "Confirmar": to a page, or runs its function and stays; otherwise nothing.
-void SupWiz::TraCnf() {
-  Tx tip;
-  const tTra* t = nullptr;
-  WizTnt([&] { t = &TraDe(mDef.Pag, mPagAct, 3, tip); });
-  if (t) TraPagFx(*t, tip, mPagAct);
-}
-
-// "Cancelar": to a page, runs its function and stays, closes ("FIM"), or by
-// default asks the cancel question - except on the last page, which closes at once.
-void SupWiz::TraCan() {
-  Tx tip;
-  const tTra* t = nullptr;
-  WizTnt([&] { t = &TraDe(mDef.Pag, mPagAct, 4, tip); });
-  if (!t || TraPagFx(*t, tip, mPagAct)) return;
-  int res = 1;
-  if (tip != u"FIM" && mPagAct < mDef.PagNum) {
-    res = 0;
-    WizTnt([&] { MsgExe(u"? SN 2 _B", u"Terminar", mDef.MsgCan, res); });
-  }
-  if (res == 1)
-    WizTnt([&] {
-      if (WizFrm* f = Frm()) f->Unload();
-    });
 }
 
 // Records a visit on top of the history; the page already on top is not repeated.

@@ -133,5 +133,21 @@ TEST_F(WizTst, AFailureInsideAPageEntryLeavesThePageAsFarAsItGot) {
   EXPECT_EQ(Pags(), u"1 A,2 B,3 C");
 }
 
+// After a jump to no page the current page is outside the table: "< Anterior" and
+// "Seguinte >", which change page whatever their kind, still try to leave and
+// enter; "Confirmar" and "Cancelar" find no transition and do nothing.
+TEST_F(WizTst, OutsideTheTableOnlyTheButtonsThatAlwaysChangePageAct) {
+  Ini(ComTra(Tra("SEG", "PAG", "nada") + Tra("CNF", "PAG", "B") + Tra("CAN")));
+  EXPECT_THROW(sup->TraSeg(), FimPrc);
+  EXPECT_EQ(sup->PagAct(), -1);
+  size_t n = frm->log.size();
+  sup->TraCnf();
+  sup->TraCan();
+  EXPECT_EQ(frm->log.size(), n);  // no box, no unload, no page
+  EXPECT_THROW(sup->TraAnt(), FimPrc);
+  EXPECT_EQ(frm->log.back(), u"End");
+  EXPECT_EQ(Ev(u"Rasto"), u"+A;-A;");
+}
+
 }  // namespace
 }  // namespace zw::tst
