@@ -27,6 +27,7 @@ QColor CorQt(long cor) {
 QFont FonQt(const QString& nome, double pt, bool bold, bool italic) {
   QFont f(FonFam(nome));
   f.setPixelSize(std::max(1, int(std::lround(pt * kFonDpi / 72.0))));
+  FonPsEst(nome, bold, italic);
   f.setBold(bold);
   f.setItalic(italic);
   f.setStyleStrategy(QFont::PreferAntialias);

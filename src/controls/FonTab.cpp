@@ -1,5 +1,6 @@
 // The font table: Windows names to the metric-compatible fonts of the system.
 #include "FonTab.h"
+#include <cstring>
 #include <QFile>
 #include <QHash>
 #include <QFontDatabase>
@@ -104,7 +105,48 @@ void FonWineCarga() {
   }
 }
 
+// The style words PostScript names end in after their "-" ("Helvetica-Bold",
+// "Times-Roman", "Courier-BoldOblique"); TextEdit writes its font table with them.
+const char* const kPsEst[] = {"Roman", "Regular", "Book", "Medium", "Light", "Bold", "Italic", "Oblique",
+                              "BoldItalic", "BoldOblique", "Semibold", "SemiboldItalic", "Black",
+                              "BoldMT", "ItalicMT", "BoldItalicMT"};
+
+// The family part of a PostScript name, or an empty text when the name is not one:
+// the style after "-" goes ("Helvetica-Bold" is Helvetica), and so do the "MT" and
+// "PSMT" marks of Monotype's names ("ArialMT", "TimesNewRomanPSMT"); the rest is
+// compared to the table with its blanks left out ("TimesNewRoman").
+QString PsFam(const QString& n) {
+  QString b = n;
+  int k = b.lastIndexOf(u'-');
+  if (k > 0) {
+    QString est = b.mid(k + 1);
+    bool ok = false;
+    for (const char* e : kPsEst) ok = ok || est.compare(QLatin1String(e), Qt::CaseInsensitive) == 0;
+    if (!ok) return {};
+    b.truncate(k);
+  }
+  for (const char* m : {"PSMT", "MT", "PS"})
+    if (b.size() > 4 && b.endsWith(QLatin1String(m))) {
+      b.chop(int(strlen(m)));
+      break;
+    }
+  if (b == n) return {};
+  for (const FonPar& p : kFonTab) {
+    QString w = QString::fromUtf8(p.win);
+    if (w.remove(u' ').compare(b, Qt::CaseInsensitive) == 0) return QString::fromUtf8(p.win);
+  }
+  return b;
+}
+
 }  // namespace
+
+// Whether a PostScript name's style is bold or italic ("Helvetica-BoldOblique").
+void FonPsEst(const QString& nome, bool& neg, bool& ita) {
+  if (PsFam(nome.trimmed()).isEmpty()) return;
+  QString est = nome.mid(nome.lastIndexOf(u'-') + 1);
+  if (est.contains(QLatin1String("Bold"), Qt::CaseInsensitive) || est.contains(QLatin1String("Black"), Qt::CaseInsensitive)) neg = true;
+  if (est.contains(QLatin1String("Italic"), Qt::CaseInsensitive) || est.contains(QLatin1String("Oblique"), Qt::CaseInsensitive)) ita = true;
+}
 
 // The family for a Windows name. Asking the font database goes to the system's font
 // configuration each time, and a page of components asks for the same few names
@@ -137,6 +179,10 @@ QString FonFam(const QString& nomeWin) {
         break;
       }
     }
+  if (r.isEmpty() && !QFontDatabase::hasFamily(n)) {
+    QString ps = PsFam(n);
+    if (!ps.isEmpty()) r = FonFam(ps);
+  }
   if (r.isEmpty()) r = n;
   feitas.insert(chave, r);
   return r;

@@ -11,4 +11,9 @@ namespace zw {
 // name the table lacks is given to the font system as it stands.
 QString FonFam(const QString& nomeWin);
 
+// Sets bold and italic when a PostScript name says so in its style part
+// ("Helvetica-Bold", "Times-Italic"), since its runs may not repeat it; leaves
+// them as they are for any other name.
+void FonPsEst(const QString& nome, bool& neg, bool& ita);
+
 }  // namespace zw

@@ -57,9 +57,40 @@ void ZunRtf::LoadFile(const Tx& caminho) {
     LimTrc(u"refused rich text " + caminho + u" (" + TxDeUtf8(FicLerPorque(e, kRtfLerMax)) + u")");
     throw CtlErr(75, "path/file access error");
   }
+  if (b.size() >= 2 && ((b[0] == '\xFF' && b[1] == '\xFE') || (b[0] == '\xFE' && b[1] == '\xFF'))) {
+    Utf16Ler(caminho, b);
+    return;
+  }
   RtfDoc doc;
   if (!RtfLer(b, doc)) throw CtlErr(321, "invalid file format");
   DocPoe(doc);
+}
+
+// A file saved as UTF-16 with its byte-order mark (Notepad's "Unicode"): rich text
+// written so is read with each character past ASCII given as "\uN", anything else
+// is shown as plain text; the trace says which, since the rich-edit control of
+// Windows would have shown such a file as it is.
+void ZunRtf::Utf16Ler(const Tx& caminho, const std::string& b) {
+  bool be = b[0] == '\xFE';
+  Tx t;
+  for (size_t i = 2; i + 1 < b.size(); i += 2) {
+    unsigned char x = static_cast<unsigned char>(b[i]), y = static_cast<unsigned char>(b[i + 1]);
+    t.push_back(char16_t(be ? (x << 8 | y) : (y << 8 | x)));
+  }
+  if (t.rfind(u"{\\rtf", 0) == 0) {
+    std::string r;
+    for (char16_t c : t)
+      if (c < 0x80) r.push_back(char(c));
+      else r += "{\\uc1\\u" + std::to_string(int(int16_t(c))) + "?}";
+    RtfDoc doc;
+    if (RtfLer(r, doc)) {
+      LimTrc(u"rich text " + caminho + u" read as UTF-16");
+      DocPoe(doc);
+      return;
+    }
+  }
+  LimTrc(u"rich text " + caminho + u" is UTF-16 text, shown as plain text");
+  Text(t);
 }
 
 namespace {

@@ -21,7 +21,8 @@ class ZunRtf : public QTextEdit, public CtlQt {
   void Text(const Tx& tx);
   // Reads the file (both "\" and "/" separate folders). A file that is missing or
   // cannot be read raises error 75 or 53; one that is no rich text error 321, and
-  // the content is left as it was.
+  // the content is left as it was. A UTF-16 file with its byte-order mark is read
+  // too: as rich text when it is rich text, else shown as plain text.
   void LoadFile(const Tx& caminho);
   // Shows a document read elsewhere.
   void DocPoe(const RtfDoc& doc);
@@ -37,6 +38,7 @@ class ZunRtf : public QTextEdit, public CtlQt {
 
  private:
   void FunAct();
+  void Utf16Ler(const Tx& caminho, const std::string& b);
   int backStyle_ = 1;
   // The plain text of the document shown, as the reader gives it (a table's
   // cells joined by tabs); false once Text has replaced it.

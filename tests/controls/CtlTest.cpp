@@ -9,6 +9,7 @@
 #include <memory>
 #include "CtlFab.h"
 #include "CtlTst.h"
+#include "FicLer.h"
 #include "FonTab.h"
 #include "TxQt.h"
 
@@ -167,6 +168,29 @@ TEST(ZunRtf, LoadFileTextAndErrors) {
   std::vector<Var> t{Var(d.Grava("leiame.txt", "texto simples"))};
   EXPECT_EQ(ErrNum([&] { rt->Exe(u"LoadFile", t); }), 321);
   EXPECT_EQ(rt->Text(), u"Licença\r\nTexto itálico");
+  // Notepad's "Unicode" (UTF-16 with its mark): rich text is read as rich text, any
+  // other text shown as it stands, and the trace says which it was.
+  std::vector<Tx> notas;
+  LimTrcDef([&](const Tx& n) { notas.push_back(n); });
+  auto utf16 = [](std::u16string_view t, bool be) {
+    std::string b = be ? "\xFE\xFF" : "\xFF\xFE";
+    for (char16_t c : t) {
+      char hi = char(c >> 8), lo = char(c & 0xFF);
+      b += be ? std::string{hi, lo} : std::string{lo, hi};
+    }
+    return b;
+  };
+  std::vector<Var> u{Var(d.Grava("u16.rtf", utf16(u"{\\rtf1\\ansi\\uc0 \\b Licença \u4e2d\\b0\\par}", false)))};
+  rt->Exe(u"LoadFile", u);
+  EXPECT_EQ(rt->Text(), u"Licença \u4e2d");
+  EXPECT_TRUE(rt->document()->firstBlock().begin().fragment().charFormat().font().bold());
+  std::vector<Var> p{Var(d.Grava("u16.txt", utf16(u"Só texto\r\nlinha 2", true)))};
+  rt->Exe(u"LoadFile", p);
+  EXPECT_EQ(rt->Text(), u"Só texto\r\nlinha 2");
+  LimTrcDef(nullptr);
+  ASSERT_EQ(notas.size(), 2u);
+  EXPECT_NE(notas[0].find(u"read as UTF-16"), Tx::npos);
+  EXPECT_NE(notas[1].find(u"shown as plain text"), Tx::npos);
   // Text replaces everything with plain text.
   rt->PrpAtr(u"Text", Var(Tx(u"um\r\ndois")));
   EXPECT_EQ(rt->Text(), u"um\r\ndois");
@@ -224,6 +248,23 @@ TEST(FonTab, CharacterSetTagsAndEastAsianNames) {
     }
   }
   EXPECT_NE(FonFam(QStringLiteral("MS Mincho")), FonFam(QStringLiteral("MS Gothic"))) << "serif and sans stay apart";
+}
+
+// TextEdit names its fonts by their PostScript names: the family part goes through
+// the table, and the style part makes the face bold or italic.
+TEST(FonTab, PostScriptNames) {
+  QtApp();
+  const char* pares[][2] = {{"Helvetica-Bold", "Helvetica"}, {"Times-Roman", "Times"}, {"Courier-BoldOblique", "Courier"},
+                            {"ArialMT", "Arial"}, {"Arial-BoldItalicMT", "Arial"}, {"TimesNewRomanPSMT", "Times New Roman"},
+                            {"CourierNewPS-BoldMT", "Courier New"}};
+  for (auto& p : pares) EXPECT_EQ(FonFam(QString::fromLatin1(p[0])), FonFam(QString::fromLatin1(p[1]))) << p[0];
+  EXPECT_EQ(FonFam(QStringLiteral("Fonte-Inventada")), QStringLiteral("Fonte-Inventada"));
+  QFont n = FonQt(QStringLiteral("Helvetica-Bold"), 12, false, false);
+  EXPECT_TRUE(n.bold());
+  EXPECT_FALSE(n.italic());
+  QFont i = FonQt(QStringLiteral("Times-Italic"), 12, false, false);
+  EXPECT_TRUE(i.italic());
+  EXPECT_FALSE(FonQt(QStringLiteral("Helvetica"), 12, false, false).bold());
 }
 
 // The Windows names map to installed fonts drawn at the same widths: design
