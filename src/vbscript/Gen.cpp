@@ -33,16 +33,12 @@ void Parser::Gen(Ex* e) {
       return;
     case Ex::Mem:
       Obj0(e);
-      ++sd_;
-      GenAll(e->args, true);
-      --sd_;
+      GenArgsOver(e->args);
       Emit(oMGet, K(Value(e->name)), 0, int32_t(e->args.size()));
       return;
     case Ex::Idx:
       Gen(e->a);
-      ++sd_;
-      GenAll(e->args, true);
-      --sd_;
+      GenArgsOver(e->args);
       Emit(oCallV, 0, 0, int32_t(e->args.size()));
       return;
     case Ex::Me:
@@ -94,6 +90,14 @@ void Parser::GenAll(const std::vector<Ex*>& xs, bool asArgs) {
     ++sd_;
   }
   sd_ -= int(xs.size());
+}
+
+// The arguments of a call whose object or procedure value lies on the stack below
+// them: the stack's depth counts that value while they are made.
+void Parser::GenArgsOver(const std::vector<Ex*>& xs) {
+  ++sd_;
+  GenAll(xs, true);
+  --sd_;
 }
 
 // The instruction of a binary operator.
@@ -183,17 +187,13 @@ void Parser::CallCode(Ex* t) {
     case Ex::Mem:
       Peak(1);
       Obj0(t);
-      ++sd_;
-      GenAll(t->args, true);
-      --sd_;
+      GenArgsOver(t->args);
       Emit(oMCall, K(Value(t->name)), 0, int32_t(t->args.size()));
       Emit(oPop);
       return;
     case Ex::Idx:
       Gen(t->a);
-      ++sd_;
-      GenAll(t->args, true);
-      --sd_;
+      GenArgsOver(t->args);
       Emit(oCallV, 1, 0, int32_t(t->args.size()));
       Emit(oPop);
       return;

@@ -237,6 +237,7 @@ class Parser {
   void Peak(int n) { P->maxStack = std::max(P->maxStack, sd_ + n); }
   void Gen(Ex* e);
   void GenAll(const std::vector<Ex*>& xs, bool asArgs);
+  void GenArgsOver(const std::vector<Ex*>& xs);
   static uint16_t BinOp(int op);
   static bool IsLit(const Ex* x);
   static int LitSide(const Ex* b);
