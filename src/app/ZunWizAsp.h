@@ -57,6 +57,8 @@ class ZunWizAsp : public QDialog, public WizFrm {
   QWidget* CtlWid(CtlArr arr, int i) const;
   const std::map<int, QWidget*>& Arr(CtlArr arr) const { return mArr[int(arr)]; }
   static const char* ArrNome(CtlArr arr);  // "laWiz", "ckWiz", "rtfWiz", "ZunOpc"
+  // The engine that runs the window, from WizExe until the unload; null outside.
+  SupWiz* Sup() const { return mSup; }
 
   QPushButton* cmAnt = nullptr;
   QPushButton* cmSeg = nullptr;

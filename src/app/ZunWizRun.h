@@ -4,54 +4,18 @@
 // trace tells, one line per event, what the wizard showed and asked: the pages
 // entered with their controls, the boxes and input boxes with their answers, and
 // how the run ended. This is zunwiz-run's engine, kept here beside the start-up
-// that it hooks into.
+// that it hooks into. Its parts: the answers (RunRsp.h), the trace (RunTrc.h), the
+// page in view (RunPag.h), the dialog service (RunDlg.h) and the shots (RunFot.h);
+// this unit drives the window with them.
 #pragma once
 #include <cstdio>
 #include <istream>
-#include <optional>
+#include "RunRsp.h"
+#include "RunTrc.h"
 #include "Tx.h"
 #include "ZunWizMain.h"
 
 namespace zw {
-
-class ZunWizAsp;
-
-// One answer line.
-struct RunRsp {
-  enum class K { Btn, Close, Box, Input, Check, Option, Ajuda };  // Ajuda: "help" or "?" at a terminal
-  K k = K::Btn;
-  int lin = 0;     // its line number in the answers
-  Tx nome;         // the button ("cmAnt"...) or the component named
-  int num = 0;     // BOX result word, CHECK value, OPTION number
-  Tx tx;           // INPUT: the text
-  bool can = false;  // INPUT alone: Cancel
-};
-
-// Reads one line of answers. Gives false for a blank line or a "#" comment; a line
-// that is no answer fills erro and gives true.
-bool RunRspLer(const Tx& linha, RunRsp& r, Tx& erro);
-
-// The answers, read as they are needed; one answer can be looked at before it is
-// taken, as a box with several buttons does.
-class RunFon {
- public:
-  explicit RunFon(std::istream& in) : mIn(in) {}
-  const RunRsp* Prox();  // the next answer, null at the end
-  void Toma() { mProx.reset(); }
-  int Lin() const { return mLin; }  // number of the last line read
-  const Tx& Erro() const { return mErro; }  // why the answer in view is not one
-
- private:
-  std::istream& mIn;
-  std::optional<RunRsp> mProx;
-  Tx mErro;
-  int mLin = 0;
-  bool mFim = false;
-};
-
-// A text in the trace's quotes: inner quotes doubled, line breaks written "|" and
-// tabs "»".
-Tx RunAsp(TxV t);
 
 // Settings of a run.
 struct RunOpc {
