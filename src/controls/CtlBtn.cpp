@@ -10,13 +10,13 @@ CtlBtn::CtlBtn(QPushButton* b) : CtlQt(b) { FonPoe(fonNom_, fonTam_, fonNeg_, fo
 
 QPushButton* CtlBtn::Btn() const { return static_cast<QPushButton*>(w_); }
 
-bool CtlBtn::PrpKndCon(TxV nome, Var& v) const {
+bool CtlBtn::PrpTipCon(TxV nome, Var& v) const {
   if (!PrpIgual(nome, u"Caption")) return false;
   v = Var(TxQs(Btn()->text()));
   return true;
 }
 
-bool CtlBtn::PrpKndAtr(TxV nome, const Var& v) {
+bool CtlBtn::PrpTipAtr(TxV nome, const Var& v) {
   if (!PrpIgual(nome, u"Caption")) return false;
   Btn()->setText(QsTx(TxVar(v)));
   return true;

@@ -15,8 +15,8 @@ class CtlBtn : public CtlQt {
   QPushButton* Btn() const;
 
  protected:
-  bool PrpKndCon(TxV nome, Var& v) const override;
-  bool PrpKndAtr(TxV nome, const Var& v) override;
+  bool PrpTipCon(TxV nome, Var& v) const override;
+  bool PrpTipAtr(TxV nome, const Var& v) override;
 };
 
 }  // namespace zw

@@ -111,7 +111,7 @@ void EstJanPoe(QWidget* w, double v) {
 Var CtlQt::PrpCon(TxV nome) const {
   if (!viv_) SemPrp();
   Var v;
-  if (PrpKndCon(nome, v)) return v;
+  if (PrpTipCon(nome, v)) return v;
   QRect g = w_->geometry();
   if (w_->isWindow()) g.moveTopLeft(w_->pos());
   if (PrpIgual(nome, u"Left")) return Var(PxTwp(g.x()));
@@ -132,7 +132,7 @@ Var CtlQt::PrpCon(TxV nome) const {
 
 void CtlQt::PrpAtr(TxV nome, const Var& val) {
   if (!viv_) SemPrp();
-  if (PrpKndAtr(nome, val)) return;
+  if (PrpTipAtr(nome, val)) return;
   QRect g = w_->geometry();
   if (w_->isWindow()) g.moveTopLeft(w_->pos());
   if (PrpIgual(nome, u"Left")) {
@@ -174,7 +174,7 @@ void CtlQt::PrpAtr(TxV nome, const Var& val) {
 Var CtlQt::Exe(TxV nome, std::vector<Var>& args) {
   if (!viv_) SemPrp();
   Var res;
-  if (ExeKnd(nome, args, res)) return res;
+  if (ExeTip(nome, args, res)) return res;
   if (PrpIgual(nome, u"Refresh")) {
     w_->update();
     return res;

@@ -60,9 +60,9 @@ class CtlQt : public CtlObj {
  protected:
   // The kind's own properties and methods: true when it knows the name. The
   // common ones are asked after the kind's, so a kind can take one over.
-  virtual bool PrpKndCon(TxV nome, Var& v) const { (void)nome; (void)v; return false; }
-  virtual bool PrpKndAtr(TxV nome, const Var& v) { (void)nome; (void)v; return false; }
-  virtual bool ExeKnd(TxV nome, std::vector<Var>& args, Var& res) {
+  virtual bool PrpTipCon(TxV nome, Var& v) const { (void)nome; (void)v; return false; }
+  virtual bool PrpTipAtr(TxV nome, const Var& v) { (void)nome; (void)v; return false; }
+  virtual bool ExeTip(TxV nome, std::vector<Var>& args, Var& res) {
     (void)nome; (void)args; (void)res;
     return false;
   }

@@ -42,7 +42,7 @@ void ZunCkb::CorAct() {
   update();
 }
 
-bool ZunCkb::PrpKndCon(TxV nome, Var& v) const {
+bool ZunCkb::PrpTipCon(TxV nome, Var& v) const {
   if (PrpIgual(nome, u"Caption")) v = Var(TxQs(text()));
   else if (PrpIgual(nome, u"Value")) v = Var(int16_t(Value()));
   else if (PrpIgual(nome, u"BackStyle")) v = Var(int16_t(backStyle_));
@@ -50,7 +50,7 @@ bool ZunCkb::PrpKndCon(TxV nome, Var& v) const {
   return true;
 }
 
-bool ZunCkb::PrpKndAtr(TxV nome, const Var& v) {
+bool ZunCkb::PrpTipAtr(TxV nome, const Var& v) {
   if (PrpIgual(nome, u"Caption")) setText(QsTx(TxVar(v)));
   else if (PrpIgual(nome, u"Value")) Value(v.Tipo() == Var::K::Bool ? (v.Bool() ? 1 : 0) : int(PrpNum(v)));
   else if (PrpIgual(nome, u"BackStyle")) BackStyle(int(PrpNum(v)));

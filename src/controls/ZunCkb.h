@@ -18,8 +18,8 @@ class ZunCkb : public QCheckBox, public CtlQt {
   void BackStyle(int b);
 
  protected:
-  bool PrpKndCon(TxV nome, Var& v) const override;
-  bool PrpKndAtr(TxV nome, const Var& v) override;
+  bool PrpTipCon(TxV nome, Var& v) const override;
+  bool PrpTipAtr(TxV nome, const Var& v) override;
   void CorAct() override;
 
  private:

@@ -83,7 +83,7 @@ void ZunLab::paintEvent(QPaintEvent*) {
   p.drawText(rect(), Flags(), TxDesenho());
 }
 
-bool ZunLab::PrpKndCon(TxV nome, Var& v) const {
+bool ZunLab::PrpTipCon(TxV nome, Var& v) const {
   if (PrpIgual(nome, u"Caption")) v = Var(TxQs(cap_));
   else if (PrpIgual(nome, u"Alignment")) v = Var(int16_t(aln_));
   else if (PrpIgual(nome, u"AutoSize")) v = Var(autoSize_);
@@ -93,7 +93,7 @@ bool ZunLab::PrpKndCon(TxV nome, Var& v) const {
   return true;
 }
 
-bool ZunLab::PrpKndAtr(TxV nome, const Var& v) {
+bool ZunLab::PrpTipAtr(TxV nome, const Var& v) {
   if (PrpIgual(nome, u"Caption")) Caption(QsTx(TxVar(v)));
   else if (PrpIgual(nome, u"Alignment")) Alignment(int(PrpNum(v)));
   else if (PrpIgual(nome, u"AutoSize")) AutoSize(PrpBool(v));

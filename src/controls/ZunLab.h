@@ -26,8 +26,8 @@ class ZunLab : public QWidget, public CtlQt {
   void BackStyle(int b);
 
  protected:
-  bool PrpKndCon(TxV nome, Var& v) const override;
-  bool PrpKndAtr(TxV nome, const Var& v) override;
+  bool PrpTipCon(TxV nome, Var& v) const override;
+  bool PrpTipAtr(TxV nome, const Var& v) override;
   void FonAct() override { Ajusta(); }
   void CorAct() override { update(); }
   void paintEvent(QPaintEvent* e) override;

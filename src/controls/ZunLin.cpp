@@ -46,7 +46,7 @@ void ZunLin::Ajusta() {
   update();
 }
 
-bool ZunLin::PrpKndCon(TxV nome, Var& v) const {
+bool ZunLin::PrpTipCon(TxV nome, Var& v) const {
   QPoint a = p1_, b = p2_;
   if (const int* c = Coord(a, b, nome)) {
     v = Var(PxTwp(*c, Eixo(nome)));
@@ -64,7 +64,7 @@ bool ZunLin::PrpKndCon(TxV nome, Var& v) const {
   return false;
 }
 
-bool ZunLin::PrpKndAtr(TxV nome, const Var& v) {
+bool ZunLin::PrpTipAtr(TxV nome, const Var& v) {
   if (int* c = Coord(p1_, p2_, nome)) {
     double d = PrpNum(v);
     if (!(d > -1e9 && d < 1e9)) throw CtlErr(380, "invalid property value");

@@ -22,8 +22,8 @@ class ZunLin : public QWidget, public CtlQt {
   void Pontos(QPoint p1, QPoint p2);
 
  protected:
-  bool PrpKndCon(TxV nome, Var& v) const override;
-  bool PrpKndAtr(TxV nome, const Var& v) override;
+  bool PrpTipCon(TxV nome, Var& v) const override;
+  bool PrpTipAtr(TxV nome, const Var& v) override;
   void paintEvent(QPaintEvent* e) override;
 
  private:

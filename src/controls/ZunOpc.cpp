@@ -361,7 +361,7 @@ void ZunOpc::OpcSelDsp(int i) {
 
 // ---- By name
 
-bool ZunOpc::PrpKndCon(TxV nome, Var& v) const {
+bool ZunOpc::PrpTipCon(TxV nome, Var& v) const {
   if (PrpIgual(nome, u"Caption")) v = Var(cap_);
   else if (PrpIgual(nome, u"BorderVisible")) v = Var(bordaFlag_ != 0);
   else if (PrpIgual(nome, u"CapColor")) v = Var(int32_t(capCor_));
@@ -374,7 +374,7 @@ bool ZunOpc::PrpKndCon(TxV nome, Var& v) const {
   return true;
 }
 
-bool ZunOpc::PrpKndAtr(TxV nome, const Var& v) {
+bool ZunOpc::PrpTipAtr(TxV nome, const Var& v) {
   if (PrpIgual(nome, u"Caption")) Caption(TxVar(v));
   else if (PrpIgual(nome, u"BorderVisible")) BorderVisible(PrpBool(v));
   else if (PrpIgual(nome, u"CapColor")) CapColor(CorOle(v));
@@ -389,7 +389,7 @@ bool ZunOpc::PrpKndAtr(TxV nome, const Var& v) {
   return true;
 }
 
-bool ZunOpc::ExeKnd(TxV nome, std::vector<Var>& a, Var& res) {
+bool ZunOpc::ExeTip(TxV nome, std::vector<Var>& a, Var& res) {
   (void)res;
   if (PrpIgual(nome, u"CorTip")) {
     CorTip(TxVar(Arg(a, 0)));

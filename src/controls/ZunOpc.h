@@ -73,9 +73,9 @@ class ZunOpc : public QWidget, public CtlQt {
   void OpcSel(int i);
 
  protected:
-  bool PrpKndCon(TxV nome, Var& v) const override;
-  bool PrpKndAtr(TxV nome, const Var& v) override;
-  bool ExeKnd(TxV nome, std::vector<Var>& args, Var& res) override;
+  bool PrpTipCon(TxV nome, Var& v) const override;
+  bool PrpTipAtr(TxV nome, const Var& v) override;
+  bool ExeTip(TxV nome, std::vector<Var>& args, Var& res) override;
   bool TemIta() const override { return false; }
   void CorAct() override;
   void paintEvent(QPaintEvent* e) override;

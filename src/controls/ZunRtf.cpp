@@ -424,21 +424,21 @@ void ZunRtf::CorAct() {
   setAutoFillBackground(false);
 }
 
-bool ZunRtf::PrpKndCon(TxV nome, Var& v) const {
+bool ZunRtf::PrpTipCon(TxV nome, Var& v) const {
   if (PrpIgual(nome, u"Text")) v = Var(Text());
   else if (PrpIgual(nome, u"BackStyle")) v = Var(int16_t(backStyle_));
   else return false;
   return true;
 }
 
-bool ZunRtf::PrpKndAtr(TxV nome, const Var& v) {
+bool ZunRtf::PrpTipAtr(TxV nome, const Var& v) {
   if (PrpIgual(nome, u"Text")) Text(TxVar(v));
   else if (PrpIgual(nome, u"BackStyle")) BackStyle(int(PrpNum(v)));
   else return false;
   return true;
 }
 
-bool ZunRtf::ExeKnd(TxV nome, std::vector<Var>& args, Var& res) {
+bool ZunRtf::ExeTip(TxV nome, std::vector<Var>& args, Var& res) {
   (void)res;
   if (!PrpIgual(nome, u"LoadFile")) return false;
   if (args.empty()) throw CtlErr(450, "wrong number of arguments");

@@ -30,9 +30,9 @@ class ZunRtf : public QTextEdit, public CtlQt {
   void BackStyle(int b);
 
  protected:
-  bool PrpKndCon(TxV nome, Var& v) const override;
-  bool PrpKndAtr(TxV nome, const Var& v) override;
-  bool ExeKnd(TxV nome, std::vector<Var>& args, Var& res) override;
+  bool PrpTipCon(TxV nome, Var& v) const override;
+  bool PrpTipAtr(TxV nome, const Var& v) override;
+  bool ExeTip(TxV nome, std::vector<Var>& args, Var& res) override;
   void FonAct() override;
   void CorAct() override;
 

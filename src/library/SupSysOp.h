@@ -3,6 +3,8 @@
 // and answered from then on: version numbers, family flags, suite bits, texts.
 // Family flags are cumulative within a family (a later system keeps the earlier
 // flags), which is why Platform tests the newest first. True is -1.
+// It is a class of the library for programs built beside the wizard; the wizard's
+// own scripts ask ApiDec, which reads the record afresh at every question.
 #pragma once
 #include <cstdint>
 #include "SysVer.h"

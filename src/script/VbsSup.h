@@ -174,11 +174,6 @@ class VbsSup {
   // The last run flag: 1 or 0, the result of the last procedure run.
   int16_t RunFlag() const { return runOk_; }
 
-  // Markers and separator kept as the class's constants; nothing reads them.
-  static constexpr char16_t kMarTx[] = u"\u00AB$\u00BB";
-  static constexpr char16_t kMarNu[] = u"\u00AB#\u00BB";
-  static constexpr char16_t kSep = 1;
-
  private:
   struct Rob {
     Tx kind, name;

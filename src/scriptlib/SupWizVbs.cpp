@@ -63,7 +63,7 @@ class SupWizVbsOb : public vbs::Obj {
   void Invoke(int id, vbs::Inv k, vbs::Args a, vbs::Value& r) override {
     if (id < 1 || id > int(std::size(kOps)) || (k != vbs::Inv::Call && k != vbs::Inv::Get)) vbs::Raise(438);
     if (!lib) vbs::Raise(91, u"Wiz: the wizard's library has ended");
-    SupWizVbs::Lst lst, orig;
+    SupWizVbs::Lis lst, orig;
     lst.reserve(size_t(a.n));
     for (int i = 0; i < a.n; i++) lst.push_back(VarDeVbs(a[i]));
     orig = lst;
@@ -87,13 +87,13 @@ class SupWizVbsOb : public vbs::Obj {
 
 SupWizVbs::SupWizVbs(WizEng* eng) : mEng(eng) {
   DbgObjIni(mTrcNom, mTrcSit);
-  Lst a;
+  Lis a;
   Var r;
   FxIni(a, r);
 }
 
 SupWizVbs::~SupWizVbs() {
-  Lst a;
+  Lis a;
   Var r;
   FxFim(a, r);
   if (mObRaw) mObRaw->lib = nullptr;
@@ -109,7 +109,7 @@ const Var& SupWizVbs::Ob() {
   return mOb;
 }
 
-bool SupWizVbs::Exe(TxV nome, Lst& a, Var& res) {
+bool SupWizVbs::Exe(TxV nome, Lis& a, Var& res) {
   Op op = OpDe(nome);
   if (!op) return false;
   (this->*op)(a, res);
@@ -127,34 +127,34 @@ std::vector<Tx> SupWizVbs::OpNomes() {
   return r;
 }
 
-const Var& SupWizVbs::Arg(const Lst& a, size_t k) {
+const Var& SupWizVbs::Arg(const Lis& a, size_t k) {
   static const Var falta = Var::Falta();
   return k < a.size() ? a[k] : falta;
 }
 
-void SupWizVbs::Poe(Lst& a, size_t k, const Var& v) {
+void SupWizVbs::Poe(Lis& a, size_t k, const Var& v) {
   if (k < a.size()) a[k] = v;
 }
 
 // Start and end of the library: the class's hooks and nothing more.
-void SupWizVbs::FxIni(Lst&, Var&) {
+void SupWizVbs::FxIni(Lis&, Var&) {
   DbgFxIni(mTrcNom, mTrcSit, u"#I");
   DbgFxIni(mTrcNom, mTrcSit, u"#F");
 }
 
-void SupWizVbs::FxFim(Lst&, Var&) {
+void SupWizVbs::FxFim(Lis&, Var&) {
   DbgFxFim(mTrcNom, mTrcSit, u"#I");
   DbgFxFim(mTrcNom, mTrcSit, u"#F");
 }
 
 // Wiz.CmpVarCon(name): the engine publishes the component's values; 1 or 0.
-void SupWizVbs::CmpVarCon(Lst& a, Var& res) {
+void SupWizVbs::CmpVarCon(Lis& a, Var& res) {
   res = Var(int16_t(0));
   if (mEng) mEng->CmpVarCon(Arg(a, 0), res);
 }
 
 // Wiz.CmpVarAlt(name, word, value): the engine's answer, 1 or 0.
-void SupWizVbs::CmpVarAlt(Lst& a, Var& res) {
+void SupWizVbs::CmpVarAlt(Lis& a, Var& res) {
   res = Var(int16_t(0));
   if (mEng) mEng->CmpVarAlt(Arg(a, 0), Arg(a, 1), Arg(a, 2), res);
 }

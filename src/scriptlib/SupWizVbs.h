@@ -3,7 +3,7 @@
 // "CmpVarAlt" forward to, and registers Ob() with the script host under "Wiz".
 //
 // Every operation is a member of one shape:
-//     void Nome(Lst& a, Var& res);
+//     void Nome(Lis& a, Var& res);
 // a holds the arguments as the script gave them, by reference: an operation that
 // writes an out argument writes a[k], and the script's variable gets the new value
 // (only arguments whose value changed are written back, so an in argument keeps
@@ -15,7 +15,7 @@
 // Adding an operation:
 //   1. one line WIZ_OP(Nome) in ZW_WIZ_OPS below, at its place in the table's order
 //      (scripts find it case-blind by that name);
-//   2. the member function void SupWizVbs::Nome(Lst& a, Var& res), in a file of its
+//   2. the member function void SupWizVbs::Nome(Lis& a, Var& res), in a file of its
 //      own group of operations (SupWizVbsTx.cpp, SupWizVbsFic.cpp...).
 // Nothing else: the declaration and the dispatch entry both come from the line.
 #pragma once
@@ -69,8 +69,8 @@ class SupFsys;
 
 class SupWizVbs {
  public:
-  using Lst = std::vector<Var>;
-  using Op = void (SupWizVbs::*)(Lst& a, Var& res);
+  using Lis = std::vector<Var>;
+  using Op = void (SupWizVbs::*)(Lis& a, Var& res);
 
   // eng is the engine that "CmpVarCon" and "CmpVarAlt" reach; null leaves them
   // answering 0.
@@ -85,18 +85,18 @@ class SupWizVbs {
 
   // Runs the operation of that name (case-blind) as a script's call does; false
   // when there is none.
-  bool Exe(TxV nome, Lst& a, Var& res);
+  bool Exe(TxV nome, Lis& a, Var& res);
   // The operation of that name, or null.
   static Op OpDe(TxV nome);
   // The names of all operations, in the table's order.
   static std::vector<Tx> OpNomes();
 
   // Argument k, or a missing value when the script gave fewer.
-  static const Var& Arg(const Lst& a, size_t k);
+  static const Var& Arg(const Lis& a, size_t k);
   // Writes an out argument; nothing when the script gave fewer.
-  static void Poe(Lst& a, size_t k, const Var& v);
+  static void Poe(Lis& a, size_t k, const Var& v);
 
-#define ZW_WIZ_DECL(nome) void nome(Lst& a, Var& res);
+#define ZW_WIZ_DECL(nome) void nome(Lis& a, Var& res);
   ZW_WIZ_OPS(ZW_WIZ_DECL)
 #undef ZW_WIZ_DECL
 

@@ -16,7 +16,7 @@
 namespace zw {
 
 namespace {
-Tx T(const SupWizVbs::Lst& a, size_t k) { return TxVar(SupWizVbs::Arg(a, k)); }
+Tx T(const SupWizVbs::Lis& a, size_t k) { return TxVar(SupWizVbs::Arg(a, k)); }
 
 // Steps 1 and 2 of the frame: -1 when an argument is empty, else the worker's answer.
 // A failure inside the worker is passed over, as every step of the frame is; the
@@ -34,7 +34,7 @@ int16_t Quadro(std::initializer_list<Tx> args, const std::function<int16_t()>& o
 
 // A folder's contents into the destination, all levels made, progress shown and
 // nothing asked; 1 done, 0 failed or the source is not a folder.
-void SupWizVbs::FxDirCop(Lst& a, Var& res) {
+void SupWizVbs::FxDirCop(Lis& a, Var& res) {
   Tx o = T(a, 0), d = T(a, 1);
   bool correu = false;
   int16_t r = Quadro({o, d}, [&]() -> int16_t {
@@ -63,7 +63,7 @@ void SupWizVbs::FxDirCop(Lst& a, Var& res) {
 // A file copy: 0 done, -1 the same name (in capitals) or an empty argument, else the
 // error number. With the attribute reset on, the destination's attributes are
 // cleared whatever the copy answered.
-void SupWizVbs::FxFicCop(Lst& a, Var& res) {
+void SupWizVbs::FxFicCop(Lis& a, Var& res) {
   Tx o = T(a, 0), d = T(a, 1);
   int16_t r = Quadro({o, d}, [&]() -> int16_t {
     if (TxMai(o) == TxMai(d)) return -1;
@@ -77,7 +77,7 @@ void SupWizVbs::FxFicCop(Lst& a, Var& res) {
   FxLogReg(u"COP FIC: " + o + u" para " + d, res);
 }
 
-void SupWizVbs::FxFicRen(Lst& a, Var& res) {
+void SupWizVbs::FxFicRen(Lis& a, Var& res) {
   Tx o = T(a, 0), n = T(a, 1);
   res = Var(Quadro({o, n}, [&] {
     int r = 0;
@@ -89,7 +89,7 @@ void SupWizVbs::FxFicRen(Lst& a, Var& res) {
 }
 
 // Deletes a file, or every file that a name with "*" or "?" matches.
-void SupWizVbs::FxFicEli(Lst& a, Var& res) {
+void SupWizVbs::FxFicEli(Lis& a, Var& res) {
   Tx p = T(a, 0);
   res = Var(Quadro({p}, [&] {
     int r = 0;
@@ -101,7 +101,7 @@ void SupWizVbs::FxFicEli(Lst& a, Var& res) {
 }
 
 // "F" file, "D" folder, "?" neither; an empty path is asked about as it is.
-void SupWizVbs::FxFicTip(Lst& a, Var& res) {
+void SupWizVbs::FxFicTip(Lis& a, Var& res) {
   Tx p = T(a, 0), tip;
   int atr = 0;
   FicTip(p, tip, atr);
@@ -110,7 +110,7 @@ void SupWizVbs::FxFicTip(Lst& a, Var& res) {
 }
 
 // The pieces joined left to right with one separator between them.
-void SupWizVbs::FxFicLoc(Lst& a, Var& res) {
+void SupWizVbs::FxFicLoc(Lis& a, Var& res) {
   Tx r;
   for (const Var& v : a) r = FicJun(r, TxVar(v));
   res = Var(r);
@@ -119,7 +119,7 @@ void SupWizVbs::FxFicLoc(Lst& a, Var& res) {
 
 // The first drive of a kind: "A" removable, "F" fixed, "R" remote, "CD", "RAM",
 // "HD" fixed or remote, anything else any drive; empty when there is none.
-void SupWizVbs::FxDrvUsa(Lst& a, Var& res) {
+void SupWizVbs::FxDrvUsa(Lis& a, Var& res) {
   Tx k = TxVar(TxVarMai(Arg(a, 0))), lis;
   DrvLis(lis, k);
   res = Var(TxEsq(lis, 1));
@@ -127,7 +127,7 @@ void SupWizVbs::FxDrvUsa(Lst& a, Var& res) {
 }
 
 // The system's name and code, both as text, into the two arguments.
-void SupWizVbs::SopIdeCon(Lst& a, Var&) {
+void SupWizVbs::SopIdeCon(Lis& a, Var&) {
   Tx nome, cod;
   SopIde(nome, cod);
   Poe(a, 0, Var(nome));

@@ -16,7 +16,7 @@ namespace zw {
 // Wiz.FxPgmExe(command): a command with arguments (anything behind its first blank)
 // is started as a program; a lone name is opened as the shell opens a document.
 // 1 started, 0 not, -1 an empty command. Nothing waits.
-void SupWizVbs::FxPgmExe(Lst& a, Var& res) {
+void SupWizVbs::FxPgmExe(Lis& a, Var& res) {
   Tx cmd = TxVar(Arg(a, 0));
   if (cmd.empty()) {
     res = Var(int16_t(-1));
@@ -36,7 +36,7 @@ void SupWizVbs::FxPgmExe(Lst& a, Var& res) {
 // waits up to N seconds (the program goes on after that), 0 and below -2 open the
 // command as a document and go on. Window events run before and after. 1 when the
 // program ended normally, or the opener took the document; 0 otherwise.
-void SupWizVbs::FxShell(Lst& a, Var& res) {
+void SupWizVbs::FxShell(Lis& a, Var& res) {
   Tx cmd = TxVar(Arg(a, 0)), st;
   double modo = NuDbl(Arg(a, 1));
   EvtPmp();
@@ -58,7 +58,7 @@ void SupWizVbs::FxShell(Lst& a, Var& res) {
 
 // Wiz.FxPgm(kind): the wizard program's folder, or a part of it: "DRV" its drive or
 // share root, "DIR" the folder above it, "NOM" its own name.
-void SupWizVbs::FxPgm(Lst& a, Var& res) {
+void SupWizVbs::FxPgm(Lis& a, Var& res) {
   Tx tip = TxVar(TxVarMai(Arg(a, 0)));
   Tx p = PrcExeCam(), dir, nom;
   FicDirNom(FicDeNat(TxUtf8(p)), p, nom);  // p: the executable's folder
@@ -77,7 +77,7 @@ void SupWizVbs::FxPgm(Lst& a, Var& res) {
 // Wiz.FxCmpRegFic(mode, file): "E" unregisters the file (1 done, 0 not). "R" asks
 // the worker for a mode it does not know, so it does nothing and answers 0: one file
 // cannot be registered through this operation. Any other mode: -1.
-void SupWizVbs::FxCmpRegFic(Lst& a, Var& res) {
+void SupWizVbs::FxCmpRegFic(Lis& a, Var& res) {
   Tx modo = TxMaiTrm(TxVar(Arg(a, 0))), fic = TxVar(Arg(a, 1));
   int ok = 0;
   if (modo == u"R") CmpRegExe(u"A", fic, ok);
@@ -91,7 +91,7 @@ void SupWizVbs::FxCmpRegFic(Lst& a, Var& res) {
 // Wiz.FxCmpRegDir(mode, folder, extension): "R" registers every component of the
 // folder again (each unregistered, then registered), "E" unregisters them; 1 whatever
 // happened to each file, -1 for another mode.
-void SupWizVbs::FxCmpRegDir(Lst& a, Var& res) {
+void SupWizVbs::FxCmpRegDir(Lis& a, Var& res) {
   Tx modo = TxMaiTrm(TxVar(Arg(a, 0))), dir = TxVar(Arg(a, 1)), ext = TxMaiTrm(TxVar(Arg(a, 2)));
   res = Var(int16_t(1));
   if (modo == u"R") CmpRegDirExe(u"A", ext, dir);
@@ -102,7 +102,7 @@ void SupWizVbs::FxCmpRegDir(Lst& a, Var& res) {
 }
 
 // Wiz.FxPrtPdfIns(printer, port, driver): "OK", "PR_VT_EXI" or "PR_VT_KO".
-void SupWizVbs::FxPrtPdfIns(Lst& a, Var& res) {
+void SupWizVbs::FxPrtPdfIns(Lis& a, Var& res) {
   Tx prt = TxVar(Arg(a, 0)), por = TxVar(Arg(a, 1)), drv = TxVar(Arg(a, 2));
   res = Var(zw::FxPrtPdfIns(prt, por, drv));
 }

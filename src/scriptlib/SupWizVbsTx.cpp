@@ -15,10 +15,10 @@ namespace {
 // The registry group of FxRegGrpPrp, shared by the whole program.
 Tx gRegGrp;
 
-Tx T(const SupWizVbs::Lst& a, size_t k) { return TxVar(SupWizVbs::Arg(a, k)); }
+Tx T(const SupWizVbs::Lis& a, size_t k) { return TxVar(SupWizVbs::Arg(a, k)); }
 // A flag argument as a 16-bit integer, rounded half to even as the script language
 // rounds to an integer.
-int16_t I(const SupWizVbs::Lst& a, size_t k) {
+int16_t I(const SupWizVbs::Lis& a, size_t k) {
   double d = std::nearbyint(NuDbl(SupWizVbs::Arg(a, k)));
   return int16_t(std::fmax(-32768, std::fmin(32767, d)));
 }
@@ -46,17 +46,17 @@ void SupWizVbs::DbgVer(const Tx& tx, const Var& res) {
 // call and dropped here.
 void SupWizVbs::FxLogReg(const Tx& tx, const Var& res) { (void)tx, (void)res; }
 
-void SupWizVbs::OpcRegAltAttr(Lst& a, Var&) { mAtrRst = I(a, 0); }
+void SupWizVbs::OpcRegAltAttr(Lis& a, Var&) { mAtrRst = I(a, 0); }
 
-void SupWizVbs::DbgMsgSit(Lst& a, Var&) { mDbg = I(a, 0); }
+void SupWizVbs::DbgMsgSit(Lis& a, Var&) { mDbg = I(a, 0); }
 
-void SupWizVbs::DbgMsgVer(Lst& a, Var&) { DbgVer(T(a, 0), Arg(a, 1)); }
+void SupWizVbs::DbgMsgVer(Lis& a, Var&) { DbgVer(T(a, 0), Arg(a, 1)); }
 
-void SupWizVbs::TxCnv(Lst& a, Var& res) { res = Var(T(a, 0)); }
+void SupWizVbs::TxCnv(Lis& a, Var& res) { res = Var(T(a, 0)); }
 
 // The number as text, left-filled to the width with the fill's first character and
 // cut to the width from the left; a negative number is filled with blanks.
-void SupWizVbs::TxNum(Lst& a, Var& res) {
+void SupWizVbs::TxNum(Lis& a, Var& res) {
   Var v;
   NuVar(Arg(a, 0), v);
   Tx t;
@@ -66,7 +66,7 @@ void SupWizVbs::TxNum(Lst& a, Var& res) {
 
 // The part before the first separator into the token, the rest back into the text;
 // without a separator the token takes all and the text is left empty.
-void SupWizVbs::TxSep(Lst& a, Var&) {
+void SupWizVbs::TxSep(Lis& a, Var&) {
   Tx t = T(a, 0), tok;
   int ach = 0;
   TxTokSeg(t, T(a, 1), tok, ach);
@@ -74,7 +74,7 @@ void SupWizVbs::TxSep(Lst& a, Var&) {
   Poe(a, 2, Var(tok));
 }
 
-void SupWizVbs::NuTxSep(Lst& a, Var&) {
+void SupWizVbs::NuTxSep(Lis& a, Var&) {
   Tx t = T(a, 0);
   Var n = Var(0.0);
   TxTokNu(t, T(a, 1), n);
@@ -83,48 +83,48 @@ void SupWizVbs::NuTxSep(Lst& a, Var&) {
 }
 
 // The value of the item "[KEY=value]"; the key is looked for in capitals.
-void SupWizVbs::TxOpc(Lst& a, Var& res) {
+void SupWizVbs::TxOpc(Lis& a, Var& res) {
   Var v = Var(Tx());
   int ach = 0;
   OpcTxCon(T(a, 0), TxMai(T(a, 1)), v, ach);
   res = v;
 }
 
-void SupWizVbs::TxOpcNum(Lst& a, Var& res) {
+void SupWizVbs::TxOpcNum(Lis& a, Var& res) {
   TxOpc(a, res);
   res = Var(NuVal(TxVar(res)));
 }
 
 // Converts the value to a number and drops it: always the empty text.
-void SupWizVbs::NuCnv(Lst& a, Var& res) {
+void SupWizVbs::NuCnv(Lis& a, Var& res) {
   Var v;
   NuVar(Arg(a, 0), v);
   res = Var(Tx());
 }
 
-void SupWizVbs::MsgVer(Lst& a, Var&) {
+void SupWizVbs::MsgVer(Lis& a, Var&) {
   int r = 0;
   MsgExe(u"", T(a, 0), T(a, 1), r);
 }
 
 // 1 OK or Yes, 0 No, -1 Cancel.
-void SupWizVbs::MsgTip(Lst& a, Var& res) {
+void SupWizVbs::MsgTip(Lis& a, Var& res) {
   int r = 0;
   MsgExe(T(a, 0), T(a, 1), T(a, 2), r);
   res = Var(int16_t(r));
 }
 
-void SupWizVbs::MsgSba(Lst& a, Var&) {
+void SupWizVbs::MsgSba(Lis& a, Var&) {
   Var n;
   NuVar(Arg(a, 0), n);
   (void)T(a, 1);
 }
 
-void SupWizVbs::FxRegGrpPrp(Lst& a, Var&) { gRegGrp = T(a, 0); }
+void SupWizVbs::FxRegGrpPrp(Lis& a, Var&) { gRegGrp = T(a, 0); }
 
 // A text value of the current group under HKEY_LOCAL_MACHINE, with every blank and
 // every character of code 0 taken out wherever they stand.
-void SupWizVbs::FxRegVarCon(Lst& a, Var& res) {
+void SupWizVbs::FxRegVarCon(Lis& a, Var& res) {
   Tx t;
   TxChrLimpa(0, RegVarLer(kHklm, gRegGrp, T(a, 0)), Tx(u" \0", 2), t);
   res = Var(t);

@@ -62,7 +62,7 @@ const tCmpTip* CmpTipDe(TxV tip);
 
 class SupWiz : public WizEng, private WizLerFx {
  public:
-  using Lst = std::vector<Var>;
+  using Lis = std::vector<Var>;
 
   SupWiz();
   ~SupWiz() override;
@@ -92,8 +92,8 @@ class SupWiz : public WizEng, private WizLerFx {
   void TraCan() { TraExe(4); }
 
   // Script calls: a list of the function's name and its arguments (by reference).
-  void VbsExe(Lst& lst, Var& res);
-  void VbsFx(Lst& lst, Var& res);
+  void VbsExe(Lis& lst, Var& res);
+  void VbsFx(Lis& lst, Var& res);
   void VbsVar(const Tx& expr, Var& res);
   // Runs a function by name without arguments, its result dropped ("FxIni", "FxFim").
   void VbsExe(const Tx& nome);

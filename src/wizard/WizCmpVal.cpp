@@ -22,7 +22,7 @@ void SupWiz::CmpObIdx(const Tx& nome, CtlObj*& ctl, bool& ach) {
   ctl = nullptr;
   ach = false;
   WizFrm* f = Frm();
-  if (nome == u"cmAnt" || nome == u"cmSeg" || nome == u"cmCnf" || nome == u"cmCan") {
+  if (TraBtnSlot(nome)) {
     ctl = f ? f->Btn(nome) : nullptr;
     ach = ctl != nullptr;
     return;
@@ -55,9 +55,8 @@ void SupWiz::CmpObCon(const Var& nome, CtlObj*& ctl) {
 
 // The button of a transition slot, 1 "cmAnt" to 4 "cmCan".
 CtlObj* SupWiz::Btn(int slot) {
-  static const char16_t* const nomes[] = {u"", u"cmAnt", u"cmSeg", u"cmCnf", u"cmCan"};
   WizFrm* f = Frm();
-  return f && slot >= 1 && slot <= 4 ? f->Btn(nomes[slot]) : nullptr;
+  return f && slot >= 1 && slot <= 4 ? f->Btn(TraBtnNom(slot)) : nullptr;
 }
 
 void SupWiz::CmpSit(const Var& ctlNome, const Tx& lst) {
@@ -126,16 +125,16 @@ void SupWiz::CmpVarCon(const Var& nome, Var& res) {
     int16_t i = 0;
     CtlObj* c = CmpVarOb(nome, i);
     VbsVarTx(u"cmpIde", Var(mDef.Cmp[size_t(i)].Ide));
-    Tx tip = TxMai(TxTrim(mDef.Cmp[size_t(i)].Tip));
+    const tCmpTip* k = CmpTipDe(TxMai(TxTrim(mDef.Cmp[size_t(i)].Tip)));
     if (!c) throw CtlErr(91, "Object variable not set");
     VbsVarAtr(u"cmpFontName", c->PrpCon(u"FontName"), 0);
-    if (tip == u"OPC") {
+    if (k && k->Frm == tCmpTip::F::Grp) {
       Var sel = c->PrpCon(u"opcUsa");
       std::vector<Var> a{sel, Var(Tx()), Var(Tx())};
       c->Exe(u"ConOpc", a);
       VbsVarTx(u"opcSel", sel);
       VbsVarTx(u"opcSelAdi", a[2]);
-    } else if (tip == u"CKB") {
+    } else if (k && k->Arr == CtlArr::Ckb) {
       VbsVarTx(u"opcSel", c->PrpCon(u"Value"));
     }
     res = Var(int16_t(1));

@@ -122,8 +122,10 @@ Tx WizLer::Twp(char eixo, const Tx& chv, Var& val) const {
   return t;
 }
 
-// The "DEF" group. The keys that nothing uses any more are read and normalised all
-// the same, so that a file that has them reads as it always did.
+// The "DEF" group. The keys of the older window layout (TamFix, ZonX, BasPy, BasSy,
+// BotDx, BotPx, BotDy, BotSy, BotFon, BotFg) and the four TraPos keys are accepted
+// and never read: the points and zones of the file say the layout now, and reading
+// a key changes nothing, so leaving them unread is the same.
 void WizLer::Def() {
   auto opc = [this](const Tx& chv) {
     Var v{Tx()};
@@ -139,29 +141,12 @@ void WizLer::Def() {
   def_.TitWiz = opc(u"TitWiz");
   def_.ImgFun = def_.DirExp(Chv(u"ImgFun", &def_.LinImgFun));
   def_.ImgIco = def_.DirExp(Chv(u"ImgIco", &def_.LinImgIco));
-  Tx tamFix = def_.DirExp(Chv(u"TamFix"));
-  tamFix = TxMai(tamFix) == u"N" ? u"N" : u"S";
   Twp('X', u"DimX", def_.DimX);
   Twp('Y', u"DimY", def_.DimY);
   Chv(u"DimX", &def_.LinDimX);
   Chv(u"DimY", &def_.LinDimY);
   if (!def_.LinDimX) def_.LinDimX = tda_->zonLin;
   if (!def_.LinDimY) def_.LinDimY = tda_->zonLin;
-  Var zonX, basPy, basSy, botDx, botPx, botDy, botSy;
-  Twp('X', u"ZonX", zonX);
-  if (zonX.EhTx() && zonX.Txt() == u"AUTO") zonX = def_.DimX;
-  Twp('Y', u"BasPy", basPy);
-  Twp('Y', u"BasSy", basSy);
-  Twp('X', u"BotDx", botDx);
-  Twp('X', u"BotPx", botPx);
-  Twp('Y', u"BotDy", botDy);
-  Twp('Y', u"BotSy", botSy);
-  if (botSy.EhTx() || NuDbl(botSy) < 15) botSy = Var(15.0);
-  Tx botFon = TxMai(TxTrim(Chv(u"BotFon"))), botFg = TxMai(TxTrim(Chv(u"BotFg")));
-  def_.TraPosAnt = opc(u"TraPosAnt");
-  def_.TraPosSeg = opc(u"TraPosSeg");
-  def_.TraPosCnf = opc(u"TraPosCnf");
-  def_.TraPosCan = opc(u"TraPosCan");
   def_.MsgCan = opc(u"MsgCan");
 }
 
@@ -193,12 +178,35 @@ void WizLer::Pag() {
   WizTabAdi(def_.Pag, def_.PagNum, p, def_.PagIdx);
 }
 
+namespace {
+// The buttons in slot order (row 0 unused): their word in the file and their name
+// on the window.
+constexpr TxV kTraPal[5] = {u"", u"ANT", u"SEG", u"CNF", u"CAN"};
+constexpr TxV kTraBtn[5] = {u"", u"cmAnt", u"cmSeg", u"cmCnf", u"cmCan"};
+// The transition kinds in column order.
+constexpr TxV kTraTip[3] = {u"PAG", u"FX", u"FIM"};
+}  // namespace
+
 // The buttons' words in slot order, compared exactly.
 int TraSlot(TxV pal) {
-  static constexpr TxV kPal[] = {u"ANT", u"SEG", u"CNF", u"CAN"};
-  for (int s = 0; s < 4; s++)
-    if (pal == kPal[s]) return s + 1;
+  for (int s = 1; s <= 4; s++)
+    if (pal == kTraPal[s]) return s;
   return 0;
+}
+
+TxV TraPal(int slot) { return slot >= 1 && slot <= 4 ? kTraPal[slot] : TxV(); }
+TxV TraBtnNom(int slot) { return slot >= 1 && slot <= 4 ? kTraBtn[slot] : TxV(); }
+
+int TraBtnSlot(TxV nome) {
+  for (int s = 1; s <= 4; s++)
+    if (nome == kTraBtn[s]) return s;
+  return 0;
+}
+
+int TraCol(TxV tip) {
+  for (int c = 0; c < 3; c++)
+    if (tip == kTraTip[c]) return c;
+  return 3;
 }
 
 // A transition, in its slot of the last page; a later group of the same button

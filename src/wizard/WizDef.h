@@ -47,6 +47,15 @@ struct tTra {
 // The slot of a button's word as it stands ("ANT" 1, "SEG" 2, "CNF" 3, "CAN" 4);
 // 0 for any other word.
 int TraSlot(TxV pal);
+// The word of a slot 1 to 4 ("ANT"...), and the exact name of its button on the
+// window ("cmAnt"...); empty outside 1 to 4.
+TxV TraPal(int slot);
+TxV TraBtnNom(int slot);
+// The slot of a button by its exact name, 0 for any other name.
+int TraBtnSlot(TxV nome);
+// The column of a transition's kind, trimmed and in capitals: "PAG" 0, "FX" 1,
+// "FIM" 2, any other word or none 3 (the button does what it does by default).
+int TraCol(TxV tip);
 
 // One "PAG" group.
 struct tPag {
@@ -111,7 +120,6 @@ struct tWizDef {
   tWizDir Dir;  // the folder words in force: the start-up's, or the debug ones of "DEF"
   Tx DbgModo, TitWiz, ImgFun, ImgIco, MsgCan;
   Var DimX, DimY;  // twips as a number, or the text "AUTO"
-  Tx TraPosAnt, TraPosSeg, TraPosCnf, TraPosCan;  // read as the format has them; nothing uses them
   int32_t LinImgFun = 0, LinImgIco = 0;  // the keys' lines; 0 when absent
   int32_t LinDimX = 0, LinDimY = 0;      // the keys' lines; the "DEF" head's when absent
   int16_t ZpoNum = 0, PagNum = 0, CmpNum = 0;

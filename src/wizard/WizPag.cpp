@@ -42,7 +42,7 @@ void SupWiz::PagVer(int16_t& pag) {
     PagLstSeg(pag);
     tPag& p = mDef.Pag[size_t(pag)];
     if (!p.FxPagEnt.empty()) {
-      Lst l{Var(p.FxPagEnt)};
+      Lis l{Var(p.FxPagEnt)};
       Var r;
       VbsExe(l, r);
     }
@@ -66,7 +66,7 @@ void SupWiz::PagEsc(int16_t& pag) {
   }
   if (pag < 0) throw std::out_of_range("Subscript out of range");
   if (!mDef.Pag[size_t(pag)].FxPagSai.empty()) {
-    Lst l{mDef.Pag[size_t(pag)].FxPagSai};
+    Lis l{mDef.Pag[size_t(pag)].FxPagSai};
     Var r;
     VbsExe(l, r);
   }

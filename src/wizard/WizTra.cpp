@@ -35,11 +35,6 @@ constexpr tTraBtn kTraBtn[5] = {
     {u"AUT_TraPosCan", {TraAco::Pag, TraAco::Fx, TraAco::Fec, TraAco::Prg}},     // Cancelar
 };
 
-// The column of a kind, already trimmed and in capitals.
-int TraCol(const Tx& tip) {
-  return tip == u"PAG" ? 0 : tip == u"FX" ? 1 : tip == u"FIM" ? 2 : 3;
-}
-
 // Whether an action changes page, so that the click leaves the old one and
 // enters the new.
 bool TraMuda(TraAco a) {
@@ -135,21 +130,21 @@ void SupWiz::TraPas(TraAco a, const tTra& t) {
       PagIdx(t.TraPag, mPagAct);
       break;
     case TraAco::FxIde: {
-      Lst l{Var(t.TraFx), Var(mPagAct)};
+      Lis l{Var(t.TraFx), Var(mPagAct)};
       Var res;
       VbsFx(l, res);
       PagIdx(TxVar(res), mPagAct);
       break;
     }
     case TraAco::FxNum: {
-      Lst l{Var(t.TraFx), Var(mPagAct)};
+      Lis l{Var(t.TraFx), Var(mPagAct)};
       Var res;
       VbsExe(l, res);
       mPagAct = TraNum(res);
       break;
     }
     case TraAco::Fx: {
-      Lst l{Var(t.TraFx)};
+      Lis l{Var(t.TraFx)};
       Var res;
       VbsExe(l, res);
       break;

@@ -62,15 +62,15 @@ void SupWiz::VbsVarTx(const Tx& nome, const Var& val) { VbsVarAtr(nome, val, 1);
 
 // Runs a script function: element 0 of the list is its name, the rest its
 // arguments. res is the function's value, or the run flag of a procedure.
-void SupWiz::VbsExe(Lst& lst, Var& res) {
+void SupWiz::VbsExe(Lis& lst, Var& res) {
   Tx tip;
   VbsCri().SupVbsFx(lst, tip, res);
 }
 
-void SupWiz::VbsFx(Lst& lst, Var& res) { VbsExe(lst, res); }
+void SupWiz::VbsFx(Lis& lst, Var& res) { VbsExe(lst, res); }
 
 void SupWiz::VbsExe(const Tx& nome) {
-  Lst l{Var(nome)};
+  Lis l{Var(nome)};
   Var r;
   VbsExe(l, r);
 }

@@ -23,22 +23,6 @@ QRect Geo(const ZunWizFun& f, const char* nome) {
 }
 }  // namespace
 
-TEST(ZunWizFun, NineImagesAtTheirPictureSizes) {
-  tst::QtApp();
-  ZunWizFun f;
-  EXPECT_EQ(f.windowTitle(), QStringLiteral("Wizzard"));
-  EXPECT_EQ(f.palette().color(QPalette::Window), QColor(Qt::white));
-  const struct { const char* nome; int w, h; } pics[] = {
-      {"aguarde", 723, 71}, {"Zun", 723, 84}, {"TOR", 386, 297}, {"DirBx", 36, 36}, {"Bx", 500, 36},
-      {"Dir", 36, 300},     {"TopEsq", 36, 36}, {"Top", 500, 36}, {"Esq", 36, 300}};
-  for (const auto& p : pics) {
-    auto* lb = f.findChild<QLabel*>(QString::fromLatin1(p.nome));
-    ASSERT_NE(lb, nullptr) << p.nome;
-    EXPECT_EQ(lb->pixmap().size(), QSize(p.w, p.h)) << p.nome;
-    EXPECT_EQ(lb->size(), QSize(p.w, p.h)) << p.nome;
-  }
-}
-
 // At 1280 by 800 pixels (19200 by 12000 twips), the lower right pieces sit at the
 // corner, the emblem in the middle, the waiting artwork 720 twips in from the
 // corner; the upper left pieces keep their design places. A window smaller than
@@ -66,21 +50,6 @@ TEST(ZunWizFun, ResizeMovesTheLowerRightArtwork) {
   EXPECT_EQ(Geo(f, "Dir").topLeft(), QPoint(364, -36));
   EXPECT_EQ(Geo(f, "TOR").topLeft(), QPoint(7, 2));
   f.close();
-}
-
-TEST(ZunWizAsp, FourButtonsAtTheirDesignPlaces) {
-  tst::QtApp();
-  ZunWizAsp a;
-  EXPECT_EQ(a.windowTitle(), QStringLiteral("Wizzard"));
-  EXPECT_EQ(a.size(), QSize(554, 398));
-  EXPECT_EQ(a.cmAnt->text(), QStringLiteral("< Anterior"));
-  EXPECT_EQ(a.cmSeg->text(), QStringLiteral("Seguinte >"));
-  EXPECT_EQ(a.cmCnf->text(), QStringLiteral("Confirmar"));
-  EXPECT_EQ(a.cmCan->text(), QStringLiteral("Cancelar"));
-  EXPECT_EQ(a.cmAnt->geometry(), QRect(173, 366, 85, 24));
-  EXPECT_EQ(a.cmCan->geometry(), QRect(462, 366, 85, 24));
-  const QList<QSize> tam = a.windowIcon().availableSizes();
-  EXPECT_TRUE(tam.contains(QSize(16, 16)) && tam.contains(QSize(32, 32)) && tam.contains(QSize(48, 48)));
 }
 
 // WizExe shows the window modally and comes back only once it is closed; Escape

@@ -111,7 +111,7 @@ TEST(WizVbsTab, EveryNameFindsItsOwnOperation) {
   EXPECT_EQ(SupWizVbs::OpDe(u"Nada"), nullptr);
   // Without an engine the component operations answer 0.
   SupWizVbs sozinho;
-  SupWizVbs::Lst a{Var(Tx(u"LaTit"))};
+  SupWizVbs::Lis a{Var(Tx(u"LaTit"))};
   Var r;
   ASSERT_TRUE(sozinho.Exe(u"CmpVarCon", a, r));
   EXPECT_EQ(NuDbl(r), 0);

@@ -78,7 +78,6 @@ TEST_F(WizTst, DefKeysAndTheWindow) {
   EXPECT_EQ(d.ImgFun, TxDeUtf8(dir.string()) + u"/fundo.bmp");
   EXPECT_EQ(d.ImgIco, u"/wiz.ico");  // an unknown bracket word is nothing, the rest stays
   EXPECT_EQ(d.MsgCan, u"Sair ?");
-  EXPECT_EQ(d.TraPosAnt, u"1, 2");
   EXPECT_EQ(NuDbl(d.DimX), 7500);
   EXPECT_EQ(NuDbl(d.DimY), 5700);
   auto l = frm->log;

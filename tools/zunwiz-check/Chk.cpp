@@ -16,6 +16,7 @@
 #include "FicLer.h"
 #include "Lexer.h"
 #include "ScriptControl.h"
+#include "SupWiz.h"
 #include "SupWizVbs.h"
 #include "TdaOpc.h"
 #include "Twp.h"
@@ -36,14 +37,15 @@ const char16_t* const kOps[] = {ZW_WIZ_OPS(ZW_CHK_NOME)};
 // statement takes longer.
 constexpr long kTmp = 2000;
 
-const char16_t* const kPalBot[] = {u"", u"ANT", u"SEG", u"CNF", u"CAN"};
-const char16_t* const kTipCmp[] = {u"LAB", u"CKB", u"RTF", u"OPC", u"OPCTXT"};
 const char16_t* const kPrpAlt[] = {u"POS", u"DIM", u"FON", u"COR", u"ALN", u"SIT", u"TXT", u"CHK"};
 const char16_t* const kPalSit[] = {u"INV", u"VER", u"ACT", u"DES"};
-// The window's buttons, which CmpVarCon and CmpVarAlt reach by these exact names.
-const char16_t* const kBotWiz[] = {u"cmAnt", u"cmSeg", u"cmCnf", u"cmCan"};
 
 Tx Aspa(const Tx& t) { return u"\"" + t + u"\""; }
+// Whether a kind, trimmed and in capitals, is an option group's.
+bool CmpTipGrp(const Tx& tip) {
+  const tCmpTip* k = CmpTipDe(TxMaiTrm(tip));
+  return k && k->Frm == tCmpTip::F::Grp;
+}
 Tx Num(long n) { return TxAsc(std::to_string(n)); }
 
 template <size_t N>
@@ -355,24 +357,23 @@ void Chk::Grp(const tWizGrp& g) {
     const tTra& t = tra_;
     Tx w = TxMaiTrm(t.Ide);
     Tx k = TxMaiTrm(t.TraTip);
-    int slot = 0;
-    for (int s = 1; s <= 4; s++)
-      if (w == kPalBot[s]) slot = s;
+    const int slot = TraSlot(w);
     if (def_.PagNum == 0)
       Ach(lin, true, u"\"TRA\" before the first \"PAG\": it belongs to no page and is lost");
     if (slot == 0) {
       Ach(t.LinIde, true, u"transition word " + Aspa(t.Ide) + u" is not ANT, SEG, CNF or CAN: the group is dropped");
       return;
     }
-    if (t.Ide != kPalBot[slot] && t.Pos.empty())
+    const Tx pal(TraPal(slot));
+    if (t.Ide != pal && t.Pos.empty())
       Ach(t.LinIde, false, u"transition word " + Aspa(t.Ide) + u" with an empty \"POS\": the point \"AUT_TraPos" +
-                               Tx(kPalBot[slot]).substr(0, 1) + TxMin(Tx(kPalBot[slot]).substr(1)) +
+                               pal.substr(0, 1) + TxMin(pal.substr(1)) +
                                u"\" is looked up only for the word in capitals, so the button stands at 0, 0");
-    if (!k.empty() && k != u"PAG" && k != u"FX" && k != u"FIM")
+    if (!k.empty() && TraCol(k) == 3)
       Ach(t.LinTip, false, u"unknown transition kind " + Aspa(t.TraTip) + u": the button does what it does by default");
-    if (k == u"FIM" && slot != 4)
+    if (TraCol(k) == 2 && slot != 4)
       Ach(t.LinTip, false, u"the kind \"FIM\" means something only on \"CAN\": this button does what it does by default");
-    Sit(t.Sit, t.LinSit, u"the button " + Tx(kPalBot[slot]));
+    Sit(t.Sit, t.LinSit, u"the button " + pal);
   } else if (ide == u"CMP") {
     const tCmp& c = def_.Cmp[size_t(def_.CmpNum)];
     Sit(c.Sit, c.LinSit, u"the component " + Aspa(c.Ide));
@@ -494,7 +495,7 @@ void Chk::Fx(const Val& v, const Tx& quem, int args, bool fun) {
 // component has, and "CHK" on an option group.
 void Chk::FimCha() {
   for (const CmpCha& c : cha_) {
-    if (!c.nomLit || Em(c.nom, kBotWiz)) continue;
+    if (!c.nomLit || TraBtnSlot(c.nom)) continue;
     int16_t i = WizTabPsq(def_.CmpIdx, c.nom);
     if (i == 0) {
       Ach(c.lin, false, c.op + u" names no component " + Aspa(c.nom) +
@@ -502,7 +503,7 @@ void Chk::FimCha() {
                                                   : Tx(u": it answers 0 and changes nothing")));
       continue;
     }
-    if (c.op == u"CmpVarAlt" && c.palLit && c.pal == u"CHK" && TxMaiTrm(def_.Cmp[size_t(i)].Tip) == u"OPC")
+    if (c.op == u"CmpVarAlt" && c.palLit && c.pal == u"CHK" && CmpTipGrp(def_.Cmp[size_t(i)].Tip))
       Ach(c.lin, false, u"CmpVarAlt with \"CHK\" on the option group " + Aspa(c.nom) +
                             u" changes nothing: an option group has no \"Value\", and the call answers 0");
   }
@@ -584,21 +585,21 @@ void Chk::Fim() {
     for (int s = 1; s <= 4; s++) {
       const tTra& t = p.Tra[s];
       if (t.Ide.empty()) continue;
-      Tx k = TxMaiTrm(t.TraTip);
-      if (k == u"PAG") {
+      const int col = TraCol(TxMaiTrm(t.TraTip));
+      if (col == 0) {
         if (WizTabPsq(def_.PagIdx, t.TraPag) == 0)
           Ach(t.LinPag ? t.LinPag : t.Lin, true, u"\"TRAPAG\" names no page " + Aspa(t.TraPag) +
                                                      u": this button ends the wizard at once");
-      } else if (k == u"FX") {
+      } else if (col == 1) {
         if (t.TraFx.empty())
           Ach(t.Lin, true, u"the kind \"FX\" with no \"TRAFX\": the button calls nothing");
         else
-          Fx(Val{t.TraFx, t.LinFx}, u"\"TRAFX\" of " + Tx(kPalBot[s]), s <= 2 ? 1 : 0, s == 2);
+          Fx(Val{t.TraFx, t.LinFx}, u"\"TRAFX\" of " + Tx(TraPal(s)), s <= 2 ? 1 : 0, s == 2);
       }
-      bool dflt = k != u"PAG" && k != u"FX";
+      bool dflt = col >= 2;
       if (s == 2 && dflt && i == def_.PagNum)
         Ach(t.Lin, true, u"the last page's \"SEG\" goes on to the next page, which does not exist: the wizard ends at once, without \"FxFim\"");
-      if (s == 1 && dflt && k != u"FIM" && i == 1)
+      if (s == 1 && dflt && col != 2 && i == 1)
         Ach(t.Lin, false, u"\"ANT\" on the first page goes back past the first visit: the wizard ends at once, without \"FxFim\"");
     }
   }
@@ -608,17 +609,18 @@ void Chk::Fim() {
   for (int i = 1; i <= def_.CmpNum; i++) {
     const tCmp& c = def_.Cmp[size_t(i)];
     const Tx& t = c.Tip;
-    if (t == u"OPC") opc = true;
-    if (t == u"OPCTXT" && !opc)
+    const tCmpTip* tip = CmpTipDe(t);
+    if (tip && tip->Frm == tCmpTip::F::Grp) opc = true;
+    if (tip && tip->Frm == tCmpTip::F::Opc && !opc)
       Ach(c.LinTip, true, u"\"OPCTXT\" before any \"OPC\": no option group holds it, and the wizard fails to start");
-    if (!Em(t, kTipCmp)) {
-      if (Em(TxMaiTrm(t), kTipCmp))
+    if (!tip) {
+      if (CmpTipDe(TxMaiTrm(t)))
         Ach(c.LinTip, true, u"component type " + Aspa(t) + u" must be written in capitals: no control is made");
       else
         Ach(c.LinTip ? c.LinTip : c.Lin, true, u"unknown component type " + Aspa(t) + u": no control is made");
     }
     const Tx& x = c.Txt;
-    if (t == u"RTF" && x.size() >= 2 && x.front() == u'[' && x.back() == u']') {
+    if (tip && tip->Fic && x.size() >= 2 && x.front() == u'[' && x.back() == u']') {
       Tx f = def_.DirExp(x.substr(1, x.size() - 2));
       std::string byt;
       int e = FicLer(f, byt, kRtfLerMax);
@@ -628,7 +630,7 @@ void Chk::Fim() {
         Ach(c.LinTxt, true, u"rich-text file " + Aspa(f) + u" cannot be read (" +
                                 TxDeUtf8(FicLerPorque(e, kRtfLerMax)) + u"): the box stays empty");
     }
-    if (t == u"OPCTXT") continue;  // its place and size have no effect
+    if (tip && tip->Frm == tCmpTip::F::Opc) continue;  // an option's place and size have no effect
     for (const Val& v : {Val{c.Pos, c.LinPos}, Val{c.Dim, c.LinDim}}) {
       Tx a, b;
       TxDiv1(v.tx, u",", a, b);
