@@ -10,7 +10,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <deque>
 #include <map>
 #include <set>
 #include <vector>
@@ -26,7 +25,7 @@ namespace zw {
 
 namespace {
 
-// --- paths walked from the root ---
+// --- paths walked from the root (DirPaiAbr, FicGra.h) ---
 
 // A descriptor closed at the end of its scope.
 struct Fd {
@@ -39,77 +38,6 @@ struct Fd {
     if (f >= 0) close(f);
   }
 };
-
-std::vector<std::string> Partes(const std::string& p) {
-  std::vector<std::string> r;
-  size_t i = 0;
-  while (i <= p.size()) {
-    size_t j = p.find('/', i);
-    if (j == std::string::npos) j = p.size();
-    std::string c = p.substr(i, j - i);
-    if (!c.empty() && c != ".") r.push_back(c);
-    i = j + 1;
-  }
-  return r;
-}
-
-// The folder of the absolute path p, opened O_PATH by a walk from "/" that follows
-// a symbolic link only where the safe writer would (its owner the running user or
-// root, its folder one that only they can change); nome gets the last name, which
-// is not looked at. -1 with errno, ELOOP for a link refused.
-int PaiAbr(const std::string& p, std::string& nome) {
-  std::vector<std::string> ps = Partes(p);
-  if (p.empty() || p[0] != '/' || ps.empty() || ps.back() == "..") {
-    errno = EINVAL;
-    return -1;
-  }
-  nome = ps.back();
-  ps.pop_back();
-  std::deque<std::string> fila(ps.begin(), ps.end());
-  int d = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
-  std::vector<int> pilha;
-  auto Larga = [&](int e) {
-    if (d >= 0) close(d);
-    for (int x : pilha) close(x);
-    errno = e;
-    return -1;
-  };
-  int saltos = 0;
-  while (!fila.empty() && d >= 0) {
-    std::string c = fila.front();
-    fila.pop_front();
-    if (c == "..") {
-      if (!pilha.empty()) close(d), d = pilha.back(), pilha.pop_back();
-      continue;
-    }
-    struct stat st, pd;
-    if (fstatat(d, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return Larga(errno);
-    if (S_ISLNK(st.st_mode)) {
-      if (++saltos > 40 || (st.st_uid != geteuid() && st.st_uid != 0) || fstat(d, &pd) != 0 || !DirCnf(pd))
-        return Larga(ELOOP);
-      std::string t(size_t(st.st_size > 0 ? st.st_size : 4096) + 1, '\0');
-      ssize_t n = readlinkat(d, c.c_str(), t.data(), t.size());
-      if (n <= 0) return Larga(ELOOP);
-      t.resize(size_t(n));
-      std::vector<std::string> q = Partes(t);
-      fila.insert(fila.begin(), q.begin(), q.end());
-      if (t[0] == '/') {
-        close(d);
-        for (int x : pilha) close(x);
-        pilha.clear();
-        d = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
-      }
-      continue;
-    }
-    if (!S_ISDIR(st.st_mode)) return Larga(ENOTDIR);
-    int s = openat(d, c.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (s < 0) return Larga(errno);
-    pilha.push_back(d);
-    d = s;
-  }
-  for (int x : pilha) close(x);
-  return d;
-}
 
 // What a name holds now.
 struct Est {
@@ -135,7 +63,7 @@ bool Resumo(int fd, std::string& sha) {
 Est Olha(const std::string& p) {
   Est e;
   std::string nome;
-  Fd d(PaiAbr(p, nome));
+  Fd d(DirPaiAbr(p, nome));
   if (d.f < 0) {
     if (errno != ENOENT && errno != ENOTDIR) e.err = errno;
     return e;
@@ -171,7 +99,7 @@ std::string Sorteio() {
 // it is not to be trusted).
 int GuardaAbr(const std::string& k) {
   std::string nome;
-  Fd d(PaiAbr(k, nome));
+  Fd d(DirPaiAbr(k, nome));
   if (d.f < 0) return -1;
   int f = openat(d.f, nome.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
   struct stat st;
@@ -191,7 +119,7 @@ int Repoe(const std::string& p, const std::string& k, long long modo, long long 
   Fd fi(GuardaAbr(k));
   if (fi.f < 0) return errno;
   std::string nome;
-  Fd d(PaiAbr(p, nome));
+  Fd d(DirPaiAbr(p, nome));
   if (d.f < 0) return errno;
   std::string tmp;
   int fo = -1;
@@ -324,7 +252,7 @@ class Dfz {
       return 0;
     }
     std::string nome;
-    Fd d(PaiAbr(p, nome));
+    Fd d(DirPaiAbr(p, nome));
     if (d.f < 0) return errno;
     return unlinkat(d.f, nome.c_str(), pasta ? AT_REMOVEDIR : 0) == 0 ? 0 : errno;
   }
@@ -332,7 +260,7 @@ class Dfz {
   // True when the folder p holds nothing (as the steps before left it).
   bool Vazia(const std::string& p) {
     std::string nome;
-    Fd d(PaiAbr(p, nome));
+    Fd d(DirPaiAbr(p, nome));
     if (d.f < 0) return false;
     int f = openat(d.f, nome.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     DIR* h = f < 0 ? nullptr : fdopendir(f);
@@ -496,7 +424,7 @@ class Dfz {
       if (e.ha) return Fica("kept " + p + ": something else is there again");
       if (!seco_) {
         std::string nome;
-        Fd d(PaiAbr(p, nome));
+        Fd d(DirPaiAbr(p, nome));
         if (d.f < 0 || symlinkat(alvo.c_str(), d.f, nome.c_str()) != 0)
           return Fica("not undone: link " + p + ": " + std::strerror(errno));
         if (geteuid() == 0 && l.N("uid") >= 0) fchownat(d.f, nome.c_str(), uid_t(l.N("uid")), gid_t(l.N("gid")), AT_SYMLINK_NOFOLLOW);
@@ -533,7 +461,7 @@ class Dfz {
     if (e.ha) return Fica("kept " + p + ": something else is there again");
     if (!seco_) {
       std::string nome;
-      Fd d(PaiAbr(p, nome));
+      Fd d(DirPaiAbr(p, nome));
       long long m = Octal(l.V("mode"));
       if (d.f < 0 || mkdirat(d.f, nome.c_str(), 0700) != 0)
         return Fica("not undone: folder " + p + ": " + std::strerror(errno));
@@ -553,7 +481,7 @@ class Dfz {
     if (a.ha) return Fica("not undone: " + de + " is taken, so " + para + " cannot go back there");
     if (!seco_) {
       std::string na, nb;
-      Fd da(PaiAbr(de, na)), db(PaiAbr(para, nb));
+      Fd da(DirPaiAbr(de, na)), db(DirPaiAbr(para, nb));
       if (da.f < 0 || db.f < 0 || renameat2(db.f, nb.c_str(), da.f, na.c_str(), RENAME_NOREPLACE) != 0)
         return Fica("not undone: " + para + " back to " + de + ": " + std::strerror(errno));
     }

@@ -8,10 +8,10 @@
 // was killed) is undone as far as it goes. docs/record.md tells each change.
 //
 // Nothing is done through a link that someone else could have planted: every path
-// is walked from "/" one name at a time, a symbolic link on the way followed only
-// when it belongs to the running user or root and lies in a folder that only they
-// can change (the safe writer's rule, FicGra.h), the last name never followed, and
-// the change made relative to the folder held open. Files put back are made new
+// is walked from "/" one name at a time (DirPaiAbr, FicGra.h), a symbolic link on
+// the way followed only when it belongs to the running user or root and lies in a
+// folder that only they can change (the safe writer's rule), the last name never
+// followed, and the change made relative to the folder held open. Files put back are made new
 // beside their name and renamed into place.
 #pragma once
 #include <functional>

@@ -10,6 +10,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
+#include <deque>
+#include <vector>
 #include "FicGlb.h"
 
 namespace zw {
@@ -68,7 +70,96 @@ std::string Sorteio(size_t n) {
   return r;
 }
 
+// The names of a path, without empty ones and ".".
+std::vector<std::string> Partes(const std::string& p) {
+  std::vector<std::string> r;
+  for (size_t i = 0; i <= p.size();) {
+    size_t j = p.find('/', i);
+    if (j == std::string::npos) j = p.size();
+    std::string c = p.substr(i, j - i);
+    if (!c.empty() && c != ".") r.push_back(c);
+    i = j + 1;
+  }
+  return r;
+}
+
+// The path of the name c in the folder held open as d, for the install record:
+// the folder as the kernel names it, else c alone.
+std::string CamFd(int d, const std::string& c) {
+  char b[4096];
+  ssize_t n = readlink(("/proc/self/fd/" + std::to_string(d)).c_str(), b, sizeof b - 1);
+  if (n <= 0) return c;
+  std::string s(b, size_t(n));
+  return (s == "/" ? "" : s) + "/" + c;
+}
+
 }  // namespace
+
+int DirPaiAbr(const std::string& p, std::string& nome, const DirPaiOpc& o) {
+  std::vector<std::string> ps = Partes(p);
+  if (p.empty() || p[0] != '/' || ps.empty() || ps.back() == "..") {
+    errno = EINVAL;
+    return -1;
+  }
+  nome = ps.back();
+  ps.pop_back();
+  std::deque<std::string> fila(ps.begin(), ps.end());
+  int d = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
+  std::vector<int> pilha;  // the folders above, for ".."
+  auto Larga = [&](int e) {
+    if (d >= 0) close(d);
+    for (int x : pilha) close(x);
+    errno = e;
+    return -1;
+  };
+  auto Aceita = [&](bool ultimo) {
+    struct stat sd;
+    return !o.ver || (fstat(d, &sd) == 0 && o.ver(sd, ultimo));
+  };
+  int saltos = 0;
+  while (!fila.empty() && d >= 0) {
+    if (!Aceita(false)) return Larga(EACCES);
+    std::string c = fila.front();
+    fila.pop_front();
+    if (c == "..") {
+      if (!pilha.empty()) close(d), d = pilha.back(), pilha.pop_back();
+      continue;
+    }
+    struct stat st, pd;
+    if (fstatat(d, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) {
+      if (errno != ENOENT || !o.criar) return Larga(errno);
+      if (mkdirat(d, c.c_str(), o.criar) == 0) AtaPstCri(CamFd(d, c));
+      else if (errno != EEXIST) return Larga(errno);
+      if (fstatat(d, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return Larga(errno);
+    }
+    if (S_ISLNK(st.st_mode)) {
+      if (++saltos > 40 || (st.st_uid != geteuid() && st.st_uid != 0) || fstat(d, &pd) != 0 || !DirCnf(pd))
+        return Larga(ELOOP);
+      std::string t(size_t(st.st_size > 0 ? st.st_size : 4096) + 1, '\0');
+      ssize_t n = readlinkat(d, c.c_str(), t.data(), t.size());
+      if (n <= 0) return Larga(ELOOP);
+      t.resize(size_t(n));
+      std::vector<std::string> q = Partes(t);
+      fila.insert(fila.begin(), q.begin(), q.end());
+      if (t[0] == '/') {
+        close(d);
+        for (int x : pilha) close(x);
+        pilha.clear();
+        d = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
+      }
+      continue;
+    }
+    if (!S_ISDIR(st.st_mode)) return Larga(ENOTDIR);
+    int s = openat(d, c.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (s < 0) return Larga(errno);
+    pilha.push_back(d);
+    d = s;
+  }
+  if (d < 0) return Larga(errno);
+  if (!Aceita(true)) return Larga(EACCES);
+  for (int x : pilha) close(x);
+  return d;
+}
 
 int FicCriNov(const std::string& nat, int flags, mode_t modo) {
   return open(nat.c_str(), flags | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, modo);

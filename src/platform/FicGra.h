@@ -28,6 +28,7 @@
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include "Ata.h"
@@ -54,6 +55,24 @@ bool FicLnkCnf(const std::string& nat, const struct stat& l);
 // allows, a relative target taken from the link's folder. 0, 70 for a link that
 // may not be followed, 75 for a loop of more than 40 links.
 int FicAlvo(const std::string& nat, std::string& alvo);
+// What a walk from the root (DirPaiAbr) asks of the folders it goes through.
+struct DirPaiOpc {
+  // Shown each folder held before a name is taken from it (ultimo: the folder of
+  // the last name); false stops the walk with EACCES.
+  std::function<bool(const struct stat& d, bool ultimo)> ver;
+  // Not 0: a missing folder on the way is made with this mode less the umask, and
+  // the install record notes it.
+  mode_t criar = 0;
+};
+// The folder of the absolute path p, held open (O_PATH) by a walk from "/" one
+// name at a time, so that no folder on the way can be swapped while it is walked:
+// a symbolic link on the way is followed only under FicLnkCnf's rule (its owner
+// the running user or root, its folder passing DirCnf), at most 40 of them, and
+// ".." goes back to the folder held before. nome gets the last name, which is not
+// looked at. The descriptor, or -1 with errno: ELOOP for a link refused, EACCES
+// for a folder that ver refused, ENOTDIR, ENOENT, EINVAL for a path that is not
+// absolute or ends in "..".
+int DirPaiAbr(const std::string& p, std::string& nome, const DirPaiOpc& o = {});
 // Makes every missing folder of nat with modo less the umask. 0 when nat is a
 // folder afterwards, else the file layer's error number.
 int DirCriMod(const std::string& nat, mode_t modo);

@@ -8,6 +8,7 @@
 #include <string>
 #include "Ata.h"
 #include "FicGlb.h"
+#include "FicGra.h"
 #include "Prt.h"
 #include "TxtGlb.h"
 
@@ -131,24 +132,14 @@ bool PorDirCnf(const struct stat& d, bool ultimo) {
   return !ultimo && (d.st_mode & S_ISVTX);
 }
 
-// The path of the name c in the folder held open as dir, for the install record:
-// the folder as the kernel names it, else reserva.
-std::string CamFd(int dir, const std::string& c, const std::string& reserva) {
-  char b[4096];
-  ssize_t n = readlink(("/proc/self/fd/" + std::to_string(dir)).c_str(), b, sizeof b - 1);
-  if (n <= 0) return reserva;
-  std::string d(b, size_t(n));
-  return (d == "/" ? "" : d) + "/" + c;
-}
-
 // Makes a port's file safe to hand to the scheduler, which writes into it with
-// its own rights. The path is walked from "/" through folders held open, so that
-// none can be swapped while it is checked: every folder must pass PorDirCnf, a
-// link on the way is followed only when FicLnkCnf's rule allows it, and a missing
-// folder is made (0755 less the umask) when criaDir is set. The file itself is no
-// link: a missing one is made new (O_EXCL|O_NOFOLLOW, 0644 less the umask), an
-// existing one must be a regular file of the running user's (root's, for root).
-// 0, or 70 refused, 75 not a file, 76 a folder missing.
+// its own rights. The path is walked from "/" through folders held open
+// (DirPaiAbr), so that none can be swapped while it is checked: every folder must
+// pass PorDirCnf, a link on the way is followed only under FicLnkCnf's rule, and a
+// missing folder is made (0755 less the umask) when criaDir is set. The file
+// itself is no link: a missing one is made new (O_EXCL|O_NOFOLLOW, 0644 less the
+// umask), an existing one must be a regular file of the running user's (root's,
+// for root). 0, or 70 refused, 75 not a file, 76 a folder missing.
 int PorPrp(const Tx& nome, bool criaDir) {
   int e = 0;
   std::string nat = FicNat(TxTrim(nome), &e);
@@ -157,74 +148,33 @@ int PorPrp(const Tx& nome, bool criaDir) {
   std::error_code ec;
   fs::path abs = fs::absolute(nat, ec).lexically_normal();
   if (ec || !abs.has_filename()) return kErrAces;
-  std::vector<std::string> resto;
-  for (const fs::path& c : abs.relative_path()) resto.insert(resto.begin(), c.string());
-  int dir = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
-  std::vector<int> pilha;  // the folders above, for ".." in a link's target
-  auto Fim = [&](int r) {
-    if (dir >= 0) close(dir);
-    for (int d : pilha) close(d);
-    return r;
-  };
-  int ligacoes = 0;
-  while (!resto.empty()) {
-    struct stat d;
-    if (dir < 0 || fstat(dir, &d) != 0) return Fim(kErrAces);
-    std::string c = resto.back();
-    resto.pop_back();
-    bool ultimo = resto.empty();
-    if (!PorDirCnf(d, ultimo)) return Fim(kErrPerm);
-    if (c == "." || c.empty()) continue;
-    if (c == "..") {
-      if (!pilha.empty()) close(dir), dir = pilha.back(), pilha.pop_back();
-      continue;
-    }
-    struct stat st;
-    if (fstatat(dir, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) {
-      if (errno != ENOENT) return Fim(kErrAces);
-      if (ultimo) {
-        int fd = openat(dir, c.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, 0644);
-        if (fd < 0) return Fim(errno == EEXIST ? kErrPerm : FicErrNat(errno, nat));
-        if (AtaLig()) AtaEscrito(AtaAnt(), CamFd(dir, c, abs.string()), fd);
-        close(fd);
-        return Fim(0);
-      }
-      if (!criaDir) return Fim(kErrDirNao);
-      if (mkdirat(dir, c.c_str(), 0755) == 0) {
-        if (AtaLig()) AtaPstCri(CamFd(dir, c, c));
-      } else if (errno != EEXIST) {
-        return Fim(FicErrNat(errno, nat));
-      }
-      if (fstatat(dir, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return Fim(kErrAces);
-    }
-    if (S_ISLNK(st.st_mode)) {
-      // The port itself is never a link; a folder's link only where it is trusted.
-      if (ultimo || ++ligacoes > 40 || (st.st_uid != 0 && st.st_uid != geteuid())) return Fim(kErrPerm);
-      std::string t(size_t(st.st_size > 0 ? st.st_size : 4096) + 1, '\0');
-      ssize_t n = readlinkat(dir, c.c_str(), t.data(), t.size());
-      if (n <= 0) return Fim(kErrAces);
-      t.resize(size_t(n));
-      std::vector<std::string> novo;
-      for (const fs::path& x : fs::path(t).relative_path()) novo.push_back(x.string());
-      for (auto it = novo.rbegin(); it != novo.rend(); ++it) resto.push_back(*it);
-      if (t[0] == '/') {
-        close(dir);
-        for (int x : pilha) close(x);
-        pilha.clear();
-        dir = open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
-      }
-      continue;
-    }
-    if (ultimo) {
-      if (!S_ISREG(st.st_mode)) return Fim(kErrAces);
-      return Fim(st.st_uid == geteuid() ? 0 : kErrPerm);
-    }
-    int sub = openat(dir, c.c_str(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (sub < 0) return Fim(errno == ENOTDIR ? kErrDirNao : kErrAces);
-    pilha.push_back(dir);
-    dir = sub;
+  DirPaiOpc o;
+  o.ver = PorDirCnf;
+  o.criar = criaDir ? 0755 : 0;
+  std::string c;
+  int dir = DirPaiAbr(abs.string(), c, o);
+  if (dir < 0) {
+    if (errno == ENOENT || errno == ENOTDIR) return kErrDirNao;
+    return errno == ELOOP || errno == EACCES ? kErrPerm : FicErrNat(errno, nat);
   }
-  return Fim(kErrAces);
+  struct stat st;
+  if (fstatat(dir, c.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) {
+    if (errno != ENOENT) e = kErrAces;
+    int fd = e ? -1 : openat(dir, c.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, 0644);
+    if (!e && fd < 0) e = errno == EEXIST ? kErrPerm : FicErrNat(errno, nat);
+    if (fd >= 0) {
+      AtaEscrito(AtaAnt(), abs.string(), fd);
+      close(fd);
+    }
+  } else if (S_ISLNK(st.st_mode)) {
+    e = kErrPerm;  // the port itself is never a link
+  } else if (!S_ISREG(st.st_mode)) {
+    e = kErrAces;
+  } else if (st.st_uid != geteuid()) {
+    e = kErrPerm;
+  }
+  close(dir);
+  return e;
 }
 
 }  // namespace

@@ -277,3 +277,63 @@ TEST_F(Gra, PrivateFolders) {
   Escreve("f", "");
   EXPECT_EQ(DirPrv(P("f")), kErrPerm);
 }
+
+// The walk from the root (undo's and the printer port's): the last name's folder
+// held, links on the way followed where they may be, ".." back through the folders
+// held, each folder shown to the caller's rule, missing folders made when asked.
+TEST_F(Gra, TheWalkFromTheRootHoldsTheLastNamesFolder) {
+  ASSERT_EQ(mkdir(P("a").c_str(), 0755), 0);
+  ASSERT_EQ(mkdir(P("a/b").c_str(), 0755), 0);
+  Escreve("a/b/f", "x");
+  Escreve("a/g", "y");
+  ASSERT_EQ(symlink("a/b", P("lb").c_str()), 0);
+  ASSERT_EQ(symlink("b/..", P("a/lc").c_str()), 0);
+  auto Tem = [&](const std::string& p, const char* nomeEsperado) {
+    std::string nome;
+    int d = DirPaiAbr(p, nome);
+    if (d < 0) return false;
+    struct stat st;
+    bool ok = nome == nomeEsperado && fstatat(d, nome.c_str(), &st, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(st.st_mode);
+    close(d);
+    return ok;
+  };
+  EXPECT_TRUE(Tem(P("lb/f"), "f"));
+  EXPECT_TRUE(Tem(P("a/lc/g"), "g"));
+  EXPECT_TRUE(Tem(P("a/b/../b/./f"), "f"));
+  std::string nome;
+  auto Erro = [&](const std::string& p, const DirPaiOpc& o = {}) {
+    int d = DirPaiAbr(p, nome, o);
+    if (d >= 0) close(d);
+    return d >= 0 ? 0 : errno;
+  };
+  EXPECT_EQ(Erro(P("a/b/f/x")), ENOTDIR);
+  EXPECT_EQ(Erro(P("nada/x")), ENOENT);
+  EXPECT_EQ(Erro("a/b"), EINVAL);
+  EXPECT_EQ(Erro(P("a/..")), EINVAL);
+  // A link in a folder that others may change is not followed.
+  ASSERT_EQ(mkdir(P("aberta").c_str(), 0700), 0);
+  ASSERT_EQ(chmod(P("aberta").c_str(), 0777), 0);
+  ASSERT_EQ(symlink(P("a").c_str(), P("aberta/l").c_str()), 0);
+  EXPECT_EQ(Erro(P("aberta/l/g")), ELOOP);
+  // The caller's rule sees every folder held, the last one once and last.
+  std::vector<bool> vistos;
+  DirPaiOpc o;
+  o.ver = [&](const struct stat& d, bool ultimo) {
+    vistos.push_back(ultimo);
+    return S_ISDIR(d.st_mode) && !ultimo;
+  };
+  EXPECT_EQ(Erro(P("a/b/f"), o), EACCES);
+  ASSERT_FALSE(vistos.empty());
+  EXPECT_EQ(std::count(vistos.begin(), vistos.end(), true), 1);
+  EXPECT_TRUE(vistos.back());
+  // Missing folders made on the way, with the mode asked for.
+  DirPaiOpc cria;
+  cria.criar = 0750;
+  mode_t velha = umask(022);
+  EXPECT_EQ(Erro(P("n1/n2/f"), cria), 0);
+  umask(velha);
+  struct stat st;
+  ASSERT_EQ(stat(P("n1/n2").c_str(), &st), 0);
+  EXPECT_EQ(st.st_mode & 07777, 0750u);
+  EXPECT_EQ(nome, "f");
+}
