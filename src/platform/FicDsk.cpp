@@ -149,7 +149,10 @@ int FicErrNat(int e, const std::string& nat) {
       size_t i = d.rfind('/');
       d = i == std::string::npos ? "." : i == 0 ? "/" : d.substr(0, i);
       struct stat st;
-      return stat(d.c_str(), &st) == 0 && S_ISDIR(st.st_mode) ? kErrFicNao : kErrDirNao;
+      int sv = errno;  // the look below leaves errno as the caller had it
+      bool pasta = stat(d.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+      errno = sv;
+      return pasta ? kErrFicNao : kErrDirNao;
     }
     case ENOTDIR: return kErrDirNao;
     case EACCES: case EPERM: case EBUSY: case ETXTBSY: return kErrPerm;

@@ -165,6 +165,12 @@ int FicCriNov(const std::string& nat, int flags, mode_t modo) {
   return open(nat.c_str(), flags | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY, modo);
 }
 
+int FicCriAta(const std::string& nat, int flags, mode_t modo) {
+  int fd = FicCriNov(nat, flags, modo);
+  if (fd >= 0) AtaEscrito(AtaAnt(), nat, fd);
+  return fd;
+}
+
 int FicTmpCri(const std::string& nat, std::string& nome) {
   size_t b = nat.rfind('/');
   std::string base = Pasta(nat) + "/." + (b == std::string::npos ? nat : nat.substr(b + 1)) + ".zw-";

@@ -41,6 +41,9 @@ namespace zw {
 // as O_RDWR) with modo less the process's umask. The descriptor, or -1 with errno
 // (EEXIST when the name is taken, by a symbolic link too).
 int FicCriNov(const std::string& nat, int flags, mode_t modo = 0666);
+// FicCriNov for a file that stays where it is made (not a temporary file): the
+// install record notes it as created.
+int FicCriAta(const std::string& nat, int flags, mode_t modo = 0666);
 // Creates a temporary file in the folder of nat, ".NAME.zw-" and 12 random letters
 // and digits from the system's random source, mode 0600, trying new names while a
 // name is taken. The descriptor (read and write), or -1 with errno; nome gets its path.

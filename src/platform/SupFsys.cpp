@@ -26,11 +26,15 @@ int FsysAtrPoe(const Tx& path, int atr) {
   int e = 0;
   std::string n = FicNat(path, &e);
   if (e) return e;
+  return FsysAtrPoeNat(n, atr) == 0 ? 0 : FicErrNat(errno, n);
+}
+
+int FsysAtrPoeNat(const std::string& nat, int atr) {
   struct stat st;
-  if (n.empty() || stat(n.c_str(), &st) != 0) return FicErrNat(errno, n);
+  if (stat(nat.c_str(), &st) != 0) return -1;
   mode_t m = (atr & 1) ? (st.st_mode & ~mode_t(S_IWUSR)) : (st.st_mode | S_IWUSR);
   if ((m & 07777) == (st.st_mode & 07777)) return 0;
-  return chmod(n.c_str(), m & 07777) == 0 ? 0 : FicErrNat(errno, n);
+  return chmod(nat.c_str(), m & 07777);
 }
 
 // The record of one walk.

@@ -21,6 +21,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 #include "Tx.h"
 #include "Var.h"
@@ -31,6 +32,8 @@ namespace zw {
 // the file layer's error number.
 int FsysAtrCon(const Tx& path);
 int FsysAtrPoe(const Tx& path, int atr);
+// The setting on a Linux path, for the FileSystemObject: 0, or -1 with errno.
+int FsysAtrPoeNat(const std::string& nat, int atr);
 
 class SupFsys {
  public:

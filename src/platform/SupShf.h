@@ -37,6 +37,7 @@
 #pragma once
 #include <cstdint>
 #include <stdexcept>
+#include <string>
 #include <vector>
 #include "Tx.h"
 
@@ -116,5 +117,10 @@ class SupShf {
 // the destination is replaced, never written through; the destination's folder
 // must exist.
 int ShfFicCop(const Tx& orig, const Tx& dest);
+// The same copy between Linux paths: 0, or -1 with errno (EEXIST when both names
+// are the same file, ENOTSUP for a source that is not a regular file, EISDIR for a
+// folder at the destination, EACCES for a read-only or held destination, else the
+// errno of the call that failed). The FileSystemObject's copies go through it.
+int FicCopNat(const std::string& orig, const std::string& dest);
 
 }  // namespace zw

@@ -204,7 +204,7 @@ std::string Canon(const std::string& p) {
 
 int CopFic(int fi, const struct stat& st, const PstDes& p, const std::string& nom, const std::string& d,
            const Avanco& av, CopCtx& c) {
-  if (p.fd < 0) return FicErrNat(p.err, d);
+  if (p.fd < 0) return FicErrNat(errno = p.err, d);
   std::string tmp;
   int fo = AbreTmp(p.fd, c.Modo(st), tmp);
   if (fo < 0) return FicErrNat(errno, d);
@@ -214,8 +214,10 @@ int CopFic(int fi, const struct stat& st, const PstDes& p, const std::string& no
   AtaAnt a = r == 0 ? AtaAntes(p.fd, nom) : AtaAnt();  // what the rename takes the place of
   if (r == 0 && renameat(p.fd, tmp.c_str(), p.fd, nom.c_str()) != 0) r = errno == EISDIR ? kErrAces : FicErrNat(errno, d);
   if (r != 0) {
+    int e = errno;  // the failure's cause, for callers that read it
     unlinkat(p.fd, tmp.c_str(), 0);
     if (!a.guardado.empty()) unlink(a.guardado.c_str());
+    errno = e;
   } else {
     AtaEscrito(a, d);
   }
@@ -252,36 +254,58 @@ int CopLnk(int fdo, const std::string& nomO, const std::string& o, const struct 
 
 namespace zw {
 
+namespace {
+// The one-file copy on Linux paths: 0 or the file layer's number, with eno the
+// cause: the errno of the call that failed, or the one that stands for a refusal
+// of the copy's own (EEXIST the same file, ENOTSUP a source that is no regular
+// file, EISDIR a folder in the way, EACCES read-only or held by a writer).
+int CopUm(const std::string& o, const std::string& d, int& eno) {
+  // Without waiting for a writer when the source is a pipe (which is then refused).
+  int fi = open(o.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (fi < 0) {
+    eno = errno;
+    return FicErrNat(eno, o);
+  }
+  struct stat st, sd, ld;
+  bool ha = stat(d.c_str(), &sd) == 0;
+  int r = 0;
+  if (fstat(fi, &st) != 0 || !S_ISREG(st.st_mode))
+    r = kErrAces, eno = ENOTSUP;
+  else if (ha && sd.st_dev == st.st_dev && sd.st_ino == st.st_ino)
+    r = -1, eno = EEXIST;  // the same file under another name: nothing to do, and nothing to risk
+  else if (lstat(d.c_str(), &ld) == 0 && S_ISDIR(ld.st_mode))
+    r = kErrAces, eno = EISDIR;
+  else if (ha && S_ISREG(sd.st_mode) && !(sd.st_mode & S_IWUSR))
+    r = kErrAces, eno = EACCES;  // a read-only file is not replaced, as the file layer's copy does not
+  else if (ha && shf::Retido(d))
+    r = kErrPerm, eno = EACCES;  // nor one that a writer holds
+  else {
+    shf::PstDes p;
+    p.Abre(shf::Pasta(d));
+    shf::CopCtx c;
+    r = shf::CopFic(fi, st, p, shf::Nome(d), d, nullptr, c);
+    eno = errno;
+  }
+  close(fi);
+  return r;
+}
+}  // namespace
+
 int ShfFicCop(const Tx& orig, const Tx& dest) {
   int e = 0;
   std::string o = FicNat(orig, &e);
   if (e) return e;
   std::string d = FicNat(dest, &e);
   if (e) return e;
-  // Without waiting for a writer when the source is a pipe (which is then refused).
-  int fi = open(o.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-  if (fi < 0) return FicErrNat(errno, o);
-  struct stat st, sd, ld;
-  bool ha = stat(d.c_str(), &sd) == 0;
-  int r = 0;
-  if (fstat(fi, &st) != 0 || !S_ISREG(st.st_mode))
-    r = kErrAces;
-  else if (ha && sd.st_dev == st.st_dev && sd.st_ino == st.st_ino)
-    r = -1;  // the same file under another name: nothing to do, and nothing to risk
-  else if (lstat(d.c_str(), &ld) == 0 && S_ISDIR(ld.st_mode))
-    r = kErrAces;
-  else if (ha && S_ISREG(sd.st_mode) && !(sd.st_mode & S_IWUSR))
-    r = kErrAces;  // a read-only file is not replaced, as the file layer's copy does not
-  else if (ha && shf::Retido(d))
-    r = kErrPerm;  // nor one that a writer holds
-  else {
-    shf::PstDes p;
-    p.Abre(shf::Pasta(d));
-    shf::CopCtx c;
-    r = shf::CopFic(fi, st, p, shf::Nome(d), d, nullptr, c);
-  }
-  close(fi);
-  return r;
+  int eno = 0;
+  return CopUm(o, d, eno);
+}
+
+int FicCopNat(const std::string& orig, const std::string& dest) {
+  int eno = 0;
+  if (CopUm(orig, dest, eno) == 0) return 0;
+  errno = eno;
+  return -1;
 }
 
 }  // namespace zw

@@ -15,6 +15,7 @@
 #include "FicGlb.h"
 #include "FicInf.h"
 #include "GlbReg.h"
+#include "SupShf.h"
 
 namespace vbs {
 
@@ -169,21 +170,24 @@ std::string PaiNat(const std::string& p) {
 
 }  // namespace
 
+// The copy itself is the platform's data-safe one (FicCopNat): a new file under a
+// hidden name beside the destination, renamed into place, so a failure leaves the
+// old destination whole and a link at its name is replaced, never written
+// through. The looks before it keep the order in which the errors come: the
+// destination's own, then the source's, then a clash of the two.
 void FsoCopiaFic(const std::string& de, const std::string& para, bool sobre) {
-  if (int t = zw::FicInfTip(para); t != zw::kFicNada) {
-    if (t == zw::kFicDir) Raise(70);
+  zw::FicInf d, o;
+  if (zw::FicInfLer(para, d)) {
+    if (d.tipo == zw::kFicDir) Raise(70);
     if (!sobre) Raise(58);
     if (FsoSoLeitura(para)) Raise(70);
   }
-  std::error_code ec;
   if (!EhDir(PaiNat(para).empty() ? "." : PaiNat(para))) Raise(76);
-  zw::AtaAnt ant = zw::AtaAntes(AT_FDCWD, para);  // for the install record
-  fs::copy_file(de, para, fs::copy_options::overwrite_existing, ec);
-  if (ec) {
-    if (!ant.guardado.empty()) unlink(ant.guardado.c_str());
-    FsoErr(ec.value(), false);
-  }
-  zw::AtaEscrito(ant, para);
+  if (d.tipo == zw::kFicNada && d.err != ENOENT && d.err != ENOTDIR) FsoErr(d.err, false);
+  if (!zw::FicInfLer(de, o)) FsoErr(o.err, false);
+  if (o.tipo != zw::kFicReg || d.tipo == zw::kFicOut) Raise(75);
+  if (d.tipo == zw::kFicReg && d.dev == o.dev && d.ino == o.ino) Raise(58);
+  if (zw::FicCopNat(de, para) != 0) FsoErr(errno, false);
 }
 
 void FsoCopiaDir(const std::string& de, const std::string& para, bool sobre) {

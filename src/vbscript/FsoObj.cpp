@@ -12,6 +12,7 @@
 #include "FicInf.h"
 #include "Fso.h"
 #include "GlbReg.h"
+#include "SupFsys.h"
 
 namespace vbs {
 
@@ -44,13 +45,10 @@ int32_t Atributos(const std::string& p) {
   return a;
 }
 
-// Setting the attributes changes what Linux can hold of them: the read-only bit.
+// Setting the attributes changes what Linux can hold of them, the read-only bit,
+// by the platform's one rule for it (SupFsys.h).
 void PoeAtributos(const std::string& p, int32_t a) {
-  zw::FicInf f;
-  if (!zw::FicInfLer(p, f)) FsoErr(f.err, false);
-  mode_t m = mode_t(f.modo);
-  m = (a & 1) ? (m & ~mode_t(0222)) : (m | S_IWUSR);
-  if (chmod(p.c_str(), m) != 0) FsoErr(errno, false);
+  if (zw::FsysAtrPoeNat(p, a) != 0) FsoErr(errno, false);
 }
 
 double TamanhoDir(const std::string& p) {

@@ -15,7 +15,6 @@
 #include <iostream>
 #include <memory>
 
-#include "Ata.h"
 #include "FicGra.h"
 #include "FicInf.h"
 #include "Fso.h"
@@ -40,9 +39,8 @@ class Texto : public Obj {
       if (!existe) {
         if (!criar) FsoErr(ENOENT, false);
         // Made new, never through a link planted in its place.
-        int fd = zw::FicCriNov(nat, O_RDWR);
+        int fd = zw::FicCriAta(nat, O_RDWR);
         if (fd < 0) FsoErr(errno == EEXIST ? EACCES : errno, false);
-        zw::AtaEscrito(zw::AtaAnt(), nat, fd);
         f = fdopen(fd, "rb");
         if (!f) {
           int e = errno;
