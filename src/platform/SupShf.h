@@ -112,15 +112,16 @@ class SupShf {
 // Copies one file to another name with the data-safe copy of the run (owner and
 // mode as a run's copies have them): 0, or the file layer's error number (-1 when
 // both names are the same file, 75 for a source that is not a regular file). It
-// leaves a destination that is read-only (75) or that another open file holds for
-// writing (70) as it is. A symbolic link given as the source is followed; one at
-// the destination is replaced, never written through; the destination's folder
-// must exist.
+// leaves a destination that is read-only (75), that the running user may not
+// write (70), or that another open file holds for writing (70) as it is. A
+// symbolic link given as the source is followed; one at the destination is
+// replaced, never written through; the destination's folder must exist.
 int ShfFicCop(const Tx& orig, const Tx& dest);
 // The same copy between Linux paths: 0, or -1 with errno (EEXIST when both names
 // are the same file, ENOTSUP for a source that is not a regular file, EISDIR for a
-// folder at the destination, EACCES for a read-only or held destination, else the
-// errno of the call that failed). The FileSystemObject's copies go through it.
+// folder at the destination, EACCES for a destination that is read-only, not the
+// user's to write or held, else the errno of the call that failed). The
+// FileSystemObject's copies go through it.
 int FicCopNat(const std::string& orig, const std::string& dest);
 
 }  // namespace zw

@@ -258,7 +258,8 @@ namespace {
 // The one-file copy on Linux paths: 0 or the file layer's number, with eno the
 // cause: the errno of the call that failed, or the one that stands for a refusal
 // of the copy's own (EEXIST the same file, ENOTSUP a source that is no regular
-// file, EISDIR a folder in the way, EACCES read-only or held by a writer).
+// file, EISDIR a folder in the way, EACCES read-only, not the user's to write, or
+// held by a writer).
 int CopUm(const std::string& o, const std::string& d, int& eno) {
   // Without waiting for a writer when the source is a pipe (which is then refused).
   int fi = open(o.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
@@ -277,6 +278,8 @@ int CopUm(const std::string& o, const std::string& d, int& eno) {
     r = kErrAces, eno = EISDIR;
   else if (ha && S_ISREG(sd.st_mode) && !(sd.st_mode & S_IWUSR))
     r = kErrAces, eno = EACCES;  // a read-only file is not replaced, as the file layer's copy does not
+  else if (ha && S_ISREG(sd.st_mode) && faccessat(AT_FDCWD, d.c_str(), W_OK, AT_EACCESS) != 0)
+    eno = errno, r = FicErrNat(eno, d);  // nor one this user may not write (another's, say)
   else if (ha && shf::Retido(d))
     r = kErrPerm, eno = EACCES;  // nor one that a writer holds
   else {
