@@ -75,6 +75,11 @@ if command -v script >/dev/null; then
   contem "terminal input" "$out" 'input "Destino" "Pasta\?" default "/opt/x"'
   contem "terminal input help" "$out" 'INPUT text'
   contem "terminal input answer" "$out" 'input "Destino" "Pasta\?" -> "x"'
+  # A name is listed once, as its first component is spelt; a check box whose name
+  # a label took first cannot be reached by an answer, so it is not listed.
+  out=$(printf 'help\nCLOSE\n' | timeout 30 script -qec "$run -FP $casos/primeiro.par" /dev/null | tr -d '\r' |
+    grep -E '^  (CHECK|OPTION) ' | tr '\n' ';')
+  contem "terminal help by first name" "$out" '^  CHECK Aceito 0\|1;  OPTION Tipo 1\.\.2;$'
 else
   echo "no script(1): the terminal part is left out"
 fi
