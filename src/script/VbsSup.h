@@ -38,10 +38,10 @@ vbs::Value VbsDeVar(const Var& v);
 // An engine object (such as the library "Wiz") as a Var, ready for RegObPrp.
 Var VbsObVar(vbs::Obj* o);
 
-// A window that carries a script control, as the wizard's window does ("scVbs").
-// VbsRegFS reads the control from it; hwnd is the parent of what the engine shows.
-// The window's class derives from this beside its VarObj base (for example beside
-// WizFrm), and is handed to the host in a Var.
+// A window that carries a script control ("scVbs"). VbsRegFS reads the control
+// from it; hwnd is the parent of what the engine shows (VbsRegSup takes it from a
+// window of this kind, and none from any other). The window's class derives from
+// this beside its VarObj base, and is handed to the host in a Var.
 struct VbsFrm {
   virtual ~VbsFrm() = default;
   virtual std::shared_ptr<vbs::ScriptControl> scVbs() = 0;

@@ -69,8 +69,9 @@ void VbsSup::RegSup(const Var& frm, std::shared_ptr<vbs::ScriptControl> sc, cons
   own_ = frm;
   cbk_ = cbk.EhFalta() ? frm : cbk;
   if (hwnd) {
+    // A window that is no VbsFrm has no handle to give: the engine's parent is none (0).
     auto* f = frm.EhObj() ? dynamic_cast<VbsFrm*>(frm.Obj().get()) : nullptr;
-    if (!f || !EngSitehWnd(f->hwnd())) TrcMsg(u"SitehWnd", u"the window gives no handle");
+    if (!EngSitehWnd(f ? f->hwnd() : 0)) TrcMsg(u"SitehWnd", u"the window gives no handle");
   }
   int16_t ok = 0;
   RegObPrp(u"N", u"FxPre", fxpOb_, ok);

@@ -24,6 +24,10 @@
 #include "WizEng.h"
 #include "WizFrm.h"
 
+namespace vbs {
+class ScriptControl;
+}
+
 namespace zw {
 
 class VbsSup;
@@ -176,6 +180,7 @@ class SupWiz : public WizEng, private WizLerFx {
 
   Tx mTrcNom = u"SupWiz";
   Tx mTrcSit;
+  std::shared_ptr<vbs::ScriptControl> mSc;  // the host's script control, one per attempt
   std::unique_ptr<VbsSup> mVbs;
   std::unique_ptr<SupWizVbs> mWizVbs;
   Var mFrm;

@@ -7,12 +7,11 @@
 // in a control array (the index of a component is the index of its control), and
 // their properties and methods by name (CtlObj). Geometry is in twips.
 //
-// The window also carries the script control "scVbs" that the engine's script
-// host binds to (VbsFrm); by default it is one control made with the window.
+// The window carries no script control: the engine makes its own and binds its
+// script host to it and to the window (SupWiz::VbsPrp).
 #pragma once
 #include <memory>
 #include "CtlObj.h"
-#include "VbsSup.h"
 
 namespace zw {
 
@@ -21,13 +20,7 @@ class SupWiz;
 // The control arrays of the wizard window that components fill.
 enum class CtlArr { Lab, Ckb, Rtf, Opc };  // laWiz, ckWiz, rtfWiz, ZunOpc
 
-struct WizFrm : VarObj, VbsFrm {
-  // The window's script control, made at the first call.
-  std::shared_ptr<vbs::ScriptControl> scVbs() override {
-    if (!mScVbs) mScVbs = std::make_shared<vbs::ScriptControl>();
-    return mScVbs;
-  }
-
+struct WizFrm : VarObj {
   // Runs the wizard on this window: keeps the engine, runs the script's "FxIni",
   // shows the window modally and returns once it has been unloaded.
   virtual void WizExe(SupWiz& eng) = 0;
@@ -57,9 +50,6 @@ struct WizFrm : VarObj, VbsFrm {
   // Told when page idx (its identifier ide) has been entered; the window itself has
   // nothing to do with it, an unattended run traces it.
   virtual void PagEnt(int idx, const Tx& ide) { (void)idx; (void)ide; }
-
- private:
-  std::shared_ptr<vbs::ScriptControl> mScVbs;
 };
 
 // The window that a dynamic value holds, or null when it holds none.

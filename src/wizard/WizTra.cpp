@@ -12,6 +12,7 @@
 #include "SupWiz.h"
 #include "TxtGlb.h"
 #include "Twp.h"
+#include "VbsSup.h"
 #include "WizTnt.h"
 
 namespace zw {

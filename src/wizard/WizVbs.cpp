@@ -14,24 +14,27 @@ VbsSup& SupWiz::VbsCri() {
   return *mVbs;
 }
 
-// Starts the host clean on the window's script control and registers "Wiz"; a
-// second attempt's RegFrm starts it again the same way.
+// Starts the host clean on a new script control of the engine's own, bound to the
+// window, and registers "Wiz"; a second attempt's RegFrm starts it again the same
+// way, on a control of its own as its window is.
 void SupWiz::VbsPrp() {
   VbsSup& h = VbsCri();
   h.FxFim();
   h.VbsIni();
   h.FxIni();
-  h.VbsRegFS(mFrm);
+  mSc = std::make_shared<vbs::ScriptControl>();
+  h.VbsRegSup(mFrm, mSc);
   int16_t ok = 0;
   h.RegObPrp(u"N", u"Wiz", mWizVbs->Ob(), ok);
   h.VbsIni();
 }
 
-// Ends the host and lets go of it.
+// Ends the host and lets go of it and of the script control.
 void SupWiz::VbsFim() {
   if (!mVbs) return;
   mVbs->FxFim();
   mVbs.reset();
+  mSc.reset();
 }
 
 void SupWiz::VbsObReg(const Tx& nome, const Var& ob) {
