@@ -11,6 +11,7 @@
 #include "SupWiz.h"
 #include "CtlFab.h"
 #include "FicLer.h"
+#include "Twp.h"
 #include "TxQt.h"
 #include "ZunWizArt.h"
 #include "ZunWizCtl.h"

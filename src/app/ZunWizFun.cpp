@@ -4,13 +4,12 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
-#include <QTimer>
 #include <cmath>
 #include <cstring>
+#include "Twp.h"
 #include "TxQt.h"
 #include "ZunWizArt.h"
 #include "ZunWizGlb.h"
-#include "ZunWizMain.h"
 #include "ZunWizPmp.h"
 
 namespace zw {
@@ -69,13 +68,6 @@ void ZunWizFun::FormLoad() {
   Carga = 0;
 }
 
-void ZunWizFun::FormActivate() {
-  if (Activo == 1) return;
-  Activo = 1;
-  WizMain();
-  close();
-}
-
 // All in twips, W and H the inner size: the corner piece, the right and bottom
 // edges follow the lower right corner, the emblem stays centred, and the waiting
 // artwork keeps the logo's margins from the right and bottom.
@@ -104,28 +96,6 @@ void ZunWizFun::FrmPrep(const Tx& pal, int16_t& st) {
 void ZunWizFun::resizeEvent(QResizeEvent* e) {
   QWidget::resizeEvent(e);
   FormResize();
-}
-
-// The first showing takes the topmost mark away and activates the window once the
-// event loop runs; a window system that gives no activation still starts the run.
-void ZunWizFun::showEvent(QShowEvent* e) {
-  QWidget::showEvent(e);
-  if (mMostrado) return;
-  mMostrado = true;
-  QTimer::singleShot(0, this, [this] { Activa(); });
-}
-
-// The first activation takes the topmost mark away before the run begins.
-void ZunWizFun::Activa() {
-  if (Activo == 1) return;
-  FrmElevaFim(this);
-  FormActivate();
-}
-
-void ZunWizFun::changeEvent(QEvent* e) {
-  QWidget::changeEvent(e);
-  if (e->type() == QEvent::ActivationChange && isActiveWindow() && mMostrado && Activo != 1)
-    QTimer::singleShot(0, this, [this] { Activa(); });
 }
 
 // Before the wizard window shows, the background is the window a person sees while

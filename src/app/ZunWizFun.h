@@ -1,6 +1,6 @@
 // ZunWizFun: the background window. Maximised, white, with the maker's artwork
-// in a frame; it is the program's start window, and its first activation runs
-// the whole start-up sequence (WizMain).
+// in a frame; it is the program's start window, shown behind the wizard for the
+// whole start-up sequence (ZunWizCic), which loads, shows and closes it.
 #pragma once
 #include <QWidget>
 #include <array>
@@ -21,28 +21,22 @@ class ZunWizFun : public QWidget {
   };
 
   ZunWizFun();
-  void FormLoad();      // maximised and raised
-  void FormActivate();  // the first time: WizMain, then unloads itself
-  void FormResize();    // keeps the lower right artwork at the window's corner
+  void FormLoad();    // maximised and raised
+  void FormResize();  // keeps the lower right artwork at the window's corner
   void FormUnload() {}
   void FrmPrep(const Tx& pal, int16_t& st);  // compares the word with "INI" and "FIM"; does nothing
 
   const Img& ImgCon(const char* nome) const;  // an image control by name (the first one when unknown)
-  int16_t Carga = 0;   // 1 while loading
-  int16_t Activo = 0;  // 1 after the first activation
+  int16_t Carga = 0;  // 1 while loading
 
  protected:
   void resizeEvent(QResizeEvent* e) override;
-  void showEvent(QShowEvent* e) override;
-  void changeEvent(QEvent* e) override;
   void closeEvent(QCloseEvent* e) override;
 
  private:
-  void Activa();
   Img& ImgRef(const char* nome);
   void ImgPos(Img& i, int left, int top);  // moves an image, in twips
   std::array<Img, 9> mImg;
-  bool mMostrado = false;
 };
 
 }  // namespace zw

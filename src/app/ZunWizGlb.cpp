@@ -1,17 +1,11 @@
-// The program's variables and the shared window procedures.
+// The shared window procedures.
 #include "ZunWizGlb.h"
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include "Twp.h"
 
 namespace zw {
-
-Tx DirExe;
-Var RegRaiz;
-Tx WizFpa, LtrCd, DrvCd, DirPgm;
-Tx LinCmd;
-std::unique_ptr<SupWiz> gSup;
-ZunWizFun* gFun = nullptr;
 
 void EcrDpiLer() {
   if (const QScreen* ecr = QGuiApplication::primaryScreen())

@@ -25,8 +25,6 @@ namespace zw {
 namespace {
 MsgDlgQt gDlgQt;
 ShfPrgQt gPrgQt;
-int gSai = 0;     // what the start-up reached: 0, or kSaiCri
-TntErr gTntErr;  // the last attempt's failure
 Ata gAta;        // the install record, open when the run is recorded
 const char* gAtaPrg = "zunwiz";
 
@@ -39,11 +37,11 @@ void FrmFimQt(int) {
 }
 }  // namespace
 
-int ZunWizAtaIni(const char* fic, const char* guarda, const char* prog) {
+int ZunWizAtaIni(const tZunWizPrc& prc, const char* fic, const char* guarda, const char* prog) {
   gAtaPrg = prog;
   Tx fpa;
   int16_t exi = 0;
-  WizFpaCon(fpa, exi);
+  WizFpaCon(prc, fpa, exi);
   std::string porque;
   if (int e = gAta.Abre(fic, guarda ? guarda : "", AtaAbs(FicNat(fpa)), prog, porque)) {
     (void)e;
@@ -71,9 +69,9 @@ void ZunWizFim(int st) {
   std::_Exit(st);
 }
 
-void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
-  DirExe = dirExe;
-  LinCmd = linCmd;
+void ZunWizPrp(tZunWizPrc& prc, const Tx& dirExe, const Tx& linCmd) {
+  prc.DirExe = dirExe;
+  prc.LinCmd = linCmd;
   EcrDpiLer();
   MsgDlgDef(&gDlgQt);
   ShfPrgDef(&gPrgQt);
@@ -82,25 +80,30 @@ void ZunWizPrp(const Tx& dirExe, const Tx& linCmd) {
   ResIni();
 }
 
-const TntErr& TntErrUlt() { return gTntErr; }
-
-int ZunWizCic() {
+// The background window is loaded and shown, and paints before anything else
+// runs; once it is on screen its topmost mark is taken away, and the whole run
+// happens in WizMain. No event loop of the program's own: the windows' events run
+// in the wizard window's modal loop, the boxes' and the start-up's pumps.
+int ZunWizCic(tZunWizPrc& prc) {
   ZunWizFun fun;
-  gFun = &fun;
+  prc.Fun = &fun;
   fun.FormLoad();
   fun.show();
-  int r = QApplication::exec();
-  gFun = nullptr;
-  return r ? r : gSai;
+  QApplication::processEvents();
+  FrmElevaFim(&fun);
+  WizMain(prc);
+  fun.close();
+  prc.Fun = nullptr;
+  return prc.Sai;
 }
 
-int ZunWizSai(int st, const char* prog, const std::function<void(const Tx&)>& trc) {
+int ZunWizSai(int st, const char* prog, const std::function<void(const Tx&)>& trc, const TntErr& err) {
   auto diz = [prog](const Tx& m) { std::fprintf(stderr, "%s: %s\n", prog, TxUtf8(m).c_str()); };
   if (st == kSaiCri) {
     ResFim();
-    const Tx lin = TxAsc(std::to_string(gTntErr.lin));
-    if (trc) trc(u"end build " + RunAsp(gTntErr.des) + u" line " + lin);
-    diz(u"the wizard could not be built: " + gTntErr.des + u" (option file line " + lin + u")");
+    const Tx lin = TxAsc(std::to_string(err.lin));
+    if (trc) trc(u"end build " + RunAsp(err.des) + u" line " + lin);
+    diz(u"the wizard could not be built: " + err.des + u" (option file line " + lin + u")");
     return st;
   }
   ResVer r;
@@ -113,16 +116,19 @@ int ZunWizSai(int st, const char* prog, const std::function<void(const Tx&)>& tr
   return st;
 }
 
-void WizMain() {
-  WizRegRaiz();
-  FunMostra();
-  WizFpaPrp();
+void WizMain(tZunWizPrc& prc) {
+  WizRegRaiz(prc);
+  FunMostra(prc);
+  WizFpaPrp(prc);
   Var slot;
+  WizTntFx fx;
+  fx.Tnt = [&prc](Var& v, int16_t& st) { WizExeTnt(prc, v, st); };
+  fx.InsExe = [&prc](int16_t& st) { CmpInsExe(prc, st); };
   // Declining the installer after failed attempts leaves a wizard never built.
-  if (WizTntCic(slot) == -1) gSai = kSaiCri;
+  if (WizTntCic(slot, fx) == -1) prc.Sai = kSaiCri;
   WizFrmFim(slot);
-  FunFim();
-  gSup.reset();
+  FunFim(prc);
+  prc.Sup.reset();
 }
 
 int16_t WizTntCic(Var& slot, const WizTntFx& fx) {
@@ -144,40 +150,40 @@ int16_t WizTntCic(Var& slot, const WizTntFx& fx) {
   return st;
 }
 
-void WizRegRaiz() { RegRaiz = Var(int32_t(0x80000002)); }
+void WizRegRaiz(tZunWizPrc& prc) { prc.RegRaiz = Var(int32_t(0x80000002)); }
 
 // Shows the background window before the long work and lets it paint.
-void FunMostra() {
-  if (gFun) gFun->show();
+void FunMostra(const tZunWizPrc& prc) {
+  if (prc.Fun) prc.Fun->show();
   EvtPmp();
 }
 
 // Finds the option file; without it there is nothing to run: a box, and the end.
-void WizFpaPrp() {
+void WizFpaPrp(tZunWizPrc& prc) {
   FicSepDef(u"");
   Tx fpa;
   int16_t exi = 0;
-  WizFpaCon(fpa, exi);
+  WizFpaCon(prc, fpa, exi);
   if (exi != 1) {
     MsgErr(u"Wizzard", u"Não foi encontrado o ficheiro de opções.||Ficheiro: " + fpa, 0);
     ResFim();
     ZunWizFim(kSaiFpa);
   }
-  const tWizDir d = WizDirDe(fpa, LinCmd);
-  WizFpa = d.Fpa;
-  LtrCd = d.LtrCd;
-  DrvCd = d.DrvCd;
-  DirPgm = d.DirPgm;
+  const tWizDir d = WizDirDe(fpa, prc.LinCmd);
+  prc.WizFpa = d.Fpa;
+  prc.LtrCd = d.LtrCd;
+  prc.DrvCd = d.DrvCd;
+  prc.DirPgm = d.DirPgm;
 }
 
 // The option file: the word after "-FP" on the command line, taken as it stands,
 // or "ZunWiz.par" beside the executable.
-void WizFpaCon(Tx& fpa, int16_t& exi) {
-  LcArgPrp(LinCmd);
+void WizFpaCon(const tZunWizPrc& prc, Tx& fpa, int16_t& exi) {
+  LcArgPrp(prc.LinCmd);
   Var v{Tx()};
   LcArgVal(u"M", u"-FP", v);
   fpa = v.EhTx() ? v.Txt() : Tx();
-  if (fpa.empty()) fpa = FicJun(DirExe, u"ZunWiz.par");
+  if (fpa.empty()) fpa = FicJun(prc.DirExe, u"ZunWiz.par");
   exi = int16_t(FicExi(fpa));
 }
 
@@ -185,23 +191,23 @@ void WizFpaCon(Tx& fpa, int16_t& exi) {
 // read and the wizard run. Whatever fails ends the attempt silently, status 0;
 // the failure and the option file line where the build stood are kept, for the
 // run's end to tell when no attempt succeeds.
-void WizExeTnt(Var& slot, int16_t& st) {
+void WizExeTnt(tZunWizPrc& prc, Var& slot, int16_t& st) {
   st = 1;
-  auto guarda = [](const Tx& des) {
-    gTntErr.des = des;
-    gTntErr.lin = gSup ? gSup->LinAct() : 0;
+  auto guarda = [&prc](const Tx& des) {
+    prc.Err.des = des;
+    prc.Err.lin = prc.Sup ? prc.Sup->LinAct() : 0;
   };
   try {
     auto asp = std::make_shared<ZunWizAsp>();
     slot = Var(std::shared_ptr<VarObj>(asp));
     asp->FormLoad();
-    Tx fpa = WizFpa;
-    if (!gSup) {
-      gSup = std::make_unique<SupWiz>();
+    Tx fpa = prc.WizFpa;
+    if (!prc.Sup) {
+      prc.Sup = std::make_unique<SupWiz>();
       // The command line's "KEY=value" words override the file's options.
-      gSup->RegDir(tWizDir{WizFpa, LtrCd, DrvCd, DirPgm, LinCmd});
+      prc.Sup->RegDir(tWizDir{prc.WizFpa, prc.LtrCd, prc.DrvCd, prc.DirPgm, prc.LinCmd});
     }
-    SupWiz* sup = gSup.get();
+    SupWiz* sup = prc.Sup.get();
     sup->RegFrm(slot);
     sup->WizIni(fpa);
     sup->WizExe();
@@ -226,8 +232,8 @@ void CmpInsVer(int16_t& resp) {
 // Runs the component installer beside the executable ("InsCmp.exe", found as
 // "InsCmp" on Linux) as a script's FxShell with mode -1 does: window events, the
 // start and a wait without limit, window events. Status 1 when it ran to its end.
-void CmpInsExe(int16_t& st) {
-  Tx pgm = DirExe + u"\\" + u"InsCmp.exe";
+void CmpInsExe(const tZunWizPrc& prc, int16_t& st) {
+  Tx pgm = prc.DirExe + u"\\" + u"InsCmp.exe";
   EvtPmp();
   st = PgmLanEsp(u"B", u"\"" + pgm + u"\"", 1) == u"NOR" ? 1 : 0;
   EvtPmp();
@@ -238,8 +244,8 @@ void WizFrmFim(Var& slot) {
   slot = Var();
 }
 
-void FunFim() {
-  if (gFun) gFun->close();
+void FunFim(const tZunWizPrc& prc) {
+  if (prc.Fun) prc.Fun->close();
 }
 
 }  // namespace zw

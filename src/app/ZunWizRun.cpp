@@ -175,11 +175,14 @@ void ZunWizRunIni(const RunOpc& opc) {
   });
 }
 
-int ZunWizRunFim(int st) {
+int ZunWizRunFim(int st, const TntErr& err) {
   if (gRun) gRun->per.Sobra(u"the run ends");
-  return ZunWizSai(st, "zunwiz-run", [](const Tx& l) {
-    if (gRun) gRun->trc.Lin(l);
-  });
+  return ZunWizSai(
+      st, "zunwiz-run",
+      [](const Tx& l) {
+        if (gRun) gRun->trc.Lin(l);
+      },
+      err);
 }
 
 }  // namespace zw

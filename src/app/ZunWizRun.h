@@ -30,8 +30,9 @@ struct RunOpc {
 // traces, and the window hooks that drive and trace the wizard. Call after the
 // program's own set-up (ZunWizPrp) and before its event loop.
 void ZunWizRunIni(const RunOpc& opc);
-// At the end of the start-up: answers left over do not fit. Gives the exit status.
-int ZunWizRunFim(int st);
+// At the end of the start-up: answers left over do not fit. Gives the exit status,
+// with err as the reason when the wizard was never built (kSaiCri).
+int ZunWizRunFim(int st, const TntErr& err = {});
 
 
 }  // namespace zw

@@ -56,8 +56,10 @@ int main(int argc, char** argv) {
     if (k > i) lin += u' ';
     lin += zw::TxDeUtf8(argv[k]);
   }
-  zw::ZunWizPrp(zw::TxQs(QCoreApplication::applicationDirPath()), lin);
+  zw::tZunWizPrc prc;
+  zw::ZunWizPrp(prc, zw::TxQs(QCoreApplication::applicationDirPath()), lin);
   if (ata)
-    if (int e = zw::ZunWizAtaIni(ata, guarda, "zunwiz")) return e;
-  return zw::ZunWizSai(zw::ZunWizCic(), "zunwiz");
+    if (int e = zw::ZunWizAtaIni(prc, ata, guarda, "zunwiz")) return e;
+  const int st = zw::ZunWizCic(prc);
+  return zw::ZunWizSai(st, "zunwiz", {}, prc.Err);
 }

@@ -65,10 +65,12 @@ const char* IcoNome(QMessageBox::Icon i) {
   });
   t->start(20);
   QTimer::singleShot(20000, [] { std::_Exit(99); });
-  ZunWizPrp(dirExe, lin);
+  tZunWizPrc prc;
+  ZunWizPrp(prc, dirExe, lin);
   espia = new MsgEspia(MsgDlgAct());
   MsgDlgDef(espia);
-  int r = ZunWizSai(ZunWizCic(), "zunwiz");
+  const int st = ZunWizCic(prc);
+  int r = ZunWizSai(st, "zunwiz", {}, prc.Err);
   std::fflush(nullptr);
   std::_Exit(r);
 }

@@ -53,32 +53,33 @@ TEST(WizFpaCon, SwitchOrDefaultBesideTheExecutable) {
   Cria(d / "my");
   Cria(d / "outro.par");
   FicSepDef(u"");
-  DirExe = TxP(d);
+  tZunWizPrc prc;
+  prc.DirExe = TxP(d);
   Tx fpa;
   int16_t exi = -9;
 
-  LinCmd = u"";
-  WizFpaCon(fpa, exi);
+  prc.LinCmd = u"";
+  WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d) + u"\\ZunWiz.par");
   EXPECT_EQ(exi, 1);
 
-  LinCmd = u"TITWIZ=x  -fp " + TxP(d / "outro.par") + u" K=v";
-  WizFpaCon(fpa, exi);
+  prc.LinCmd = u"TITWIZ=x  -fp " + TxP(d / "outro.par") + u" K=v";
+  WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d / "outro.par"));
   EXPECT_EQ(exi, 1);
 
-  LinCmd = u"-FP " + TxP(d / "my file.par");
-  WizFpaCon(fpa, exi);
+  prc.LinCmd = u"-FP " + TxP(d / "my file.par");
+  WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d / "my"));
   EXPECT_EQ(exi, 1);
 
-  LinCmd = u"-FP rel/none.par";
-  WizFpaCon(fpa, exi);
+  prc.LinCmd = u"-FP rel/none.par";
+  WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, u"rel/none.par");
   EXPECT_NE(exi, 1);
 
-  LinCmd = u"K=v -FP";
-  WizFpaCon(fpa, exi);
+  prc.LinCmd = u"K=v -FP";
+  WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d) + u"\\ZunWiz.par");
 }
 
@@ -88,18 +89,19 @@ TEST(WizFpaPrp, PathsOfAnOptionFileOnADrive) {
   fs::create_directories(d / "a");
   Cria(d / "a" / "b.par");
   FicDrvMap(u'X', TxP(d));
-  LinCmd = u"-FP X:\\a\\b.par";
-  WizFpaPrp();
-  EXPECT_EQ(WizFpa, u"X:\\a\\b.par");
-  EXPECT_EQ(DirPgm, u"X:\\a");
-  EXPECT_EQ(LtrCd, u"X");
-  EXPECT_EQ(DrvCd, u"X:");
+  tZunWizPrc prc;
+  prc.LinCmd = u"-FP X:\\a\\b.par";
+  WizFpaPrp(prc);
+  EXPECT_EQ(prc.WizFpa, u"X:\\a\\b.par");
+  EXPECT_EQ(prc.DirPgm, u"X:\\a");
+  EXPECT_EQ(prc.LtrCd, u"X");
+  EXPECT_EQ(prc.DrvCd, u"X:");
   FicDrvMap(u'X', u"");
 
   // A path as this system writes it: the folder ends at the last "/".
-  LinCmd = u"-FP " + TxP(d) + u"/a/b.par";
-  WizFpaPrp();
-  EXPECT_EQ(DirPgm, TxP(d) + u"/a");
+  prc.LinCmd = u"-FP " + TxP(d) + u"/a/b.par";
+  WizFpaPrp(prc);
+  EXPECT_EQ(prc.DirPgm, TxP(d) + u"/a");
 }
 
 // The attempt loop with a fake attempt that fails a given number of times.
@@ -170,10 +172,7 @@ TEST(WizTntCic, SuccessEndsTheLoop) {
 // The installer beside the executable is found without its ".exe", and the
 // start-up waits for its end; a missing installer gives status 0.
 TEST(CmpInsExe, RunsTheInstallerBesideTheExecutableAndWaits) {
-  struct Guarda {
-    Tx antes = DirExe;
-    ~Guarda() { DirExe = antes; }
-  } guarda;
+  tZunWizPrc prc;
   fs::path d = DirTmp("ins");
   fs::remove(d / "feito");
   {
@@ -181,13 +180,14 @@ TEST(CmpInsExe, RunsTheInstallerBesideTheExecutableAndWaits) {
     f << "#!/bin/sh\nsleep 0.3\ntouch \"$(dirname \"$0\")/feito\"\n";
   }
   fs::permissions(d / "InsCmp", fs::perms::owner_all);
-  DirExe = TxP(d);
+  prc.DirExe = TxP(d);
   int16_t st = -9;
-  CmpInsExe(st);
+  CmpInsExe(prc, st);
   EXPECT_EQ(st, 1);
   EXPECT_TRUE(fs::exists(d / "feito"));
 
-  DirExe = TxP(DirTmp("sem-ins"));
-  CmpInsExe(st);
+  prc.DirExe = TxP(DirTmp("sem-ins"));
+  CmpInsExe(prc, st);
   EXPECT_EQ(st, 0);
 }
+

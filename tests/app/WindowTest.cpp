@@ -30,7 +30,6 @@ QRect Geo(const ZunWizFun& f, const char* nome) {
 TEST(ZunWizFun, ResizeMovesTheLowerRightArtwork) {
   tst::QtApp();
   ZunWizFun f;
-  f.Activo = 1;  // the run is not started by this window
   f.show();
   f.resize(1280, 800);
   QApplication::processEvents();

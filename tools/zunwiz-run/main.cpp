@@ -136,11 +136,13 @@ int main(int argc, char** argv) {
     if (k > i) lin += u' ';
     lin += zw::TxDeUtf8(argv[k]);
   }
-  zw::ZunWizPrp(zw::TxQs(QCoreApplication::applicationDirPath()), lin);
+  zw::tZunWizPrc prc;
+  zw::ZunWizPrp(prc, zw::TxQs(QCoreApplication::applicationDirPath()), lin);
   if (ata)
-    if (int e = zw::ZunWizAtaIni(ata, guarda, "zunwiz-run")) return e;
+    if (int e = zw::ZunWizAtaIni(prc, ata, guarda, "zunwiz-run")) return e;
   zw::ZunWizRunIni(opc);
-  int st = zw::ZunWizRunFim(zw::ZunWizCic());
+  const int cic = zw::ZunWizCic(prc);
+  int st = zw::ZunWizRunFim(cic, prc.Err);
   std::fflush(nullptr);
   return st;
 }
