@@ -13,6 +13,7 @@
 #include "Pgm.h"
 #include "ShfPrgQt.h"
 #include "TxtGlb.h"
+#include "VbsSup.h"
 #include "ZunWizAsp.h"
 #include "ZunWizFun.h"
 #include "ZunWizGlb.h"
@@ -188,14 +189,19 @@ void WizFpaCon(const tZunWizPrc& prc, Tx& fpa, int16_t& exi) {
 }
 
 // One attempt: a new wizard window, the engine bound to it, the option file
-// read and the wizard run. Whatever fails ends the attempt silently, status 0;
-// the failure and the option file line where the build stood are kept, for the
-// run's end to tell when no attempt succeeds.
+// read and the wizard run. Whatever fails ends the attempt without a word to the
+// user, status 0; the failure and the option file line where the build stood are
+// kept, for the run's end to tell when no attempt succeeds, and each failure goes
+// to the diagnostic trace (DBGVBS=1), since a later attempt's replaces it.
 void WizExeTnt(tZunWizPrc& prc, Var& slot, int16_t& st) {
   st = 1;
-  auto guarda = [&prc](const Tx& des) {
+  const int num = ++prc.TntNum;
+  auto guarda = [&prc, num](const Tx& des) {
     prc.Err.des = des;
     prc.Err.lin = prc.Sup ? prc.Sup->LinAct() : 0;
+    if (VbsTrcAct())
+      std::fprintf(stderr, "ZunWiz: attempt %d: %s (option file line %d)\n", num, TxUtf8(des).c_str(),
+                   int(prc.Err.lin));
   };
   try {
     auto asp = std::make_shared<ZunWizAsp>();

@@ -44,6 +44,7 @@ struct tZunWizPrc {
   std::unique_ptr<SupWiz> Sup;  // the one engine: made by the first attempt, released by WizMain
   ZunWizFun* Fun = nullptr;     // the background window, while the start-up runs
   int Sai = 0;    // what the start-up reached: 0, or kSaiCri
+  int TntNum = 0; // attempts made so far
   TntErr Err;     // the last attempt's failure
 };
 

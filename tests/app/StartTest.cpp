@@ -6,7 +6,9 @@
 #include "FicGlb.h"
 #include "MsgDlg.h"
 #include "MsgGrv.h"
+#include "QtApp.h"
 #include "TstTmp.h"
+#include "VbsSup.h"
 #include "ZunWizGlb.h"
 #include "ZunWizMain.h"
 
@@ -191,3 +193,36 @@ TEST(CmpInsExe, RunsTheInstallerBesideTheExecutableAndWaits) {
   EXPECT_EQ(st, 0);
 }
 
+// Every failed attempt's reason goes to the diagnostic trace, numbered, and the
+// last one is kept for the run's end; with the trace off nothing is written.
+TEST(WizExeTnt, EachFailureToTheTraceTheLastKept) {
+  tst::QtApp();
+  fs::path d = DirTmp("tnt");
+  // A check box a million million pixels wide: its group (line 8) fails every build.
+  std::ofstream(d / "w.par") << "#DEF - D\n[DimX]=300\n[DimY]=200\n##\n#PAG - U\n[IDE]=UM\n##\n"
+                                "#CMP - C\n[Tip]=CKB\n[Ide]=ck\n[Pos]=10, 10\n[Dim]=1e12, 20\n##\n";
+  tZunWizPrc prc;
+  prc.WizFpa = TxP(d / "w.par");
+  prc.DirPgm = TxP(d);
+  Var slot;
+  int16_t st = -9;
+  VbsTrcDef(true);
+  testing::internal::CaptureStderr();
+  WizExeTnt(prc, slot, st);
+  WizExeTnt(prc, slot, st);
+  const std::string err = testing::internal::GetCapturedStderr();
+  VbsTrcDef(false);
+  EXPECT_EQ(st, 0);
+  EXPECT_FALSE(WizFrmDe(slot));
+  const std::string why = ": Overflow (option file line 8)\n";
+  EXPECT_NE(err.find("ZunWiz: attempt 1" + why), std::string::npos) << err;
+  EXPECT_NE(err.find("ZunWiz: attempt 2" + why), std::string::npos) << err;
+  EXPECT_EQ(prc.Err.des, u"Overflow");
+  EXPECT_EQ(prc.Err.lin, 8);
+
+  testing::internal::CaptureStderr();
+  WizExeTnt(prc, slot, st);
+  EXPECT_EQ(testing::internal::GetCapturedStderr().find("ZunWiz: attempt"), std::string::npos);
+  EXPECT_EQ(prc.TntNum, 3);
+  prc.Sup.reset();
+}
