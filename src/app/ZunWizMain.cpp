@@ -70,6 +70,15 @@ void ZunWizFim(int st) {
   std::_Exit(st);
 }
 
+Tx ZunWizLin(int argc, char** argv, int de) {
+  Tx lin;
+  for (int k = de; k < argc; k++) {
+    if (k > de) lin += u' ';
+    lin += TxDeUtf8(argv[k]);
+  }
+  return lin;
+}
+
 void ZunWizPrp(tZunWizPrc& prc, const Tx& dirExe, const Tx& linCmd) {
   prc.DirExe = dirExe;
   prc.LinCmd = linCmd;

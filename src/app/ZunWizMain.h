@@ -53,6 +53,9 @@ struct tZunWizPrc {
 // pixels (Twp.h), the Qt dialog service and the hook that closes every window.
 // Needs the QApplication.
 void ZunWizPrp(tZunWizPrc& prc, const Tx& dirExe, const Tx& linCmd);
+// The wizard's command line from the program's words argv[de..argc-1], joined by
+// blanks: the start-up splits it again at blanks, and quotes have no meaning there.
+Tx ZunWizLin(int argc, char** argv, int de);
 // The start-up in order: loads and shows the background window and lets it paint,
 // takes its topmost mark away, runs WizMain and closes the background. Gives 0, or
 // kSaiCri when the wizard was never built (the reason in prc.Err); ZunWizSai turns

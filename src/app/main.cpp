@@ -49,15 +49,8 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   // The boxes' buttons in the user's language, from Qt's own translations.
   zw::MsgTraCar(QLocale());
-  // The command line as one text, the words joined by blanks: the start-up
-  // splits it again at blanks, and quotes have no meaning there.
-  zw::Tx lin;
-  for (int k = i; k < argc; k++) {
-    if (k > i) lin += u' ';
-    lin += zw::TxDeUtf8(argv[k]);
-  }
   zw::tZunWizPrc prc;
-  zw::ZunWizPrp(prc, zw::TxQs(QCoreApplication::applicationDirPath()), lin);
+  zw::ZunWizPrp(prc, zw::TxQs(QCoreApplication::applicationDirPath()), zw::ZunWizLin(argc, argv, i));
   if (ata)
     if (int e = zw::ZunWizAtaIni(prc, ata, guarda, "zunwiz")) return e;
   const int st = zw::ZunWizCic(prc);

@@ -131,13 +131,8 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", plat);
   int qargc = 1;
   QApplication app(qargc, argv);
-  zw::Tx lin;
-  for (int k = i; k < argc; k++) {
-    if (k > i) lin += u' ';
-    lin += zw::TxDeUtf8(argv[k]);
-  }
   zw::tZunWizPrc prc;
-  zw::ZunWizPrp(prc, zw::TxQs(QCoreApplication::applicationDirPath()), lin);
+  zw::ZunWizPrp(prc, zw::TxQs(QCoreApplication::applicationDirPath()), zw::ZunWizLin(argc, argv, i));
   if (ata)
     if (int e = zw::ZunWizAtaIni(prc, ata, guarda, "zunwiz-run")) return e;
   zw::ZunWizRunIni(opc);
