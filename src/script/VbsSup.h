@@ -14,6 +14,7 @@
 #include <memory>
 #include <vector>
 #include "ScriptControl.h"
+#include "Trc.h"
 #include "Tx.h"
 #include "Value.h"
 #include "Var.h"
@@ -48,8 +49,10 @@ struct VbsFrm {
   virtual intptr_t hwnd() { return 0; }
 };
 
-// Diagnostic trace of swallowed script errors: on or off for the whole process.
-void VbsTrcDef(bool on);
+// Diagnostic trace of swallowed script errors: the process's trace of failures
+// passed over (Trc.h), under the host's names.
+inline void VbsTrcDef(bool on) { TrcDef(on); }
+inline bool VbsTrcAct() { return TrcAct(); }
 // One swallowed script error: the engine's error number and description, the option file's line
 // where the failing program line stands (0 when it is not a program line, or the
 // program's lines are not known), and the statement or call that failed.
@@ -62,7 +65,6 @@ struct VbsTrcReg {
 // Where else each swallowed failure goes, besides stderr while the trace is on: an
 // unattended run writes it to its own trace. Null removes it.
 void VbsTrcSaiDef(std::function<void(const VbsTrcReg&)> f);
-bool VbsTrcAct();
 
 // The error number of a call that the time limit stopped.
 constexpr int32_t kVbsErrTmp = -2147467260;
@@ -89,10 +91,8 @@ inline constexpr char16_t kVbsTerDes[] = u"Script stopped: the user stopped the 
 bool VbsExeAct();
 long VbsExeMs();
 uint64_t VbsExeNum();
-// Reads the command-line word list: a word "DBGVBS=value" switches the trace on when
-// the value is a yes word ("1", "S", "Sim") and off otherwise; without the word the
-// trace stays as it is. Every new VbsSup calls it.
-void VbsTrcLc();
+// Reads the command-line word "DBGVBS=value" (TrcLc); every new VbsSup calls it.
+inline void VbsTrcLc() { TrcLc(); }
 
 class VbsSup {
  public:

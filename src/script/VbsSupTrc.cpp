@@ -2,9 +2,8 @@
 // never shows one); with the trace on, each swallowed failure is also written to
 // stderr, one line each, so that an author can see why a page function did nothing.
 // The trace only writes: flags, results and script state are the same either way.
-#include <atomic>
 #include <chrono>
-#include <cstdio>
+#include "Trc.h"
 #include "TxtGlb.h"
 #include "VbsInt.h"
 #include "VbsSup.h"
@@ -12,7 +11,6 @@
 namespace zw {
 
 namespace {
-std::atomic<bool> trcOn{false};
 std::function<void(const VbsTrcReg&)> trcSai;
 long tmpMs = -1;
 std::function<void(const VbsTrcReg&)> tmpSai;
@@ -24,18 +22,9 @@ int exeNiv = 0;
 uint64_t exeNum = 0;
 std::chrono::steady_clock::time_point exeIni;
 bool exeTer = false;
-
-void TrcLin(const Tx& lin) {
-  std::string s = TxUtf8(lin);
-  s += '\n';
-  std::fwrite(s.data(), 1, s.size(), stderr);
-  std::fflush(stderr);
-}
 }  // namespace
 
-void VbsTrcDef(bool on) { trcOn = on; }
 void VbsTrcSaiDef(std::function<void(const VbsTrcReg&)> f) { trcSai = std::move(f); }
-bool VbsTrcAct() { return trcOn; }
 void VbsTmpDef(long ms) { tmpMs = ms < 0 ? -1 : ms; }
 long VbsTmpAct() { return tmpMs; }
 void VbsTmpSaiDef(std::function<void(const VbsTrcReg&)> f) { tmpSai = std::move(f); }
@@ -79,19 +68,6 @@ void VbsSup::PmpPrp() {
   if (sc_ && pmpFx) sc_->Pulse([] { return PmpExe(); }, pmpMs);
 }
 
-// Looks for the word "DBGVBS=value" (the key in any case) in the command line.
-void VbsTrcLc() {
-  const TxArr& w = LcArgLis();
-  for (size_t i = 1; i < w.size(); i++) {
-    Tx k, v;
-    TxDiv1(w[i], u"=", k, v);
-    if (TxMaiTrm(k) != u"DBGVBS") continue;
-    Var sn = Var(int16_t(0));
-    TxSN(Var(v), sn, 0);
-    VbsTrcDef(sn.EhNum() && sn.Num() == 1);
-  }
-}
-
 // "VbsSup: <call>: erro <number> <description> [<location>]", and the same failure
 // to the other sink. A failure on line 1 of a statement the host was given is the
 // statement's own; any other line is a line of the program, found in the file. The
@@ -101,7 +77,7 @@ void VbsSup::Trc(const Tx& call, const Tx* stm) {
   bool vazio = stm && TxTrim(*stm).empty();
   // A call past the time limit, not one that the pump stopped.
   const bool tmp = sc_ && sc_->Error().Number == kVbsErrTmp && sc_->Error().Description != kVbsTerDes;
-  if (!trcOn && !trcSai && !(tmp && tmpSai)) return;
+  if (!TrcAct() && !trcSai && !(tmp && tmpSai)) return;
   if (!sc_) {
     TrcMsg(call, u"no script control");
     return;
@@ -112,7 +88,7 @@ void VbsSup::Trc(const Tx& call, const Tx* stm) {
   const vbs::ScriptError& e = sc_->Error();
   bool prop = call.rfind(u"Exe", 0) == 0 && e.Line <= 1;  // the statement's own line
   int32_t lin = !prop && e.Line >= 1 && size_t(e.Line) < pgmLin_.size() ? pgmLin_[size_t(e.Line)] : 0;
-  if (trcOn) {
+  if (TrcAct()) {
     Tx l = u"VbsSup: " + call + u": erro " + TxAsc(std::to_string(num)) + u" " + des;
     if (!loc.empty()) l += u" [" + loc + u"]";
     if (lin > 0) l += u" (option file line " + TxAsc(std::to_string(lin)) + u")";
@@ -125,12 +101,12 @@ void VbsSup::Trc(const Tx& call, const Tx* stm) {
 // A script error that the engine raised outside the control's own calls (a statement
 // compiled on its own): written as Trc writes one, with no program line.
 void VbsSup::TrcErr(const Tx& call, int32_t num, const Tx& des) {
-  if (trcOn) TrcLin(u"VbsSup: " + call + u": erro " + TxAsc(std::to_string(num)) + u" " + des);
+  if (TrcAct()) TrcLin(u"VbsSup: " + call + u": erro " + TxAsc(std::to_string(num)) + u" " + des);
   if (trcSai) trcSai(VbsTrcReg{num, des, 0, call});
 }
 
 void VbsSup::TrcMsg(const Tx& call, const Tx& why) {
-  if (trcOn) TrcLin(u"VbsSup: " + call + u": " + why);
+  TrcFal(u"VbsSup", call, why);
 }
 
 }  // namespace zw
