@@ -171,8 +171,9 @@ void SupWiz::CmpVer(int16_t i) {
 
 // Loads a rich-text file into a box; a file that can't be read leaves it empty.
 void SupWiz::RtfFicLer(CtlObj& ctl, const Tx& fic) {
-  WizTnt([&] { ctl.PrpAtr(u"Text", Var(Tx())); });
-  WizTnt([&] {
+  const Tx oque = u"RtfFicLer \"" + fic + u"\"";
+  WizTnt(oque, [&] { ctl.PrpAtr(u"Text", Var(Tx())); });
+  WizTnt(oque, [&] {
     std::vector<Var> a{Var(fic)};
     ctl.Exe(u"LoadFile", a);
   });

@@ -138,8 +138,9 @@ void SupWiz::CmpVarCon(const Var& nome, Var& res) {
       VbsVarTx(u"opcSel", c->PrpCon(u"Value"));
     }
     res = Var(int16_t(1));
-  } catch (const std::exception&) {
+  } catch (const std::exception& e) {
     res = Var(int16_t(0));
+    TrcFal(u"SupWiz", u"CmpVarCon \"" + TxVar(nome) + u"\"", e);
   }
 }
 
@@ -148,10 +149,14 @@ void SupWiz::CmpVarCon(const Var& nome, Var& res) {
 // nothing and still answers 1. No such control, or a failure, answers 0.
 void SupWiz::CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res) {
   res = Var(int16_t(0));
+  auto oque = [&] { return u"CmpVarAlt \"" + TxVar(nome) + u"\" " + TxVar(prp); };
   try {
     int16_t i = 0;
     CtlObj* c = CmpVarOb(nome, i);
-    if (!c) return;
+    if (!c) {
+      TrcFal(u"SupWiz", oque(), u"no such control");
+      return;
+    }
     Tx p = TxVar(prp), v = TxVar(val);
     if (p == u"POS") {
       int32_t x = 0, y = 0;
@@ -182,8 +187,9 @@ void SupWiz::CmpVarAlt(const Var& nome, const Var& prp, const Var& val, Var& res
       c->PrpAtr(u"Value", val);
     }
     res = Var(int16_t(1));
-  } catch (const std::exception&) {
+  } catch (const std::exception& e) {
     res = Var(int16_t(0));
+    TrcFal(u"SupWiz", oque(), e);
   }
 }
 

@@ -38,7 +38,7 @@ void SupWiz::PagVer(int16_t& pag) {
     if (WizFrm* f = Frm()) f->End();
     throw std::runtime_error("page out of range with no window to end");
   }
-  WizTnt([&] {
+  WizTnt(u"PagVer " + TxAsc(std::to_string(pag)), [&] {
     PagLstSeg(pag);
     tPag& p = mDef.Pag[size_t(pag)];
     if (!p.FxPagEnt.empty()) {
@@ -77,7 +77,7 @@ void SupWiz::PagEsc(int16_t& pag) {
 // The window's icon; a file that can't be loaded is ignored.
 void SupWiz::MnuIco(const Tx& fic) {
   if (fic.empty()) return;
-  WizTnt([&] {
+  WizTnt(u"MnuIco \"" + fic + u"\"", [&] {
     if (WizFrm* f = Frm()) f->Icon(fic);
   });
 }
@@ -85,7 +85,7 @@ void SupWiz::MnuIco(const Tx& fic) {
 // The window's picture; a file that can't be loaded is ignored.
 void SupWiz::ImgFun(const Tx& fic) {
   if (fic.empty()) return;
-  WizTnt([&] {
+  WizTnt(u"ImgFun \"" + fic + u"\"", [&] {
     if (WizFrm* f = Frm()) f->Picture(fic);
   });
 }

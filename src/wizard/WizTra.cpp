@@ -100,15 +100,18 @@ void SupWiz::TraExe(int slot) {
   const tTraBtn& b = kTraBtn[slot];
   int16_t ant = mPagAct;
   bool muda = std::all_of(std::begin(b.Aco), std::end(b.Aco), TraMuda);
-  WizTnt([&] {
+  Tx oque = u"TraExe " + TxAsc(std::to_string(slot)) + u" page " + TxAsc(std::to_string(ant));
+  WizTnt(oque, [&] {
     const tTra& t = mDef.Pag.at(size_t(mPagAct)).Tra[slot];
     const TraAco a = b.Aco[TraCol(TxMai(TxTrim(t.TraTip)))];
     muda = TraMuda(a);
+    if (a == TraAco::FxIde || a == TraAco::FxNum || a == TraAco::Fx) oque = u"TraFx \"" + t.TraFx + u"\"";
+    if (a == TraAco::Pag) oque = u"TraPag \"" + t.TraPag + u"\"";
     TraPas(a, t);
   });
   if (!muda) return;
-  WizTnt([&] { PagEsc(ant); });
-  WizTnt([&] { PagVer(mPagAct); });
+  WizTnt(u"PagEsc " + TxAsc(std::to_string(ant)), [&] { PagEsc(ant); });
+  WizTnt(u"PagVer " + TxAsc(std::to_string(mPagAct)), [&] { PagVer(mPagAct); });
 }
 
 // The page number a function of "< Anterior" answers: a number, or a text that
@@ -165,12 +168,12 @@ void SupWiz::TraPas(TraAco a, const tTra& t) {
     case TraAco::Prg:
       if (mPagAct < mDef.PagNum) {
         int res = 0;
-        WizTnt([&] { MsgExe(u"? SN 2 _B", u"Terminar", mDef.MsgCan, res); });
+        WizTnt(u"MsgExe \"Terminar\"", [&] { MsgExe(u"? SN 2 _B", u"Terminar", mDef.MsgCan, res); });
         if (res != 1) break;
       }
       [[fallthrough]];
     case TraAco::Fec:
-      WizTnt([&] {
+      WizTnt(u"Unload", [&] {
         if (WizFrm* f = Frm()) f->Unload();
       });
       break;
