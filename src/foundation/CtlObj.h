@@ -7,6 +7,7 @@
 // always did. Geometry is in twips; colours are colour numbers (0x00BBGGRR).
 #pragma once
 #include <stdexcept>
+#include <string>
 #include <vector>
 #include "GlbVar.h"
 #include "Var.h"
@@ -15,10 +16,12 @@ namespace zw {
 
 // An error raised by number inside a control or a window (438: no such property or
 // method; 380: invalid property value; 360: element already loaded). Callers that
-// pass errors over catch it.
+// pass errors over catch it; its text, the reason they trace, says the number when
+// the thrower gives no other.
 struct CtlErr : std::runtime_error {
   int num;
-  explicit CtlErr(int n, const char* what = "control error") : std::runtime_error(what), num(n) {}
+  explicit CtlErr(int n, const char* what = nullptr)
+      : std::runtime_error(what ? std::string(what) : "control error " + std::to_string(n)), num(n) {}
 };
 
 // Properties every control has: "Left", "Top", "Width", "Height" (twips), "Visible",

@@ -50,4 +50,14 @@ void TrcFal(TxV quem, TxV oque, const std::exception& e) {
   if (trcOn) TrcFal(quem, oque, TxDeUtf8(e.what()));
 }
 
+Tx TrcPor() {
+  try {
+    throw;
+  } catch (const std::exception& e) {
+    return TxDeUtf8(e.what());
+  } catch (...) {
+    return u"an unknown failure";
+  }
+}
+
 }  // namespace zw

@@ -23,5 +23,8 @@ void TrcLin(TxV lin);
 void TrcFal(TxV quem, TxV oque, TxV porque);
 // The same with a caught exception's text as the reason.
 void TrcFal(TxV quem, TxV oque, const std::exception& e);
+// Inside a catch: the reason of the exception being handled, its text for a
+// std::exception, else "an unknown failure".
+Tx TrcPor();
 
 }  // namespace zw

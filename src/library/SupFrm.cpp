@@ -18,29 +18,33 @@
 // "Y" stand for the first end), read as the mark stands now.
 #include "SupFrm.h"
 #include "DbgFx.h"
+#include "Trc.h"
 #include "TxtGlb.h"
 
 namespace zw {
 
 namespace {
 
-// Reads a number property; a control that fails answers 0.
+// Reads a number property; a control that fails answers 0, and the trace says why.
 double Num(const CtlObj& c, TxV nome) {
   try {
     return c.PrpCon(nome).Num();
-  } catch (const CtlErr&) {
+  } catch (const CtlErr& e) {
+    TrcFal(u"SupFrm", u"PrpCon " + Tx(nome), e);
     return 0;
   }
 }
 
-// Sets a number property; a value the control refuses, or a control that has gone,
-// is passed over.
-void Poe(CtlObj& c, TxV nome, double v) {
+// Sets a property; a value the control refuses, or a control that has gone, is
+// passed over, and the trace says why.
+void Poe(CtlObj& c, TxV nome, const Var& v) {
   try {
-    c.PrpAtr(nome, Var(v));
-  } catch (const CtlErr&) {
+    c.PrpAtr(nome, v);
+  } catch (const CtlErr& e) {
+    TrcFal(u"SupFrm", u"PrpAtr " + Tx(nome), e);
   }
 }
+void Poe(CtlObj& c, TxV nome, double v) { Poe(c, nome, Var(v)); }
 
 // The keys of a list, trimmed and in capitals.
 std::vector<Tx> Chaves(TxV lis) {
@@ -179,19 +183,9 @@ void SupFrm::AjtUm(RegCtl& r) {
 }
 
 void SupFrm::AjtCtl(int desliga) {
-  if (desliga == 1 && frm_) {
-    try {
-      frm_->PrpAtr(u"Enabled", Var(false));
-    } catch (const CtlErr&) {
-    }
-  }
+  if (desliga == 1 && frm_) Poe(*frm_, u"Enabled", Var(false));
   for (size_t i = 1; i < ctl_.size(); ++i) AjtUm(ctl_[i]);
-  if (desliga == 1 && frm_) {
-    try {
-      frm_->PrpAtr(u"Enabled", Var(true));
-    } catch (const CtlErr&) {
-    }
-  }
+  if (desliga == 1 && frm_) Poe(*frm_, u"Enabled", Var(true));
 }
 
 // A line mark keeps its first end's distance or share, and the second end copies the

@@ -5,6 +5,7 @@
 #include <chrono>
 #include "DbgFx.h"
 #include "FicGlb.h"
+#include "Trc.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -165,6 +166,7 @@ void SupFsys::Age(Pro& p, const Tx& nome, const Tx& path, bool pasta) {
       try {
         cbkOb_->Chama(u"cbkFsysFicPro", a, r);
       } catch (...) {
+        TrcFal(u"SupFsys", u"cbkFsysFicPro \"" + path + u"\"", TrcPor());
       }
     }
   } else if (p.acao == u"CBK:SEL" && !pasta) {
@@ -178,6 +180,7 @@ void SupFsys::Age(Pro& p, const Tx& nome, const Tx& path, bool pasta) {
       try {
         cbkOb_->Chama(u"cbkFsysFicSel", a, r);
       } catch (...) {
+        TrcFal(u"SupFsys", u"cbkFsysFicSel \"" + path + u"\"", TrcPor());
       }
     }
   }

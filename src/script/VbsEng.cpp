@@ -44,7 +44,20 @@ vbs::Value ArrVbs(const std::vector<Var>& in) {
 
 namespace {
 
-// Runs a member of an engine object, catching whatever it raises.
+// Inside a catch: the reason of the failure being handled, an engine error by its
+// number and description, any other as TrcPor gives it.
+Tx EngPor() {
+  try {
+    throw;
+  } catch (const vbs::Fault& f) {
+    return u"erro " + TxAsc(std::to_string(f.num)) + u" " + f.desc;
+  } catch (...) {
+    return TrcPor();
+  }
+}
+
+// Runs a member of an engine object, catching whatever it raises; what it raised
+// goes to the trace.
 bool Invoca(vbs::Obj* o, const Tx& member, std::vector<vbs::Value>& vals, vbs::Value& r) {
   if (!o) return false;
   vbs::Ref<vbs::Obj> keep(o);  // the callee may drop the caller's last reference to it
@@ -57,6 +70,7 @@ bool Invoca(vbs::Obj* o, const Tx& member, std::vector<vbs::Value>& vals, vbs::V
     o->Invoke(id, vbs::Inv::Call, vbs::Args{refs.data(), int(refs.size())}, r);
     return true;
   } catch (...) {
+    TrcFal(u"VbsSup", u"Invoke \"" + member + u"\"", EngPor());
     return false;
   }
 }
@@ -104,11 +118,7 @@ Var VbsObVar(vbs::Obj* o) { return Var(std::shared_ptr<VarObj>(std::make_shared<
 
 bool EngNum(const Tx& t) {
   double d = 0;
-  try {
-    return vbs::TxNum(t, d);
-  } catch (...) {
-    return false;
-  }
+  return vbs::TxNum(t, d);
 }
 
 bool ObCall(const Var& ob, const Tx& member, std::vector<Var>& args, Var& res) {
@@ -211,7 +221,7 @@ bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
         TrcErr(u"ExeCmd \"" + c + u"\"", f.num, f.desc);
         continue;
       } catch (...) {
-        TrcMsg(u"ExeCmdLst \"" + c + u"\"", u"does not compile; left out");
+        TrcMsg(u"ExeCmdLst \"" + c + u"\"", u"does not compile; left out: " + TrcPor());
         continue;
       }
       tx += u"On Error Resume Next\n" + c + u"\n";
@@ -222,6 +232,7 @@ bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
       lstCod_ = u;
       lstTx_ = cmds;
     } catch (...) {
+      TrcMsg(u"ExeCmdLst", u"the list does not compile: " + EngPor());
       return false;
     }
   }
@@ -234,6 +245,7 @@ bool VbsSup::EngExecLst(const std::vector<Tx>& cmds) {
   } catch (const vbs::Abort&) {
     tmp = true;
   } catch (...) {
+    TrcMsg(u"ExeCmdLst", EngPor());
     ok = false;
   }
   sc_->Error().Clear();
@@ -307,7 +319,7 @@ bool VbsSup::EngCreate(const Tx& progId, Var& ob, Tx& why) {
   } catch (const vbs::Fault& f) {
     why = TxAsc(std::to_string(f.num)) + u" " + f.desc;
   } catch (...) {
-    why = u"the object can't be created";
+    why = u"the object can't be created: " + TrcPor();
   }
   return false;
 }

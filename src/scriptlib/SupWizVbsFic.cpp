@@ -11,6 +11,7 @@
 #include "SupFsys.h"
 #include "SupShf.h"
 #include "SupWizVbs.h"
+#include "Trc.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -20,13 +21,14 @@ Tx T(const SupWizVbs::Lis& a, size_t k) { return TxVar(SupWizVbs::Arg(a, k)); }
 
 // Steps 1 and 2 of the frame: -1 when an argument is empty, else the worker's answer.
 // A failure inside the worker is passed over, as every step of the frame is; the
-// result then stays at 1.
-int16_t Quadro(std::initializer_list<Tx> args, const std::function<int16_t()>& obreiro) {
+// result then stays at 1, and the failure goes to the trace under oque.
+int16_t Quadro(const Tx& oque, std::initializer_list<Tx> args, const std::function<int16_t()>& obreiro) {
   for (const Tx& t : args)
     if (t.empty()) return -1;
   try {
     return obreiro();
   } catch (...) {
+    TrcFal(u"SupWizVbs", oque, TrcPor());
     return 1;
   }
 }
@@ -36,8 +38,9 @@ int16_t Quadro(std::initializer_list<Tx> args, const std::function<int16_t()>& o
 // nothing asked; 1 done, 0 failed or the source is not a folder.
 void SupWizVbs::FxDirCop(Lis& a, Var& res) {
   Tx o = T(a, 0), d = T(a, 1);
+  const Tx oque = u"FxDirCop " + o + u" para " + d;
   bool correu = false;
-  int16_t r = Quadro({o, d}, [&]() -> int16_t {
+  int16_t r = Quadro(oque, {o, d}, [&]() -> int16_t {
     correu = true;
     int atr = 0;
     Tx tip;
@@ -53,10 +56,11 @@ void SupWizVbs::FxDirCop(Lis& a, Var& res) {
     try {
       Fsys().ProFsysAtrb(d, u"+N", u"*.*");
     } catch (...) {
+      TrcFal(u"SupWizVbs", oque, u"attributes not reset: " + TrcPor());
     }
   }
   res = Var(r);
-  DbgVer(u"FxDirCop " + o + u" para " + d, res);
+  DbgVer(oque, res);
   FxLogReg(u"COP DIR: " + o + u" para " + d, res);
 }
 
@@ -65,7 +69,8 @@ void SupWizVbs::FxDirCop(Lis& a, Var& res) {
 // cleared whatever the copy answered.
 void SupWizVbs::FxFicCop(Lis& a, Var& res) {
   Tx o = T(a, 0), d = T(a, 1);
-  int16_t r = Quadro({o, d}, [&]() -> int16_t {
+  const Tx oque = u"FxFicCop " + o + u" para " + d;
+  int16_t r = Quadro(oque, {o, d}, [&]() -> int16_t {
     if (TxMai(o) == TxMai(d)) return -1;
     return int16_t(ShfFicCop(o, d));
   });
@@ -73,30 +78,32 @@ void SupWizVbs::FxFicCop(Lis& a, Var& res) {
   // only the source's spelling of it.
   if (mAtrRst == 1) FsysAtrPoe(TxMai(o) == TxMai(d) ? o : d, 0);
   res = Var(r);
-  DbgVer(u"FxFicCop " + o + u" para " + d, res);
+  DbgVer(oque, res);
   FxLogReg(u"COP FIC: " + o + u" para " + d, res);
 }
 
 void SupWizVbs::FxFicRen(Lis& a, Var& res) {
   Tx o = T(a, 0), n = T(a, 1);
-  res = Var(Quadro({o, n}, [&] {
+  const Tx oque = u"FxFicRen " + o + u" para " + n;
+  res = Var(Quadro(oque, {o, n}, [&] {
     int r = 0;
     FicRen(o, n, r);
     return int16_t(r);
   }));
-  DbgVer(u"FxFicRen " + o + u" para " + n, res);
+  DbgVer(oque, res);
   FxLogReg(u"REN: " + o + u" para " + n, res);
 }
 
 // Deletes a file, or every file that a name with "*" or "?" matches.
 void SupWizVbs::FxFicEli(Lis& a, Var& res) {
   Tx p = T(a, 0);
-  res = Var(Quadro({p}, [&] {
+  const Tx oque = u"FxFicEli " + p;
+  res = Var(Quadro(oque, {p}, [&] {
     int r = 0;
     FicEli(p, r);
     return int16_t(r);
   }));
-  DbgVer(u"FxFicEli " + p, res);
+  DbgVer(oque, res);
   FxLogReg(u"ELI: " + p, res);
 }
 
