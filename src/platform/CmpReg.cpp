@@ -11,6 +11,7 @@
 #include "Ata.h"
 #include "FicGlb.h"
 #include "GlbMsg.h"
+#include "Trc.h"
 #include "TxtGlb.h"
 
 namespace zw {
@@ -23,11 +24,13 @@ struct Tarefa {
   EntPto ent;
 };
 
-// The worker: runs the entry point and nothing else; what it answers is not read.
+// The worker: runs the entry point and nothing else; what it answers is not read,
+// what it throws goes to the trace.
 void* Corre(void* p) {
   try {
     static_cast<Tarefa*>(p)->ent();
   } catch (...) {
+    TrcFal(u"CmpReg", u"entry point", TrcPor());
   }
   return nullptr;
 }
@@ -40,14 +43,22 @@ int gEsp = kCmpRegEsp;
 
 void CmpRegEspDef(int ms) { gEsp = ms > 0 ? ms : kCmpRegEsp; }
 
+// Every answer but 4 and 5 is a failure the callers pass over; the trace says which.
 int CmpRegLib(const Tx& fic, int acao) {
   if (fic.empty()) return 0;
+  const char* nomEnt = acao == 1 ? "DllRegisterServer" : "DllUnregisterServer";
+  const Tx oque = TxAsc(nomEnt) + u" \"" + fic + u"\"";
   int e = 0;
   std::string nat = FicNat(fic, &e);
   void* lib = e ? nullptr : dlopen(nat.c_str(), RTLD_NOW | RTLD_LOCAL);
-  if (!lib) return 1;
-  void* ent = dlsym(lib, acao == 1 ? "DllRegisterServer" : "DllUnregisterServer");
+  if (!lib) {
+    const char* por = e ? nullptr : dlerror();
+    TrcFal(u"CmpReg", oque, por ? TxDeUtf8(por) : u"the path can't be read, error " + TxAsc(std::to_string(e)));
+    return 1;
+  }
+  void* ent = dlsym(lib, nomEnt);
   if (!ent) {
+    TrcFal(u"CmpReg", oque, u"the library has no such entry point");
     dlclose(lib);
     return 2;
   }
@@ -56,6 +67,7 @@ int CmpRegLib(const Tx& fic, int acao) {
   auto* t = new Tarefa{reinterpret_cast<EntPto>(ent)};
   pthread_t th;
   if (pthread_create(&th, nullptr, Corre, t) != 0) {
+    TrcFal(u"CmpReg", oque, u"no thread for the entry point");
     delete t;
     return 0;
   }

@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include "FicLer.h"
 #include "SupWiz.h"
+#include "Trc.h"
 #include "TxtGlb.h"
 #include "WizTab.h"
 #include "WizTnt.h"

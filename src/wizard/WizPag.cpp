@@ -90,7 +90,9 @@ void SupWiz::ImgFun(const Tx& fic) {
   });
 }
 
-// The first page of that identifier, case-blind; -1 when none.
+// The first page of that identifier, case-blind; when none, -1, the page number
+// that stands for no page (as PagLstAnt answers with an empty history), which
+// PagVer takes as leaving the wizard.
 void SupWiz::PagIdx(const Tx& ide, int16_t& idx) const {
   idx = WizTabPsq(mDef.PagIdx, ide);
   if (idx == 0) idx = -1;

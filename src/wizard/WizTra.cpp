@@ -52,9 +52,9 @@ void SupWiz::TraPos(tTra& t) {
     const int s = TraSlot(t.Ide);
     Tx pon = s ? Tx(kTraBtn[s].Pon) : Tx();
     Tx val;
-    int16_t idx = -1;
+    int16_t idx = 0;
     ZpoIdx(pon, idx);
-    if (idx >= 0) val = mDef.Zpo[size_t(idx)].Val;
+    if (idx > 0) val = mDef.Zpo[size_t(idx)].Val;
     Tx esq, dir;
     int ach = 0;
     TxDiv2(val, u",", esq, dir, ach);

@@ -48,10 +48,10 @@ void SupWiz::ZpoCalc() {
   VbsCri().ExeCmdLst(cmd, ok);
 }
 
-// The first record of that identifier, case-blind; -1 when none.
+// The first record of that identifier, case-blind; 0 (the unused element) when
+// none, as every table's look-up answers.
 void SupWiz::ZpoIdx(const Tx& ide, int16_t& idx) const {
   idx = WizTabPsq(mDef.ZpoIdx, ide);
-  if (idx == 0) idx = -1;
 }
 
 }  // namespace zw
