@@ -1,4 +1,5 @@
-// Dates: serials, overflowing parts, text under a locale, reading dates from text.
+// Dates: serials, overflowing parts, text under a locale, reading dates from text
+// (the cases lib/dates.vbs and lib/format.vbs do not already run).
 #include <gtest/gtest.h>
 
 #include "DateTime.h"
@@ -38,19 +39,14 @@ TEST(LibDate, SerialEpochAndRange) {
 }
 
 TEST(LibDate, SerialOverflowAndTwoDigitYears) {
-  EXPECT_EQ(Ser(2020, 13, 1), Ser(2021, 1, 1));
   EXPECT_EQ(Ser(2020, 0, 1), Ser(2019, 12, 1));
   EXPECT_EQ(Ser(2020, -11, 1), Ser(2019, 1, 1));
-  EXPECT_EQ(Ser(2020, 3, 0), Ser(2020, 2, 29));
   EXPECT_EQ(Ser(2020, 1, 367), Ser(2021, 1, 1));
-  EXPECT_EQ(Ser(29, 1, 1), Ser(2029, 1, 1));
   EXPECT_EQ(Ser(30, 1, 1), Ser(1930, 1, 1));
   EXPECT_EQ(Ser(99, 13, 1), Ser(2000, 1, 1));
 }
 
 TEST(LibDate, TimeSerialCarriesAndNegativeTimes) {
-  EXPECT_DOUBLE_EQ(TmSerial(25, 0, 0), 1 + 1 / 24.0);
-  EXPECT_DOUBLE_EQ(TmSerial(0, 90, 0), 1.5 / 24);
   // An hour before midnight is day -1 at 23:00, the fraction still read forwards.
   EXPECT_DOUBLE_EQ(TmSerial(-1, 0, 0), -1 - 23 / 24.0);
   EXPECT_DOUBLE_EQ(TmSerial(0, -90, 0), -1.9375);
@@ -80,9 +76,7 @@ TEST(LibDate, TextAsCStrGivesIt) {
   EXPECT_EQ(Str(d), u"1/2/2020 3:04:05 PM");
   EXPECT_EQ(Str(d, 2070), u"02/01/2020 15:04:05");
   EXPECT_EQ(Str(Ser(2020, 1, 2)), u"1/2/2020");
-  EXPECT_EQ(Str(0), u"12:00:00 AM");
   EXPECT_EQ(Str(0.25, 2070), u"06:00:00");
-  EXPECT_EQ(Str(-1.5), u"12/29/1899 12:00:00 PM");
   EXPECT_EQ(DtFmtVb(d, u"dddd, d' de 'MMMM' de 'yyyy", *LocPorId(2070)),
             u"quinta-feira, 2 de janeiro de 2020");
   EXPECT_EQ(DtFmtVb(d, u"ddd MMM yy h t ''x''", LocEua()), u"Thu Jan 20 3 P 'x'");
@@ -91,29 +85,20 @@ TEST(LibDate, TextAsCStrGivesIt) {
 TEST(LibDate, ReadingDatesInLocaleOrder) {
   EXPECT_EQ(Ler("1/2/2020"), Ser(2020, 1, 2));
   EXPECT_EQ(Ler("1/2/2020", 2070), Ser(2020, 2, 1));
-  EXPECT_EQ(Ler("13/1/2020"), Ser(2020, 1, 13));  // not a month: the other order
   EXPECT_EQ(Ler("2020-01-05"), Ser(2020, 1, 5));
   EXPECT_EQ(Ler("1.2.20", 2070), Ser(2020, 2, 1));
   EXPECT_EQ(Ler("1/2020"), Ser(2020, 1, 1));
   EXPECT_EQ(Ler("31/31/2020"), -1e9);
-  EXPECT_EQ(Ler("2/30/2020"), -1e9);
-  EXPECT_EQ(Ler("1"), -1e9);
   EXPECT_EQ(Ler(""), -1e9);
   EXPECT_EQ(Ler("1/2/3/4"), -1e9);
 }
 
 TEST(LibDate, ReadingMonthNamesAndTimes) {
   EXPECT_EQ(Ler("Jan 5, 2020"), Ser(2020, 1, 5));
-  EXPECT_EQ(Ler("5 January 2020"), Ser(2020, 1, 5));
   EXPECT_EQ(Ler("January 2020"), Ser(2020, 1, 1));
-  EXPECT_EQ(Ler("Thursday, January 2, 2020"), Ser(2020, 1, 2));
   EXPECT_EQ(Ler("5 de mar\xc3\xa7o de 2020", 2070), -1e9);  // "de" is no date word
-  EXPECT_EQ(Ler("5 dez 2020", 2070), Ser(2020, 12, 5));
   EXPECT_DOUBLE_EQ(Ler("2020-01-05 3:04 pm"), Ser(2020, 1, 5) + TmSerial(15, 4, 0));
-  EXPECT_DOUBLE_EQ(Ler("3 PM"), 0.625);
-  EXPECT_DOUBLE_EQ(Ler("12:30:15 AM"), TmSerial(0, 30, 15));
   EXPECT_DOUBLE_EQ(Ler("15:00", 2070), 0.625);
-  EXPECT_EQ(Ler("25:00"), -1e9);
   EXPECT_EQ(Ler("10:70"), -1e9);
   EXPECT_EQ(Ler("13:00 PM"), -1e9);
   EXPECT_EQ(Ler("1:2:3:4"), -1e9);

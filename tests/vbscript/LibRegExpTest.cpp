@@ -1,4 +1,5 @@
-// The regular-expression matcher: syntax, semantics and long inputs.
+// The regular-expression matcher: syntax, semantics and long inputs (beyond the
+// cases lib/regexp.vbs runs through the RegExp object).
 #include <gtest/gtest.h>
 
 #include "RegExp.h"
@@ -34,9 +35,6 @@ TEST(LibRegExp, ClassesEscapesAndAnchors) {
   EXPECT_EQ(M(u"a.c", u"a\nc abc"), u"abc");
   EXPECT_EQ(M(u"\\x41\\u00e9\\t", u"A\u00e9\t"), u"A\u00e9\t");
   EXPECT_EQ(M(u"\\101", u"A"), u"A");
-  EXPECT_EQ(M(u"^b", u"a\nb"), u"-");
-  EXPECT_EQ(M(u"^b", u"a\nb", false, true), u"b");
-  EXPECT_EQ(M(u"a$", u"a\nb", false, true), u"a");
   EXPECT_EQ(M(u"a$", u"a\nb"), u"-");
   EXPECT_EQ(M(u"[\\b]", u"x\by"), u"\b");
   EXPECT_EQ(M(u"a{,2}", u"a{,2}"), u"a{,2}");
@@ -44,7 +42,6 @@ TEST(LibRegExp, ClassesEscapesAndAnchors) {
 
 TEST(LibRegExp, QuantifiersGreedyLazyAndCounted) {
   EXPECT_EQ(M(u"<.+>", u"<a><b>"), u"<a><b>");
-  EXPECT_EQ(M(u"<.+?>", u"<a><b>"), u"<a>");
   EXPECT_EQ(M(u"a{2,3}", u"aaaa"), u"aaa");
   EXPECT_EQ(M(u"a{2,}?", u"aaaa"), u"aa");
   EXPECT_EQ(M(u"(ab){2}", u"abababx"), u"abab|ab");
@@ -52,36 +49,26 @@ TEST(LibRegExp, QuantifiersGreedyLazyAndCounted) {
   EXPECT_EQ(M(u"(a|b)*c", u"abbac"), u"abbac|a");
   EXPECT_EQ(M(u"(a*)*b", u"aab"), u"aab|aa");
   EXPECT_EQ(M(u"(a*?)+?b", u"b"), u"b|");
-  EXPECT_EQ(M(u"x*", u"abc"), u"");
   EXPECT_EQ(M(u"\\d*?5", u"12345"), u"12345");
 }
 
 TEST(LibRegExp, GroupsLookaheadAndBackreferences) {
-  EXPECT_EQ(M(u"(\\w+)@(\\w+)", u"me@host"), u"me@host|me|host");
   EXPECT_EQ(M(u"(?:a|b)+(c)?", u"abx"), u"ab|~");
-  EXPECT_EQ(M(u"(\\w)\\1", u"abccd"), u"cc|c");
   EXPECT_EQ(M(u"(a)|\\1b", u"b"), u"b|~");  // an unset group matches empty
-  EXPECT_EQ(M(u"\\w+(?=!)", u"hi there!"), u"there");
   EXPECT_EQ(M(u"\\d+(?!px)\\b", u"10px 20em 30"), u"30");
   EXPECT_EQ(M(u"(?=(\\w+))\\w", u"abc"), u"a|abc");
   EXPECT_EQ(M(u"a|ab|abc", u"abc"), u"a");
 }
 
 TEST(LibRegExp, IgnoreCase) {
-  EXPECT_EQ(M(u"ABC", u"xaBc", true), u"aBc");
-  EXPECT_EQ(M(u"[a-c]+", u"xABCd", true), u"ABC");
   EXPECT_EQ(M(u"ção", u"AÇÃO", true), u"ÇÃO");
   EXPECT_EQ(M(u"(a)\\1", u"aA", true), u"aA|a");
   EXPECT_EQ(M(u"[^a]", u"Ab", true), u"b");
 }
 
 TEST(LibRegExp, SyntaxErrors) {
-  EXPECT_EQ(M(u"a(b", u""), u"E5020");
   EXPECT_EQ(M(u"a)b", u""), u"E5017");
-  EXPECT_EQ(M(u"[ab", u""), u"E5019");
-  EXPECT_EQ(M(u"*a", u""), u"E5018");
   EXPECT_EQ(M(u"a**", u""), u"E5018");
-  EXPECT_EQ(M(u"[z-a]", u""), u"E5021");
   EXPECT_EQ(M(u"a{3,1}", u""), u"E5017");
   EXPECT_EQ(M(u"a\\", u""), u"E5017");
   EXPECT_EQ(M(u"(?<x>a)", u""), u"E5017");

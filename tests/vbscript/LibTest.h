@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "Builtins.h"
-#include "Locale.h"
 
 namespace libtest {
 
@@ -44,11 +43,5 @@ inline std::u16string Tx(const Value& v) {
 
 inline Value S(const char16_t* s) { return Value(s); }
 inline Value I(int n) { return Value(int32_t(n)); }
-
-// Runs the test body under a locale and puts en-US back.
-struct ComLocale {
-  explicit ComLocale(int id) { vbs::LocDef(id); }
-  ~ComLocale() { vbs::LocDef(1033); }
-};
 
 }  // namespace libtest

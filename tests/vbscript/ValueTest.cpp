@@ -57,54 +57,13 @@ TEST(Value, TextAndBooleanConversions) {
   EXPECT_EQ(VarType(Value(Arr::New({2}))), 8204);
 }
 
-TEST(Value, ArithmeticResultKinds) {
-  auto kind = [](int op, Value a, Value b) { return Arith(op, a, b).t; };
-  EXPECT_EQ(kind(oAdd, Value(int16_t(32767)), Value(int16_t(1))), vtLong);
-  EXPECT_EQ(kind(oAdd, Value(int32_t(2147483647)), Value(int16_t(1))), vtDouble);
-  EXPECT_EQ(kind(oMul, Value::Byte(200), Value::Byte(2)), vtInteger);
-  EXPECT_EQ(kind(oAdd, Value::Byte(2), Value::Byte(2)), vtByte);
-  EXPECT_EQ(kind(oAdd, Value::Sng(1), Value(int32_t(1))), vtDouble);
-  EXPECT_EQ(kind(oAdd, Value::Sng(1), Value(int16_t(1))), vtSingle);
-  EXPECT_EQ(kind(oAdd, Value::Cur(1), Value(int32_t(1))), vtCurrency);
-  EXPECT_EQ(kind(oAdd, Value::Date(1), Value(int16_t(1))), vtDate);
-  EXPECT_EQ(kind(oSub, Value::Date(2), Value::Date(1)), vtDouble);
-  EXPECT_EQ(kind(oAdd, Value(true), Value(true)), vtInteger);
-  EXPECT_EQ(kind(oAdd, Value(u"1"), Value(int16_t(1))), vtDouble);
-  EXPECT_EQ(kind(oAdd, Value(u"1"), Value(u"1")), vtString);
-  EXPECT_EQ(kind(oIDiv, Value(7.5), Value(int16_t(2))), vtLong);
-  EXPECT_EQ(kind(oMod, Value(int16_t(7)), Value(int16_t(2))), vtInteger);
-  EXPECT_EQ(kind(oAdd, Value::Null(), Value(int16_t(1))), vtNull);
-  EXPECT_EQ(ToLng(Arith(oIDiv, Value(7.5), Value(int16_t(2)))), 4);  // 7.5 rounds to 8
-  EXPECT_EQ(ToLng(Arith(oMod, Value(int16_t(-7)), Value(int16_t(3)))), -1);
-  EXPECT_EQ(ToCur(Arith(oMul, Value::Cur(25000), Value::Cur(15000))), 37500);
-  EXPECT_EQ(RaisedBy([] { Arith(oDiv, Value(int16_t(1)), Value(int16_t(0))); }), 11);
-  EXPECT_EQ(RaisedBy([] { Arith(oDiv, Value(int16_t(0)), Value(int16_t(0))); }), 6);
-  EXPECT_EQ(RaisedBy([] { Arith(oMod, Value(int16_t(1)), Value()); }), 11);
-  EXPECT_EQ(RaisedBy([] { Arith(oMul, Value::Cur(INT64_MAX / 2), Value::Cur(30000)); }), 6);
-  EXPECT_EQ(Neg(Value(int16_t(-32768))).t, vtLong);
-}
-
-TEST(Value, LogicWithNull) {
-  EXPECT_FALSE(ToBool(Logic(oAnd, Value::Null(), Value(false))));
-  EXPECT_TRUE(Logic(oAnd, Value::Null(), Value(true)).IsNull());
-  EXPECT_TRUE(ToBool(Logic(oOr, Value::Null(), Value(true))));
-  EXPECT_TRUE(Logic(oOr, Value::Null(), Value(false)).IsNull());
-  EXPECT_TRUE(ToBool(Logic(oImp, Value(false), Value::Null())));
-  EXPECT_TRUE(Logic(oXor, Value(true), Value::Null()).IsNull());
-  EXPECT_EQ(Logic(oAnd, Value(int16_t(12)), Value(int16_t(10))).i, 8);
+// The kinds and values of operators are checked by conformance/operators.vbs;
+// here the answers a script cannot see.
+TEST(Value, OperatorAnswersBelowTheScripts) {
+  EXPECT_EQ(Cmp(Value::Null(), Value(int16_t(1))), 2);  // "unknown", neither order
+  EXPECT_EQ(RaisedBy([] { IsSame(Value(int16_t(1)), Value(int16_t(1))); }), 424);
   EXPECT_EQ(Logic(oOr, Value::Byte(1), Value::Byte(2)).t, vtByte);
   EXPECT_EQ(NotOp(Value()).i, -1);
-}
-
-TEST(Value, ComparisonRules) {
-  EXPECT_EQ(Cmp(Value(int16_t(1)), Value(1.0)), 0);
-  EXPECT_EQ(Cmp(Value(u"B"), Value(u"a")), -1);  // binary order
-  EXPECT_EQ(Cmp(Value(), Value(u"")), 0);
-  EXPECT_EQ(Cmp(Value(), Value(int16_t(0))), 0);
-  EXPECT_EQ(Cmp(Value(int16_t(5)), Value(u"5")), -1);  // a number is less than a text
-  EXPECT_EQ(Cmp(Value::Null(), Value(int16_t(1))), 2);
-  EXPECT_EQ(Cmp(Value::Cur(10000), Value(int16_t(1))), 0);
-  EXPECT_EQ(RaisedBy([] { IsSame(Value(int16_t(1)), Value(int16_t(1))); }), 424);
 }
 
 TEST(Value, ConcatAndArrays) {
