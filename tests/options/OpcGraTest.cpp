@@ -35,7 +35,7 @@ TEST(OpcGra, RoundTripIsByteIdenticalInEachEncoding) {
     o.RegPrp(f, nli);
     EXPECT_GT(nli, 5);
     o.RegExe(out, 0);
-    EXPECT_EQ(Bytes(TxUtf8(out)), Bytes(Dat(n))) << n;
+    EXPECT_EQ(Le(TxUtf8(out)), Le(Dat(n))) << n;
     EXPECT_TRUE(o.regLin.empty());
   }
 }
@@ -109,7 +109,7 @@ TEST(OpcGra, ChangingAndAddingVariables) {
   EXPECT_EQ(z.ide, u"FIM");
   EXPECT_EQ(z.n, 1);  // "[Z]=1" was deleted, "Novo" came in
   r.ZonFim();
-  std::string b = Bytes(TxUtf8(f));
+  std::string b = Le(TxUtf8(f));
   EXPECT_EQ(b.find("\xAB\xBB"), std::string::npos);
   EXPECT_NE(b.find("Ol\xE1  \r\n"), std::string::npos);  // still Windows-1252
 }
@@ -156,7 +156,7 @@ TEST(OpcGra, ZonesOfAHeldFileAndModelZones) {
   o.RegZonCop(u"FIM");
   o.RegFim();
   std::string sep = "'" + std::string(79, '=');
-  EXPECT_EQ(Bytes(TxUtf8(out)), Crlf({sep.c_str(), "#FOO:IDE - MAT:TX - Modelo Nome", sep.c_str(), "Item [Val]=2",
+  EXPECT_EQ(Le(TxUtf8(out)), Crlf({sep.c_str(), "#FOO:IDE - MAT:TX - Modelo Nome", sep.c_str(), "Item [Val]=2",
                                       "##", "", "", sep.c_str(), "#FIM - Fim", sep.c_str(), "[Z]=1", "##", "", ""}));
 }
 
@@ -178,7 +178,7 @@ TEST(OpcGra, StreamWritingLineForms) {
   o.RegFim();
   FicSepDef(u"");
   std::string eq = "'" + std::string(79, '='), ver = "'- Versao : 1.0   1899/12/30 " + std::string(51, '-');
-  EXPECT_EQ(Bytes(TxUtf8(f)),
+  EXPECT_EQ(Le(TxUtf8(f)),
             Crlf({"'Nome       : novo.par", "'Tipo       : PAR", "'Data       : 1899/12/30",
                   "'Versao     : 1.0", "'Descricao  : Desc", "", eq.c_str(), "'#VER - Historia de modificacoes",
                   eq.c_str(), "", ver.c_str(), "Versao base", "", "", eq.c_str(), "#DEF:IDE - Definicoes base",
@@ -214,7 +214,7 @@ TEST(OpcGra, UntouchedLinesKeepTheirBytesAndAFailedWriteChangesNothing) {
   o.RegVarAlt(u"B", Var(Tx(u"\u00e7")), 2);
   EXPECT_EQ(o.RegExe(f, 1), 0);
   std::string depois = cab + "#DEF:IDE - D\r\nA [A]=\xe7\xe3o\r\nB [B]=\xc3\xa7\r\nC [C]=\xc3\xa7\r\n##\r\n";
-  EXPECT_EQ(Bytes(TxUtf8(f)), depois);
+  EXPECT_EQ(Le(TxUtf8(f)), depois);
 
   // Under a file-size limit smaller than the file: the error comes back, the
   // file stays as it was.
@@ -228,5 +228,5 @@ TEST(OpcGra, UntouchedLinesKeepTheirBytesAndAFailedWriteChangesNothing) {
   int e = o.RegExe(f, 1);
   setrlimit(RLIMIT_FSIZE, &velho);
   EXPECT_EQ(e, kErrDisco);
-  EXPECT_EQ(Bytes(TxUtf8(f)), depois);
+  EXPECT_EQ(Le(TxUtf8(f)), depois);
 }

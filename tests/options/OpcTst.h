@@ -1,47 +1,27 @@
 // Helpers of the option-file tests: temporary files and a zone walk.
 #pragma once
 #include <gtest/gtest.h>
-#include <filesystem>
-#include <fstream>
 #include <initializer_list>
-#include <sstream>
 #include <string>
 #include "TdaOpc.h"
 #include "TstTmp.h"
 
 namespace zw::tst {
 
-inline std::string Bytes(const std::string& path) {
-  std::ifstream f(path, std::ios::binary);
-  std::stringstream s;
-  s << f.rdbuf();
-  return s.str();
-}
-
 inline std::string Dat(const char* nom) { return std::string(ZW_TEST_DATA) + "/" + nom; }
 
-// Writes lines to a file in the test's own temporary folder, each ended by CR LF, in the given encoding.
-inline Tx TmpFic(const char* nom, std::initializer_list<const char16_t*> lin, Cod cod = Cod::W1252) {
-  std::string p = FicTmp(nom);
-  Tx t;
-  for (auto l : lin) t += Tx(l) + u"\r\n";
-  std::ofstream(p, std::ios::binary) << TxBytes(t, cod);
-  return TxDeUtf8(p);
+// Writes bytes to a file in the test's own temporary folder; its path as a text.
+inline Tx TmpBytes(const char* nom, const std::string& b) {
+  Escreve(FicTmp(nom), b);
+  return FicTmpTx(nom);
 }
 
-// The same after a header of five comment lines.
+// Writes a header of five comment lines and the lines, each ended by CR LF, in
+// the given encoding.
 inline Tx TmpPar(const char* nom, std::initializer_list<const char16_t*> lin, Cod cod = Cod::W1252) {
-  std::string p = FicTmp(nom);
   Tx t = u"'Nome : T\r\n'Tipo : par\r\n'Data :\r\n'Versao :\r\n'Descricao :\r\n";
   for (auto l : lin) t += Tx(l) + u"\r\n";
-  std::ofstream(p, std::ios::binary) << TxBytes(t, cod);
-  return TxDeUtf8(p);
-}
-
-inline Tx TmpBytes(const char* nom, const std::string& b) {
-  std::string p = FicTmp(nom);
-  std::ofstream(p, std::ios::binary) << b;
-  return TxDeUtf8(p);
+  return TmpBytes(nom, TxBytes(t, cod));
 }
 
 // One zone step, its results in a struct.
