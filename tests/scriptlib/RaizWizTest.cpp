@@ -5,12 +5,11 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <cstdlib>
-#include <fstream>
 #include <memory>
 #include "Caixa.h"
 #include "SupShfPrg.h"
 #include "SupWizVbs.h"
+#include "TstTmp.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
 #include "WizTst.h"
@@ -20,22 +19,16 @@ namespace {
 
 struct RaizWiz : tst::WizHost {
   SupWizVbs lib;
-  std::string d;
+  std::string d = tst::PastaTmp();
   std::vector<Tx> lin;
   ShfPrgLin prg{[this](const Tx& l) { lin.push_back(l); }};
 
   void SetUp() override {
-    char t[] = "/tmp/zwraizwizXXXXXX";
-    d = mkdtemp(t);
     Liga(lib.Ob());
     ASSERT_EQ(Cmd(u"D = \"" + TxDeUtf8(d) + u"\""), 1);
     ShfPrgDef(&prg);
   }
-  void TearDown() override {
-    ShfPrgDef(nullptr);
-    (void)!std::system(("rm -rf '" + d + "'").c_str());
-  }
-  void Escreve(const std::string& p, const std::string& b) { std::ofstream(p, std::ios::binary) << b; }
+  void TearDown() override { ShfPrgDef(nullptr); }
   struct stat Est(const std::string& p) {
     struct stat st {};
     lstat(p.c_str(), &st);
@@ -50,8 +43,8 @@ TEST_F(RaizWiz, CopiesFromAUsersFolderBelongToRoot) {
   ZW_NA_CAIXA();
   std::string o = d + "/org";
   mkdir(o.c_str(), 0777);
-  Escreve(o + "/prog", "#!/bin/sh\n");
-  Escreve(o + "/suid", "x");
+  tst::Escreve(o + "/prog", "#!/bin/sh\n");
+  tst::Escreve(o + "/suid", "x");
   chmod((o + "/prog").c_str(), 0777);
   chmod((o + "/suid").c_str(), 04755);
   for (const char* n : {"/prog", "/suid", ""}) ASSERT_EQ(chown((o + n).c_str(), 1234, 1234), 0);
@@ -77,7 +70,7 @@ TEST_F(RaizWiz, CopiesFromAUsersFolderBelongToRoot) {
 TEST_F(RaizWiz, WildcardDeletesNeverReachTheRoot) {
   ZW_NA_CAIXA();
   const std::string plantados[] = {"/zwcaixa-1.txt", "/zwcaixa-2.dat", "/etc/zwcaixa.conf"};
-  for (auto& p : plantados) Escreve(p, "plantado");
+  for (auto& p : plantados) tst::Escreve(p, "plantado");
   EXPECT_EQ(Ev(u"Wiz.FxFicEli(\"C:\\*.*\")"), u"70");
   EXPECT_EQ(Ev(u"Wiz.FxFicEli(\"\\*.*\")"), u"70");
   EXPECT_EQ(Ev(u"Wiz.FxFicEli(\"/*.*\")"), u"70");

@@ -8,10 +8,10 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
 #include <thread>
 #include "DbgFx.h"
 #include "SupWizVbs.h"
+#include "TstTmp.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
 #include "WizTst.h"
@@ -24,12 +24,10 @@ using Clock = std::chrono::steady_clock;
 
 struct WizPgmTest : tst::WizHost {
   std::unique_ptr<SupWizVbs> lib = std::make_unique<SupWizVbs>();
-  fs::path dir;
+  fs::path dir = tst::PastaTmp();
   int eventos = 0;
 
   void SetUp() override {
-    char m[] = "/tmp/zw-wizpgm-XXXXXX";
-    dir = mkdtemp(m);
     Liga(lib->Ob());
     EvtPmpDef([this] { ++eventos; });
     setenv("ZW_CMP_MARCA", (dir / "marca").c_str(), 1);
@@ -37,7 +35,6 @@ struct WizPgmTest : tst::WizHost {
   void TearDown() override {
     EvtPmpDef(nullptr);
     unsetenv("ZW_CMP_MARCA");
-    fs::remove_all(dir);
   }
   // A script text literal of a path.
   static Tx Lit(const fs::path& p) { return u"\"" + TxDeUtf8(p.string()) + u"\""; }
@@ -49,12 +46,7 @@ struct WizPgmTest : tst::WizHost {
     chmod(f.c_str(), 0755);
     return f;
   }
-  std::string Le(const std::string& rel) {
-    std::ifstream in(dir / rel);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
-  }
+  std::string Le(const std::string& rel) { return tst::Le(dir / rel); }
 };
 
 TEST_F(WizPgmTest, ShellWaitsByMode) {

@@ -1,18 +1,15 @@
 // The operations of "Wiz" that a wizard case can't set up: registry reads over a
 // stand-in file, a file held by a writer, read-only files met as root, drives of
-// other kinds. The rest run as
-// wizard cases (tests/wizlib).
+// other kinds. The rest run as wizard cases (tests/wizlib).
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <cstdlib>
-#include <fstream>
-#include <memory>
 #include "FicGlb.h"
 #include "GlbReg.h"
 #include "SupWizVbs.h"
+#include "TstTmp.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
 #include "WizTst.h"
@@ -22,32 +19,26 @@ namespace {
 
 struct WizLib : tst::WizHost {
   SupWizVbs lib;
-  std::string d;
+  std::string d = tst::PastaTmp();
 
   void SetUp() override {
-    char t[] = "/tmp/zwwizlibXXXXXX";
-    d = mkdtemp(t);
     Liga(lib.Ob());
     ASSERT_EQ(Cmd(u"D = \"" + TxDeUtf8(d) + u"\""), 1);
   }
   void TearDown() override {
     Cmd(u"Wiz.FxRegGrpPrp \"\"");
     RegFicDef(u"");
-    (void)!std::system(("chmod -R u+w '" + d + "'; rm -rf '" + d + "'").c_str());
   }
-  void Escreve(const std::string& rel, const std::string& b) { std::ofstream(d + "/" + rel, std::ios::binary) << b; }
-  std::string Le(const std::string& rel) {
-    std::ifstream f(d + "/" + rel, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(f), {});
-  }
+  void Escreve(const std::string& rel, const std::string& b) { tst::Escreve(d + "/" + rel, b); }
+  std::string Le(const std::string& rel) { return tst::Le(d + "/" + rel); }
 };
 
 TEST_F(WizLib, RegistryValuesLoseEveryBlank) {
-  std::ofstream(d + "/r.reg", std::ios::binary) << "REGEDIT4\r\n\r\n"
-                                                   "[HKEY_LOCAL_MACHINE]\r\n\"Topo\"=\"na raiz\"\r\n"
-                                                   "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Zun]\r\n"
-                                                   "\"Dir\"=\"C:\\\\Program Files\\\\Zun \"\r\n"
-                                                   "\"Num\"=dword:00000001\r\n";
+  Escreve("r.reg", "REGEDIT4\r\n\r\n"
+                   "[HKEY_LOCAL_MACHINE]\r\n\"Topo\"=\"na raiz\"\r\n"
+                   "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Zun]\r\n"
+                   "\"Dir\"=\"C:\\\\Program Files\\\\Zun \"\r\n"
+                   "\"Num\"=dword:00000001\r\n");
   RegFicDef(TxDeUtf8(d + "/r.reg"));
   EXPECT_EQ(Ev(u"Wiz.FxRegVarCon(\"Topo\")"), u"naraiz");  // before any group: the root key
   Cmd(u"Wiz.FxRegGrpPrp \"SOFTWARE\\Zun\"");
