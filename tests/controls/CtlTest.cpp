@@ -4,32 +4,24 @@
 #include <QFontMetricsF>
 #include <QPushButton>
 #include <QTextBlock>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include "CtlFab.h"
 #include "CtlTst.h"
 #include "FicLer.h"
 #include "FonTab.h"
+#include "TstTmp.h"
 #include "TxQt.h"
 
 using namespace zw;
 using namespace zw::tst;
-namespace fs = std::filesystem;
 
 namespace {
 
-// A folder of the test's own, removed at its end.
-struct Pasta {
-  fs::path p = fs::temp_directory_path() / ("zw_ctl_" + std::to_string(::getpid()) + "_" +
-                                            ::testing::UnitTest::GetInstance()->current_test_info()->name());
-  Pasta() { fs::create_directories(p); }
-  ~Pasta() { fs::remove_all(p); }
-  Tx Grava(const char* nome, std::string_view bytes) const {
-    std::ofstream(p / nome, std::ios::binary) << bytes;
-    return TxDeUtf8((p / nome).string());
-  }
-};
+// Writes a file in the test's own temporary folder; its path as a text.
+Tx Grava(const char* nome, const std::string& bytes) {
+  Escreve(FicTmp(nome), bytes);
+  return FicTmpTx(nome);
+}
 
 }  // namespace
 
@@ -140,11 +132,10 @@ TEST(ZunCkb, ValueByNameAndByClick) {
 
 TEST(ZunRtf, LoadFileTextAndErrors) {
   QtApp();
-  Pasta d;
   std::unique_ptr<QWidget> jan(Janela(QColor(10, 20, 30)));
   ZunRtf* rt = RtfCri(jan.get());
   EXPECT_TRUE(rt->isReadOnly());
-  Tx fic = d.Grava("leiame.rtf", "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\qc\\b Licen\\'e7a\\b0\\par\\pard Texto \\i it\\'e1lico\\par}");
+  Tx fic = Grava("leiame.rtf", "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\qc\\b Licen\\'e7a\\b0\\par\\pard Texto \\i it\\'e1lico\\par}");
   // Folders separated by "\" reach the file too.
   Tx win = fic;
   for (char16_t& c : win)
@@ -165,7 +156,7 @@ TEST(ZunRtf, LoadFileTextAndErrors) {
   // A missing file and a file that is no rich text raise; the box keeps its text.
   std::vector<Var> m{Var(Tx(u"/nao/existe.rtf"))};
   EXPECT_EQ(ErrNum([&] { rt->Exe(u"LoadFile", m); }), 53);
-  std::vector<Var> t{Var(d.Grava("leiame.txt", "texto simples"))};
+  std::vector<Var> t{Var(Grava("leiame.txt", "texto simples"))};
   EXPECT_EQ(ErrNum([&] { rt->Exe(u"LoadFile", t); }), 321);
   EXPECT_EQ(rt->Text(), u"Licença\r\nTexto itálico");
   // Notepad's "Unicode" (UTF-16 with its mark): rich text is read as rich text, any
@@ -180,11 +171,11 @@ TEST(ZunRtf, LoadFileTextAndErrors) {
     }
     return b;
   };
-  std::vector<Var> u{Var(d.Grava("u16.rtf", utf16(u"{\\rtf1\\ansi\\uc0 \\b Licença \u4e2d\\b0\\par}", false)))};
+  std::vector<Var> u{Var(Grava("u16.rtf", utf16(u"{\\rtf1\\ansi\\uc0 \\b Licença \u4e2d\\b0\\par}", false)))};
   rt->Exe(u"LoadFile", u);
   EXPECT_EQ(rt->Text(), u"Licença \u4e2d");
   EXPECT_TRUE(rt->document()->firstBlock().begin().fragment().charFormat().font().bold());
-  std::vector<Var> p{Var(d.Grava("u16.txt", utf16(u"Só texto\r\nlinha 2", true)))};
+  std::vector<Var> p{Var(Grava("u16.txt", utf16(u"Só texto\r\nlinha 2", true)))};
   rt->Exe(u"LoadFile", p);
   EXPECT_EQ(rt->Text(), u"Só texto\r\nlinha 2");
   LimTrcDef(nullptr);

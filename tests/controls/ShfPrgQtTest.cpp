@@ -1,12 +1,10 @@
 // The progress window of file operations: its title, and a Cancel that stops a run.
 #include <gtest/gtest.h>
 #include <QProgressDialog>
-#include <unistd.h>
-#include <cstdlib>
-#include <fstream>
 #include "CtlTst.h"
 #include "ShfPrgQt.h"
 #include "SupShf.h"
+#include "TstTmp.h"
 #include "TxQt.h"
 
 using namespace zw;
@@ -28,10 +26,9 @@ TEST(ShfPrgQt, TitleStepsAndCancel) {
 // A run whose window is cancelled answers 0 and leaves the earlier file whole.
 TEST(ShfPrgQt, CancelledCopyAnswersZero) {
   tst::QtApp();
-  char t[] = "/tmp/zwprgqtXXXXXX";
-  std::string d = mkdtemp(t);
-  std::ofstream(d + "/o.txt") << "novo";
-  std::ofstream(d + "/d.txt") << "velho";
+  std::string d = tst::PastaTmp();
+  tst::Escreve(d + "/o.txt", "novo");
+  tst::Escreve(d + "/d.txt", "velho");
   struct Cancela : ShfPrgQt {
     bool Passo(const Tx& o, const Tx& d, int64_t i, int64_t b) override {
       Dlg()->cancel();
@@ -44,10 +41,7 @@ TEST(ShfPrgQt, CancelledCopyAnswersZero) {
   int r = 1;
   s.FxCop(TxDeUtf8(d + "/o.txt"), TxDeUtf8(d + "/d.txt"), r);
   ShfPrgDef(nullptr);
-  std::ifstream f(d + "/d.txt");
-  std::string depois((std::istreambuf_iterator<char>(f)), {});
-  (void)!std::system(("rm -rf '" + d + "'").c_str());
   EXPECT_EQ(r, 0);
   EXPECT_TRUE(s.Abortado());
-  EXPECT_EQ(depois, "velho");
+  EXPECT_EQ(tst::Le(d + "/d.txt"), "velho");
 }
