@@ -16,9 +16,6 @@ TEST(DbgFx, ErrDadTextAndSign) {
   Tx t0 = u"kept";
   ErrDad(0, t0, f);
   EXPECT_EQ(t0, u"kept");
-  ErrDad(76, t, f);
-  EXPECT_EQ(t, u"Erro :  76 - Path not found");
-  EXPECT_EQ(ErrDsc(62), u"Input past end of file");
   EXPECT_EQ(ErrDsc(31999), u"Unknown runtime error");
 }
 

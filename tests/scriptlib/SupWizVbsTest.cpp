@@ -54,10 +54,7 @@ TEST_F(WizVbsTest, InArgumentsKeepTheirKindInTheScript) {
 
 TEST_F(WizVbsTest, UnknownMembersAndAnEndedLibraryAreScriptErrors) {
   EXPECT_EQ(Cmd(u"Wiz.Nada 1"), 0);
-  int32_t num = 0;
-  Tx des, loc;
-  h.VbsErr(num, des, loc);
-  EXPECT_EQ(num, 438);
+  EXPECT_EQ(Erro(), 438);
   lib.reset();  // the engine may still hold the object
   EXPECT_EQ(Cmd(u"x = Wiz.CmpVarCon(\"a\")"), 0);
   EXPECT_TRUE(eng.log.empty());
@@ -67,26 +64,20 @@ TEST_F(WizVbsTest, UnknownMembersAndAnEndedLibraryAreScriptErrors) {
 // found past position 32767 ends the statement with an overflow (6), and the
 // variables keep what they held; up to 32767, and with nothing found, they work.
 TEST_F(WizVbsTest, SeparatorsAndItemsPast32767AreOverflows) {
-  auto erro = [this] {
-    int32_t num = 0;
-    Tx des, loc;
-    h.VbsErr(num, des, loc);
-    return num;
-  };
   ASSERT_EQ(Cmd(u"t = String(40000, \"x\") & \";\" : k = \"antes\" : n = \"antes\""), 1);
   EXPECT_EQ(Cmd(u"Wiz.TxSep t, \";\", k"), 0);
-  EXPECT_EQ(erro(), 6);
+  EXPECT_EQ(Erro(), 6);
   EXPECT_EQ(Cmd(u"Wiz.NuTxSep t, \";\", n"), 0);
-  EXPECT_EQ(erro(), 6);
+  EXPECT_EQ(Erro(), 6);
   EXPECT_EQ(Ev(u"Len(t) & k & n"), u"40001antesantes");
   EXPECT_EQ(Cmd(u"r = \"antes\""), 1);
   EXPECT_EQ(Cmd(u"r = Wiz.TxOpc(String(40000, \"x\") & \"[A=1]\", \"A\")"), 0);
-  EXPECT_EQ(erro(), 6);
+  EXPECT_EQ(Erro(), 6);
   EXPECT_EQ(Cmd(u"r = Wiz.TxOpcNum(String(40000, \"x\") & \"[A=1]\", \"a\")"), 0);
-  EXPECT_EQ(erro(), 6);
+  EXPECT_EQ(Erro(), 6);
   // an item that begins in range but closes past it
   EXPECT_EQ(Cmd(u"r = Wiz.TxOpc(String(30000, \"x\") & \"[A=\" & String(5000, \"v\") & \"]\", \"A\")"), 0);
-  EXPECT_EQ(erro(), 6);
+  EXPECT_EQ(Erro(), 6);
   EXPECT_EQ(Ev(u"r"), u"antes");
 
   // the last position that fits, and long texts where nothing is found
@@ -95,7 +86,7 @@ TEST_F(WizVbsTest, SeparatorsAndItemsPast32767AreOverflows) {
   ASSERT_EQ(Cmd(u"t = String(32766, \"x\") & \";2\" : Wiz.NuTxSep t, \";\", n"), 1);
   EXPECT_EQ(Ev(u"n & \"|\" & t"), u"0|2");
   EXPECT_EQ(Cmd(u"t = String(32767, \"x\") & \";\" : Wiz.TxSep t, \";\", k"), 0);
-  EXPECT_EQ(erro(), 6);
+  EXPECT_EQ(Erro(), 6);
   ASSERT_EQ(Cmd(u"t = String(40000, \"x\") : Wiz.TxSep t, \";\", k"), 1);
   EXPECT_EQ(Ev(u"Len(k) & \"|\" & Len(t)"), u"40000|0");
   EXPECT_EQ(Ev(u"Wiz.TxOpc(String(32762, \"x\") & \"[A=1]\", \"A\")"), u"1");  // closes at 32767

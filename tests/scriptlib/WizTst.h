@@ -32,6 +32,13 @@ struct WizHost : ::testing::Test {
     h.ExeCmd(c, ok);
     return ok;
   }
+  // The number of the script's last error.
+  int32_t Erro() {
+    int32_t num = 0;
+    Tx des, loc;
+    h.VbsErr(num, des, loc);
+    return num;
+  }
 };
 
 }  // namespace zw::tst

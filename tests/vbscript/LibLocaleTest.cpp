@@ -23,7 +23,7 @@ TEST(LibLocale, TableAndNames) {
   EXPECT_FALSE(LocDef(12345));
   EXPECT_EQ(LocAct().id, 1033);
   EXPECT_TRUE(LocDef(2070));
-  EXPECT_EQ(LocAct().dec, u',');
+  EXPECT_EQ(LocAct().id, 2070);
   EXPECT_TRUE(LocDef(1033));
 }
 

@@ -29,32 +29,17 @@ TEST(Value, SizeCopyAndRelease) {
   EXPECT_EQ(m.Text(), u"text");
 }
 
-TEST(Value, WholeNumberConversionsRoundHalfToEven) {
-  EXPECT_EQ(ToInt(Value(2.5)), 2);
-  EXPECT_EQ(ToInt(Value(3.5)), 4);
-  EXPECT_EQ(ToInt(Value(-2.5)), -2);
+// Conversions as CInt, CStr and their kin show them are checked by lib/conv.vbs;
+// here the ones no built-in reaches alone.
+TEST(Value, ConversionsBelowTheBuiltins) {
   EXPECT_EQ(ToLng(Value(u" 12 ")), 12);
-  EXPECT_EQ(ToLng(Value(true)), -1);
   EXPECT_EQ(ToByte(Value(255.4)), 255);
   EXPECT_EQ(ToCur(Value(1.23456)), 12346);
-  EXPECT_EQ(RaisedBy([] { ToInt(Value(32767.5)); }), 6);
-  EXPECT_EQ(RaisedBy([] { ToLng(Value(u"abc")); }), 13);
-  EXPECT_EQ(RaisedBy([] { ToLng(Value::Null()); }), 94);
+  EXPECT_EQ(RaisedBy([] { ToInt(Value(32767.5)); }), 6);  // rounds up past the range
   EXPECT_EQ(RaisedBy([] { ToByte(Value(int16_t(-1))); }), 6);
   EXPECT_EQ(RaisedBy([] { ToDbl(Value(Arr::New({1}))); }), 13);
-}
-
-TEST(Value, TextAndBooleanConversions) {
-  EXPECT_EQ(ToTx(Value(true)), u"True");
   EXPECT_EQ(ToTx(Value()), u"");
-  EXPECT_EQ(ToTx(Value(0.1 + 0.2)), u"0.3");
-  EXPECT_EQ(ToTx(Value::Cur(15000)), u"1.5");
-  EXPECT_TRUE(ToBool(Value(u"TRUE")));
   EXPECT_FALSE(ToBool(Value(u"0")));
-  EXPECT_EQ(RaisedBy([] { ToBool(Value(u"yes")); }), 13);
-  EXPECT_EQ(RaisedBy([] { ToTx(Value::Null()); }), 94);
-  EXPECT_EQ(TypeName(Value::Nothing()), u"Nothing");
-  EXPECT_EQ(VarType(Value(Arr::New({2}))), 8204);
 }
 
 // The kinds and values of operators are checked by conformance/operators.vbs;
