@@ -33,6 +33,8 @@ TEST(Value, SizeCopyAndRelease) {
 // here the ones no built-in reaches alone.
 TEST(Value, ConversionsBelowTheBuiltins) {
   EXPECT_EQ(ToLng(Value(u" 12 ")), 12);
+  EXPECT_EQ(ToLng(Value(true)), -1);
+  EXPECT_EQ(RaisedBy([] { ToLng(Value::Null()); }), 94);
   EXPECT_EQ(ToByte(Value(255.4)), 255);
   EXPECT_EQ(ToCur(Value(1.23456)), 12346);
   EXPECT_EQ(RaisedBy([] { ToInt(Value(32767.5)); }), 6);  // rounds up past the range
