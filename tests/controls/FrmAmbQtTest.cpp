@@ -31,7 +31,6 @@ T* Poe(QWidget* pai, const char* nome, int x, int y, int w, int h) {
 // A form of 400 x 300 pixels (6000 x 4500 twips, no frame allowance: Qt's size is
 // the room inside) grows to 600 x 420 (9000 x 6300).
 TEST(FrmAmbQt, ResizeKeysAndLineMarksMoveTheWidgets) {
-  QtApp();
   std::unique_ptr<QWidget> frm(Janela(Qt::white, 400, 300));
   frm->setObjectName(QStringLiteral("frmTeste"));
   auto* btn = Poe<QPushButton>(frm.get(), "cmOk", 300, 260, 85, 24);
@@ -109,7 +108,6 @@ TEST(FrmAmbQt, ResizeKeysAndLineMarksMoveTheWidgets) {
 
 // The form's size keys in the screen's twips, and the window state by name.
 TEST(FrmAmbQt, SizeKeysUseTheScreenAndWindowStateRoundTrips) {
-  QtApp();
   std::unique_ptr<QWidget> frm(Janela(Qt::white, 300, 200));
   frm->setObjectName(QStringLiteral("frmTeste"));
   auto* lab = Poe<ZunLab>(frm.get(), "laTit", 0, 0, 50, 15);

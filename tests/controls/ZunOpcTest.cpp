@@ -18,10 +18,7 @@ struct Grupo {
   std::unique_ptr<QWidget> jan{Janela(QColor(200, 0, 0))};
   ZunOpc* opc = OpcCri(jan.get());
   std::vector<int> ev;
-  Grupo() {
-    QtApp();
-    QObject::connect(opc, &ZunOpc::OpcSel, [this](int i) { ev.push_back(i); });
-  }
+  Grupo() { QObject::connect(opc, &ZunOpc::OpcSel, [this](int i) { ev.push_back(i); }); }
   void Opcoes(int n) {
     for (int i = 1; i <= n; ++i) opc->RegOpc(u"Opção " + Tx(1, char16_t(u'0' + i)), u"adi" + Tx(1, char16_t(u'0' + i)));
   }
@@ -37,7 +34,6 @@ struct Grupo {
 }  // namespace
 
 TEST(ZunOpc, SelectionRulesAndEvents) {
-  QtApp();
   Grupo g;
   EXPECT_EQ(g.opc->OpcNum(), 0);
   EXPECT_EQ(g.opc->opcUsa(), 0);
@@ -75,7 +71,6 @@ TEST(ZunOpc, SelectionRulesAndEvents) {
 }
 
 TEST(ZunOpc, ReadsOptionsByNameAndPassesMissingOnesOver) {
-  QtApp();
   Grupo g;
   g.Opcoes(2);
   std::vector<Var> a{Var(int16_t(2)), Var(Tx(u"x")), Var(Tx(u"y"))};
@@ -110,7 +105,6 @@ TEST(ZunOpc, ReadsOptionsByNameAndPassesMissingOnesOver) {
 }
 
 TEST(ZunOpc, RegAspStepsInTwipsAndTextSteps) {
-  QtApp();
   Grupo g;
   g.opc->resize(TwpPx(3000), TwpPx(2000));
   g.Opcoes(3);
@@ -141,7 +135,6 @@ TEST(ZunOpc, RegAspStepsInTwipsAndTextSteps) {
 }
 
 TEST(ZunOpc, AjtPosYSharesTheHeightUnderTheTitle) {
-  QtApp();
   Grupo g;
   g.opc->resize(TwpPx(3000), TwpPx(1530));
   double h = g.AltTx(), util = 1530 - 30;
@@ -179,7 +172,6 @@ TEST(ZunOpc, AjtPosYSharesTheHeightUnderTheTitle) {
 }
 
 TEST(ZunOpc, TitAliTakesSymbolsAndKeypadDigits) {
-  QtApp();
   Grupo g;
   EXPECT_EQ(g.opc->TitAli(), u"<");
   const std::pair<const char16_t*, const char16_t*> casos[] = {
@@ -191,7 +183,6 @@ TEST(ZunOpc, TitAliTakesSymbolsAndKeypadDigits) {
 }
 
 TEST(ZunOpc, ColourModesShowOwnParentOrPictureBehind) {
-  QtApp();
   Grupo g;  // the window is red
   g.opc->setGeometry(10, 10, 200, 100);
   g.opc->show();
@@ -229,7 +220,6 @@ TEST(ZunOpc, ColourModesShowOwnParentOrPictureBehind) {
 }
 
 TEST(ZunOpc, ColourModesTellContainerFromParent) {
-  QtApp();
   std::unique_ptr<QWidget> jan{Janela(QColor(200, 0, 0))};  // the parent is red
   QWidget* ctn = Janela(QColor(0, 0, 200), 300, 200);       // the container is blue
   ctn->setParent(jan.get());

@@ -45,7 +45,6 @@ QString Normal(QString s) {
 
 // A box of the usual licence page's size with the file loaded.
 std::unique_ptr<QWidget> Carrega(const QString& fic, ZunRtf*& rt) {
-  QtApp();
   std::unique_ptr<QWidget> jan(Janela(Qt::white, 500, 400));
   rt = RtfCri(jan.get());
   rt->setGeometry(0, 0, 480, 380);

@@ -21,7 +21,7 @@ namespace {
 struct Caixa {
   std::unique_ptr<QWidget> jan;
   ZunRtf* rt;
-  explicit Caixa(std::string_view rtf, QColor fundo = QColor(10, 20, 30)) : jan((QtApp(), Janela(fundo, 420, 320))) {
+  explicit Caixa(std::string_view rtf, QColor fundo = QColor(10, 20, 30)) : jan(Janela(fundo, 420, 320)) {
     rt = RtfCri(jan.get());
     rt->setGeometry(0, 0, 400, 300);
     rt->show();
