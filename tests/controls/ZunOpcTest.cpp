@@ -83,8 +83,6 @@ TEST(ZunOpc, ReadsOptionsByNameAndPassesMissingOnesOver) {
   std::vector<Var> n{Var()};
   g.opc->Exe(u"OpcNum", n);
   EXPECT_EQ(n[0].Num(), 2);
-  g.opc->PrpAtr(u"opcUsa", Var(int16_t(1)));
-  EXPECT_EQ(g.opc->PrpCon(u"opcUsa").Num(), 1);
   // The font by name is only stored; the options keep the font they measure with.
   QFont antes = g.opc->Opc(1)->font();
   g.opc->PrpAtr(u"FontName", Var(Tx(u"Courier New")));
