@@ -12,6 +12,7 @@
 #include "MsgDlgQt.h"
 #include "Pgm.h"
 #include "ShfPrgQt.h"
+#include "Trc.h"
 #include "TxtGlb.h"
 #include "VbsSup.h"
 #include "ZunWizAsp.h"
@@ -208,9 +209,8 @@ void WizExeTnt(tZunWizPrc& prc, Var& slot, int16_t& st) {
   auto guarda = [&prc, num](const Tx& des) {
     prc.Err.des = des;
     prc.Err.lin = prc.Sup ? prc.Sup->LinAct() : 0;
-    if (VbsTrcAct())
-      std::fprintf(stderr, "ZunWiz: attempt %d: %s (option file line %d)\n", num, TxUtf8(des).c_str(),
-                   int(prc.Err.lin));
+    TrcFal(u"ZunWiz", u"attempt " + TxAsc(std::to_string(num)),
+           des + u" (option file line " + TxAsc(std::to_string(prc.Err.lin)) + u")");
   };
   try {
     auto asp = std::make_shared<ZunWizAsp>();
@@ -226,14 +226,10 @@ void WizExeTnt(tZunWizPrc& prc, Var& slot, int16_t& st) {
     sup->RegFrm(slot);
     sup->WizIni(fpa);
     sup->WizExe();
-  } catch (const std::exception& e) {
-    st = 0;
-    slot = Var();
-    guarda(TxDeUtf8(e.what()));
   } catch (...) {
     st = 0;
     slot = Var();
-    guarda(u"unknown failure");
+    guarda(TrcPor());
   }
 }
 
