@@ -7,7 +7,7 @@
 // and "Fxp", so a script can call each of its public operations by name.
 //
 // A diagnostic trace, off by default, writes every swallowed engine error to stderr
-// (see VbsTrcDef and docs/script-host.md); it changes nothing else.
+// (see TrcDef in Trc.h and docs/script-host.md); it changes nothing else.
 #pragma once
 #include <cstdint>
 #include <functional>
@@ -49,10 +49,6 @@ struct VbsFrm {
   virtual intptr_t hwnd() { return 0; }
 };
 
-// Diagnostic trace of swallowed script errors: the process's trace of failures
-// passed over (Trc.h), under the host's names.
-inline void VbsTrcDef(bool on) { TrcDef(on); }
-inline bool VbsTrcAct() { return TrcAct(); }
 // One swallowed script error: the engine's error number and description, the option file's line
 // where the failing program line stands (0 when it is not a program line, or the
 // program's lines are not known), and the statement or call that failed.
@@ -91,8 +87,6 @@ inline constexpr char16_t kVbsTerDes[] = u"Script stopped: the user stopped the 
 bool VbsExeAct();
 long VbsExeMs();
 uint64_t VbsExeNum();
-// Reads the command-line word "DBGVBS=value" (TrcLc); every new VbsSup calls it.
-inline void VbsTrcLc() { TrcLc(); }
 
 class VbsSup {
  public:

@@ -11,7 +11,7 @@ namespace zw {
 VbsSup::VbsSup() : tab_(1) {
   DbgObjIni(trcName_, trcState_);
   fxpOb_ = FxpNovo(*this, fxp_);
-  VbsTrcLc();  // the word list is ready before the wizard makes its host
+  TrcLc();  // the word list is ready before the wizard makes its host
 }
 
 VbsSup::~VbsSup() {

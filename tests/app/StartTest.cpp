@@ -206,12 +206,12 @@ TEST(WizExeTnt, EachFailureToTheTraceTheLastKept) {
   prc.DirPgm = TxP(d);
   Var slot;
   int16_t st = -9;
-  VbsTrcDef(true);
+  TrcDef(true);
   testing::internal::CaptureStderr();
   WizExeTnt(prc, slot, st);
   WizExeTnt(prc, slot, st);
   const std::string err = testing::internal::GetCapturedStderr();
-  VbsTrcDef(false);
+  TrcDef(false);
   EXPECT_EQ(st, 0);
   EXPECT_FALSE(WizFrmDe(slot));
   const std::string why = ": Overflow (option file line 8)\n";

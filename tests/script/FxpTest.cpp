@@ -36,7 +36,7 @@ TEST_F(Fxp, OperationsThatResetTheEngineRaiseInsteadOfRunning) {
 }
 
 TEST(Trace, OffByDefaultOnFromTheCommandLineAndChangesNothing) {
-  EXPECT_FALSE(VbsTrcAct());
+  EXPECT_FALSE(TrcAct());
   auto sc = std::make_shared<vbs::ScriptControl>();
   VbsSup h;
   h.VbsSupPrp(Var(), sc);
@@ -58,8 +58,8 @@ TEST(Trace, OffByDefaultOnFromTheCommandLineAndChangesNothing) {
   Tx semTrc = corre(err);
   EXPECT_EQ(err, u"");
   LcArgPrp(u"zunwiz -FP a.par dbgvbs=Sim");
-  VbsTrcLc();
-  EXPECT_TRUE(VbsTrcAct());
+  TrcLc();
+  EXPECT_TRUE(TrcAct());
   EXPECT_EQ(corre(err), semTrc);
   EXPECT_EQ(semTrc, u"5,5,0,0");
   // The failed run: its call, the engine's number and description; the refused statement
@@ -68,6 +68,6 @@ TEST(Trace, OffByDefaultOnFromTheCommandLineAndChangesNothing) {
   EXPECT_NE(err.find(u"VbsSup: ExeCmd \"z = (\": erro "), Tx::npos) << TxUtf8(err);
   EXPECT_NE(err.find(u"[LIN:1  COL:"), Tx::npos) << TxUtf8(err);
   LcArgPrp(u"zunwiz DBGVBS=0");
-  VbsTrcLc();
-  EXPECT_FALSE(VbsTrcAct());
+  TrcLc();
+  EXPECT_FALSE(TrcAct());
 }
