@@ -66,6 +66,7 @@ void WizLer::Ler(const Tx& fpa) {
   } solta{tda_};
   tWizGrp g;
   tda_->ZonIni(fpa, u"");
+  def_.Cab = tda_->cabLin;
   tda_->ZonSeg(g.Ide, g.Tip, g.Num, g.Des);
   while (!g.Ide.empty()) {
     g.Lin = tda_->zonLin;

@@ -127,6 +127,7 @@ struct tWizDef {
   std::vector<tPag> Pag{1};
   std::vector<tCmp> Cmp{1};
   WizIdx ZpoIdx, PagIdx, CmpIdx;
+  std::vector<Tx> Cab;        // the file's five header lines, 1 to 5, trimmed, as the reader took them
   tWizPgm Pgm;                // the program of the last "VBS" group
   std::vector<tWizGrp> Grp;   // every group, in file order
 

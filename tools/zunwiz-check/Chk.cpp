@@ -137,6 +137,7 @@ class Chk : private WizLerFx {
   void Calc() override;
 
   void Ach(int32_t lin, bool erro, const Tx& msg) { ach_.push_back({lin, erro, msg}); }
+  void Cab();
   void Def();
   void Zpo(int g);
   void Fim();
@@ -186,6 +187,20 @@ bool Chk::Tmp(int32_t lin, const Tx& quem) {
 }
 
 // The "DEF" group: the pictures, and the window's size words.
+// The five header lines that begin every option file are never read as options: a
+// group head among them (a file written without its header) loses that group. A file
+// shorter than five lines repeats its last line there, told once.
+void Chk::Cab() {
+  for (size_t i = 1; i < def_.Cab.size(); i++) {
+    const Tx& l = def_.Cab[i];
+    if (i > 1 && l == def_.Cab[i - 1]) continue;
+    Tx tpp, var;
+    TdaOpc::ParTpp(l, tpp, var);
+    if (tpp == u"#")
+      Ach(int32_t(i), true, u"the group head " + Aspa(l) + u" is one of the five header lines every option file begins with, which are never read: the group is lost");
+  }
+}
+
 void Chk::Def() {
   ver_++;
   Img(Val{def_.ImgFun, def_.LinImgFun}, u"\"ImgFun\"");
@@ -661,6 +676,7 @@ std::vector<Achado> Chk::Exe() {
   Ini();
   WizLer ler(def_, *this);
   ler.Ler(fic_);
+  Cab();
   FimZon();
   Fim();
   for (const EfeReg::Efe& e : efe_->Lis()) Ach(e.lin, e.erro, e.msg);
