@@ -500,21 +500,29 @@ int AtaDirCri(const std::string& nat, mode_t modo) {
   return r;
 }
 
-// unlink or rmdir. The name is made absolute before the change: a relative name,
-// or a folder that goes away with it, is still named as it was; a kept copy is
-// dropped again when the call fails.
-int Tira(const std::string& nat, bool pasta) {
-  auto Sis = [pasta](const std::string& p) { return pasta ? rmdir(p.c_str()) : unlink(p.c_str()); };
-  if (!AtaLig()) return Sis(nat);
-  std::string p = AtaAbs(nat);
-  AtaAnt a = AtaAntes(AT_FDCWD, p);
-  int r = Sis(p);
+// unlinkat of the name nome of the folder dirfd (nat the path the note gives), a
+// folder with pasta; a kept copy is dropped again when the call fails.
+int AtaEliEm(int dirfd, const std::string& nome, const std::string& nat, bool pasta) {
+  int fl = pasta ? AT_REMOVEDIR : 0;
+  if (!AtaLig()) return unlinkat(dirfd, nome.c_str(), fl);
+  AtaAnt a = AtaAntes(dirfd, nome);
+  int r = unlinkat(dirfd, nome.c_str(), fl);
   int e = errno;
-  if (r == 0) AtaEliNota(a, p);
+  if (r == 0) AtaEliNota(a, nat);
   else if (!a.guardado.empty()) unlink(a.guardado.c_str());
   errno = e;
   return r;
 }
+
+namespace {
+// unlink or rmdir. The name is made absolute before the change: a relative name,
+// or a folder that goes away with it, is still named as it was.
+int Tira(const std::string& nat, bool pasta) {
+  if (!AtaLig()) return AtaEliEm(AT_FDCWD, nat, nat, pasta);
+  std::string p = AtaAbs(nat);
+  return AtaEliEm(AT_FDCWD, p, p, pasta);
+}
+}  // namespace
 
 int AtaFicEli(const std::string& nat) { return Tira(nat, false); }
 int AtaDirEli(const std::string& nat) { return Tira(nat, true); }
@@ -534,24 +542,6 @@ int AtaRen(const std::string& de, const std::string& para) {
   }
   errno = e;
   return r;
-}
-
-int AtaArvEli(const std::string& nat) {
-  struct stat st;
-  if (lstat(nat.c_str(), &st) != 0) return -1;
-  if (!S_ISDIR(st.st_mode)) return AtaFicEli(nat);
-  std::vector<std::string> nomes;
-  if (DIR* h = opendir(nat.c_str())) {
-    while (dirent* de = readdir(h))
-      if (std::strcmp(de->d_name, ".") && std::strcmp(de->d_name, "..")) nomes.push_back(de->d_name);
-    closedir(h);
-  } else {
-    return -1;
-  }
-  std::sort(nomes.begin(), nomes.end());
-  for (const auto& n : nomes)
-    if (AtaArvEli(nat + (nat.back() == '/' ? "" : "/") + n) != 0) return -1;
-  return AtaDirEli(nat);
 }
 
 }  // namespace zw

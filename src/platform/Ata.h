@@ -153,8 +153,8 @@ int AtaDirCri(const std::string& nat, mode_t modo);    // mkdir
 int AtaFicEli(const std::string& nat);                 // unlink, with a kept copy first
 int AtaDirEli(const std::string& nat);                 // rmdir
 int AtaRen(const std::string& de, const std::string& para);  // rename
-// Removes nat and everything below it without following a link: -1 with errno at
-// the first entry that cannot go, and what went before it is gone.
-int AtaArvEli(const std::string& nat);
+// unlinkat of the name nome of the folder dirfd (AT_REMOVEDIR with pasta), noted
+// under the path nat. The tree delete (ArvEliNat, SupShf.h) removes through it.
+int AtaEliEm(int dirfd, const std::string& nome, const std::string& nat, bool pasta);
 
 }  // namespace zw

@@ -203,9 +203,7 @@ void FicEli(const Tx& path, int& res) {
       res = e;
       return;
     }
-    Tx porque = FicDirSis(nd);
-    if (!porque.empty()) {
-      if (ShfPrg* p = ShfPrgAct()) p->Nota(u"NEG", FicJun(FicDeNat(shf::Canon(nd)), nom), porque);
+    if (FicDirNeg(nd, true, nom)) {
       res = kErrPerm;
       return;
     }
@@ -272,6 +270,10 @@ void FicRen(const Tx& velho, const Tx& novo, int& res) {
   struct stat st;
   if (lstat(o.c_str(), &st) != 0) {
     res = FicErrNat(errno, o);
+    return;
+  }
+  if (FicDirNeg(o, false)) {
+    res = kErrPerm;
     return;
   }
   if (lstat(d.c_str(), &st) == 0) {
@@ -443,6 +445,14 @@ Tx FicDirSis(const std::string& nat, bool segue) {
     }
   endpwent();
   return casa ? u"home folder" : Tx();
+}
+
+bool FicDirNeg(const std::string& nat, bool segue, const Tx& pad) {
+  Tx porque = FicDirSis(nat, segue);
+  if (porque.empty()) return false;
+  Tx t = FicDeNat(segue ? shf::Canon(nat) : nat);
+  if (ShfPrg* p = ShfPrgAct()) p->Nota(u"NEG", pad.empty() ? t : FicJun(t, pad), porque);
+  return true;
 }
 
 // Makes sure a file exists: creates its folder and an empty file when it is

@@ -82,6 +82,8 @@ void FicEli(const Tx& path, int& res);
 // temporary name renamed into place; read-only 75, held 70); -1 when both names
 // are the same in capitals or name one file.
 void FicCop(const Tx& orig, const Tx& dest, int& res);
+// Renames; never over an existing name (58). A folder that FicDirSis names is not
+// renamed: 70, told as "SHF NEG".
 void FicRen(const Tx& velho, const Tx& novo, int& res);
 void DirCri(const Tx& path, int& res);
 void DirCriTot(const Tx& path, int& res);
@@ -101,6 +103,10 @@ bool FicPadCasa(const Tx& padrao, const Tx& nom);
 // With segue false the last name of nat is taken as it is (a link named /lib counts,
 // a link elsewhere that leads to /usr does not): the test for an entry to remove.
 Tx FicDirSis(const std::string& nat, bool segue = true);
+// FicDirSis's refusal told: true when a delete, move or rename may not act on nat,
+// with an "SHF NEG" line to the progress service naming it (nat resolved as the
+// kernel does when segue, pad joined to it when given: a wildcard's name).
+bool FicDirNeg(const std::string& nat, bool segue, const Tx& pad = Tx());
 void FicCriVaz(const Tx& path, int& res);
 void FicVerShl(const Tx& path, int estilo);
 void FicVerNot(const Tx& path, int estilo);

@@ -36,6 +36,7 @@
 // kept (ErrNum) for callers that report one.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -123,5 +124,20 @@ int ShfFicCop(const Tx& orig, const Tx& dest);
 // user's to write or held, else the errno of the call that failed). The
 // FileSystemObject's copies go through it.
 int FicCopNat(const std::string& orig, const std::string& dest);
+
+// Removes the entry nat (a Linux path) for good, and with arvore everything below
+// a folder (without it a folder is EISDIR), never through a link: the folder that
+// holds it is reached by DirPaiAbr's walk from the root (a link on the way that the
+// safe writer's rule refuses is EACCES), and every entry below from its own folder
+// held open, so a folder swapped for a link while the tree goes is removed as the
+// link, never walked into. The top of a drive, a folder of the system or a home
+// folder (FicDirSis of the entry itself) is refused with EACCES before anything is
+// done, told to the progress service as "SHF NEG". passo, when given, is told each
+// entry below the top before it goes; false stops the delete (ECANCELED). 0, or -1
+// with errno at the first entry that cannot go, what went before it gone; each
+// removal is noted in the install record. The run's deletes and the
+// FileSystemObject's go through it.
+int ArvEliNat(const std::string& nat, bool arvore = true,
+              const std::function<bool(const std::string&)>& passo = {});
 
 }  // namespace zw

@@ -6,10 +6,12 @@
 #include <fcntl.h>
 #include <unistd.h>
 #include <algorithm>
+#include <climits>
 #include <cerrno>
 #include <utility>
 #include <vector>
 #include "Ata.h"
+#include "FicGra.h"
 #include "FicGlb.h"
 #include "GlbMsg.h"
 #include "SupShf.h"
@@ -136,6 +138,45 @@ int CriaPastas(const std::string& p) {
   return FicErrNat(errno, p);
 }
 
+// Removes the entry nom of the held folder pai (cam its path) and, with arvore,
+// all below it; see ArvEliNat. A folder that turns into something else between the
+// look and the open is looked at once more and removed as what it has become.
+int EliEnt(int pai, const std::string& nom, const std::string& cam, bool arvore,
+           const std::function<bool(const std::string&)>& passo) {
+  for (int vez = 0; vez < 2; vez++) {
+    struct stat st;
+    if (fstatat(pai, nom.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0) return -1;
+    if (!S_ISDIR(st.st_mode) || !arvore) return AtaEliEm(pai, nom, cam, false);
+    int fd = openat(pai, nom.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (fd < 0 && (errno == ELOOP || errno == ENOTDIR)) continue;
+    DIR* h = fd < 0 ? nullptr : fdopendir(fd);
+    if (!h) {
+      int e = errno;
+      if (fd >= 0) close(fd);
+      errno = e;
+      return -1;
+    }
+    auto nomes = ListaTip(h);
+    int r = 0;
+    for (auto& [n, t] : nomes) {
+      std::string c = Junta(cam, n);
+      if (passo && !passo(c)) {
+        errno = ECANCELED;
+        r = -1;
+      } else {
+        r = EliEnt(dirfd(h), n, c, true, passo);
+      }
+      if (r) break;
+    }
+    int e = errno;
+    closedir(h);
+    errno = e;
+    return r ? r : AtaEliEm(pai, nom, cam, true);
+  }
+  errno = ELOOP;
+  return -1;
+}
+
 class Run {
  public:
   Run(SupShf& s, int op, const std::vector<Tx>& org, const std::vector<Tx>& des)
@@ -179,10 +220,7 @@ class Run {
         varios = true;
         std::string nd = FicNat(dir.empty() ? Tx(u".") : dir, &e);
         if (e) return e;
-        if (tira) {
-          Tx porque = FicDirSis(nd);
-          if (!porque.empty()) return Recusa(Junta(Canon(nd), TxUtf8(nom)), porque);
-        }
+        if (tira && FicDirNeg(nd, true, nom)) return kErrPerm;
         e = ListaPad(nd, nom, s_.IncludeDirectories, fontes);
         if (e) return e;
         continue;
@@ -191,10 +229,8 @@ class Run {
       if (e) return e;
       struct stat st;
       if (lstat(n.c_str(), &st) != 0) return FicErrNat(errno, n);
-      if (tira) {  // the entry itself, not where a link leads (the link /lib counts)
-        Tx porque = FicDirSis(n, false);
-        if (!porque.empty()) return Recusa(n, porque);
-      }
+      // The entry itself, not where a link leads (the link /lib counts).
+      if (tira && FicDirNeg(n, false)) return kErrPerm;
       fontes.push_back(n);
     }
     if (op_ == kShfEli) {
@@ -236,12 +272,6 @@ class Run {
     }
     if (!criar_.empty()) return CriaPastas(criar_);
     return 0;
-  }
-
-  // A delete or move refused before anything was done: 70, told to the service.
-  static int Recusa(const std::string& nat, const Tx& porque) {
-    Nota(u"NEG", nat, porque);
-    return kErrPerm;
   }
 
   // A yes, no or cancel question when the property asks for it; 1 otherwise.
@@ -458,21 +488,14 @@ class Run {
     return s_.AllowUndo ? shf::Lixo(o) : Apaga(o);
   }
 
-  // Removes an entry and all below it for good.
+  // Removes an entry and all below it for good, each entry below a step.
   int Apaga(const std::string& o) {
-    struct stat st;
-    if (lstat(o.c_str(), &st) != 0) return FicErrNat(errno, o);
-    if (S_ISDIR(st.st_mode)) {
-      for (auto& n : Lista(o)) {
-        std::string f = Junta(o, n);
-        itens_++;
-        if (!Passo(f, std::string(), 0)) return -1;
-        int r = Apaga(f);
-        if (r) return r;
-      }
-      return AtaDirEli(o) == 0 ? 0 : FicErrNat(errno, o);
-    }
-    return AtaFicEli(o) == 0 ? 0 : FicErrNat(errno, o);
+    int r = ArvEliNat(o, true, [this](const std::string& f) {
+      itens_++;
+      return Passo(f, std::string(), 0);
+    });
+    if (r == 0) return 0;
+    return errno == ECANCELED ? -1 : FicErrNat(errno, o);
   }
 
   SupShf& s_;
@@ -487,6 +510,31 @@ class Run {
 };
 
 }  // namespace
+
+int ArvEliNat(const std::string& nat, bool arvore, const std::function<bool(const std::string&)>& passo) {
+  std::string p = SemBarra(nat);
+  if (p.empty() || p[0] != '/') {
+    char cwd[PATH_MAX];
+    if (!getcwd(cwd, sizeof cwd)) return -1;
+    p = Junta(cwd, p.empty() ? std::string(".") : p);
+  }
+  std::string nom = Nome(p);
+  if (nom == "." || nom == "..") p = Canon(p);
+  if (FicDirNeg(p, false)) {
+    errno = EACCES;
+    return -1;
+  }
+  int pai = DirPaiAbr(p, nom);
+  if (pai < 0) {
+    if (errno == ELOOP) errno = EACCES;  // a link on the way that may not be followed
+    return -1;
+  }
+  int r = EliEnt(pai, nom, p, arvore, passo);
+  int e = errno;
+  close(pai);
+  errno = e;
+  return r;
+}
 
 int SupShf::Exe(int op) {
   err_ = 0;

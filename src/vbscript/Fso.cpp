@@ -211,13 +211,14 @@ void FsoApaga(const std::string& p, bool forca, bool pasta) {
     // Read-only entries stop a delete that is not forced.
     if (FsoSoLeitura(p)) Raise(70);
   }
-  // Entry by entry through the record's calls, so that a recorded run notes each.
-  int r = pasta ? zw::AtaArvEli(p) : zw::AtaFicEli(p);
-  if (r != 0 && errno != ENOENT) FsoErr(errno, pasta);
+  // The platform's delete: through folders held open, never through a link, a
+  // folder of the system refused (70), each entry noted in the install record.
+  if (zw::ArvEliNat(p, pasta) != 0 && errno != ENOENT) FsoErr(errno, pasta);
 }
 
 void FsoMove(const std::string& de, const std::string& para) {
   if (zw::FicInfHa(para)) Raise(58);
+  if (zw::FicDirNeg(de, false)) Raise(70);  // a folder of the system stays where it is
   if (zw::AtaRen(de, para) == 0) return;
   int e = errno;
   if (e != EXDEV) FsoErr(e, EhDir(de));
@@ -244,6 +245,9 @@ void Opera(Op op, bool pastas, TxV origem, TxV destino, bool sobre) {
   if (curinga) {
     std::string dir = FsoNat(Pai(origem));
     if (!dir.empty() && !EhDir(dir)) Raise(76);
+    // A wildcard delete acts on every entry at once: never in the root, a folder of
+    // the system or a home folder, as the platform's wildcard deletes.
+    if (op == kApaga && zw::FicDirNeg(dir.empty() ? "." : dir, true, Tx(nome))) Raise(70);
     srcs = Expande(dir, nome, pastas);
   } else {
     std::string n = FsoNat(origem);

@@ -168,3 +168,28 @@ TEST(RaizShf, DeletesStopAtTheRootAndTheSystem) {
   EXPECT_EQ(r, 1);
   EXPECT_TRUE(Existe("/usr/bin/sh"));
 }
+
+// A rename takes no folder of the system away: 70 with an "SHF NEG" line, the
+// folder where it was; a folder of the installer's is renamed as before.
+TEST(RaizShf, RenamesLeaveTheSystemsFolders) {
+  ZW_NA_CAIXA();
+  std::vector<Tx> lin;
+  ShfPrgLin prg([&](const Tx& l) { lin.push_back(l); });
+  ShfPrgDef(&prg);
+  int r = 0;
+  FicRen(u"C:\\opt", u"C:\\tmp\\zwopt", r);
+  EXPECT_EQ(r, kErrPerm);
+  FicRen(u"/lib", u"/tmp/zwlib", r);
+  EXPECT_EQ(r, kErrPerm);
+  ShfPrgDef(nullptr);
+  ASSERT_EQ(lin.size(), 2u);
+  EXPECT_EQ(lin[0], u"SHF NEG C:\\opt (system folder)");
+  EXPECT_TRUE(Existe("/opt"));
+  EXPECT_TRUE(Existe("/lib"));
+  EXPECT_FALSE(Existe("/tmp/zwopt"));
+  mkdir("/usr/local/lib/zwren", 0755);
+  FicRen(u"C:\\usr\\local\\lib\\zwren", u"C:\\usr\\local\\lib\\zwren2", r);
+  EXPECT_EQ(r, 0);
+  EXPECT_TRUE(Existe("/usr/local/lib/zwren2"));
+  rmdir("/usr/local/lib/zwren2");
+}

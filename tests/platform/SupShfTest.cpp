@@ -637,3 +637,49 @@ TEST_F(Shf, DeletesStopAtDriveRootsAndHomes) {
   EXPECT_EQ(FicDirSis("/usr/local/lib/zwnada"), u"");
   EXPECT_EQ(FicDirSis("/usr/local/lib"), u"system folder");
 }
+
+// The tree delete holds each folder it walks: a folder swapped for a link while
+// its entries go is never walked through (the entries of the held folder go, the
+// link's target keeps its own, and the link stands in the way of the last rmdir);
+// a link on the way that others could have planted is refused before anything
+// goes; a step can stop it, and a folder is no file without arvore.
+TEST_F(Shf, TreeDeleteHoldsItsFoldersAgainstSwappedLinks) {
+  mkdir(N("guarda").c_str(), 0755);
+  Escreve(N("guarda/f"), "guardado");
+  mkdir(N("t").c_str(), 0755);
+  mkdir(N("t/in").c_str(), 0755);
+  Escreve(N("t/in/f"), "apagar");
+  std::vector<std::string> vistos;
+  int r = ArvEliNat(N("t"), true, [&](const std::string& c) {
+    vistos.push_back(c);
+    if (c == N("t/in/f")) {  // the folder "in" is swapped while it is held
+      EXPECT_EQ(rename(N("t/in").c_str(), N("t/velha").c_str()), 0);
+      EXPECT_EQ(symlink(N("guarda").c_str(), N("t/in").c_str()), 0);
+    }
+    return true;
+  });
+  EXPECT_EQ(r, -1);
+  EXPECT_EQ(errno, ENOTDIR);
+  EXPECT_EQ(Le(N("guarda/f")), "guardado");
+  EXPECT_FALSE(Existe(N("t/velha/f")));
+  EXPECT_EQ(vistos, (std::vector<std::string>{N("t/in"), N("t/in/f")}));
+  // Removed again from the start, the link goes as a link.
+  EXPECT_EQ(ArvEliNat(N("t")), 0);
+  EXPECT_FALSE(Existe(N("t")));
+  EXPECT_EQ(Le(N("guarda/f")), "guardado");
+
+  mkdir(N("aberta").c_str(), 0777);
+  chmod(N("aberta").c_str(), 0777);
+  (void)!symlink(N("guarda").c_str(), N("aberta/via").c_str());
+  errno = 0;
+  EXPECT_EQ(ArvEliNat(N("aberta/via/f")), -1);
+  EXPECT_EQ(errno, EACCES);
+  EXPECT_EQ(Le(N("guarda/f")), "guardado");
+
+  Arvore("c");
+  EXPECT_EQ(ArvEliNat(N("c"), true, [](const std::string&) { return false; }), -1);
+  EXPECT_EQ(errno, ECANCELED);
+  EXPECT_EQ(ArvEliNat(N("c/sub"), false), -1);
+  EXPECT_EQ(errno, EISDIR);
+  EXPECT_TRUE(Existe(N("c/sub/c.txt")));
+}

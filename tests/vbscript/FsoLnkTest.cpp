@@ -15,18 +15,6 @@ using vbs::Value;
 
 namespace {
 
-// The error number a member raises (0 when none); r gets what it gives.
-int Erro(const Value& o, const char* nome, std::vector<Value> args, Value* r = nullptr) {
-  Value v;
-  try {
-    o.o->Invoke(o.o->Id(zw::TxAsc(nome)), vbs::Inv::Call, vbs::Args{args.data(), int(args.size())}, v);
-  } catch (const vbs::Fault& f) {
-    return f.num;
-  }
-  if (r) *r = v;
-  return 0;
-}
-
 std::string Le(const std::string& p) {
   std::ifstream in(p, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(in), {});
@@ -58,15 +46,15 @@ TEST_F(FsoLnk, PlantedLinksAreNotWrittenThrough) {
   ASSERT_EQ(symlink((d + "/nada").c_str(), (d + "/aberta/pendente.txt").c_str()), 0);
 
   // For reading, made when missing: the dangling link is not followed to make a file.
-  EXPECT_NE(Erro(f, "OpenTextFile", {P("aberta/pendente.txt"), Value(int32_t(1)), Value(true)}), 0);
+  EXPECT_NE(ErrM(f, "OpenTextFile", {P("aberta/pendente.txt"), Value(int32_t(1)), Value(true)}), 0);
   EXPECT_NE(access((d + "/nada").c_str(), F_OK), 0);
-  EXPECT_EQ(Erro(f, "OpenTextFile", {P("aberta/l.txt"), Value(int32_t(2)), Value(true)}), 70);
-  EXPECT_EQ(Erro(f, "OpenTextFile", {P("aberta/l.txt"), Value(int32_t(8))}), 70);
-  EXPECT_EQ(Erro(f, "CreateTextFile", {P("aberta/l.txt"), Value(true)}), 70);
+  EXPECT_EQ(ErrM(f, "OpenTextFile", {P("aberta/l.txt"), Value(int32_t(2)), Value(true)}), 70);
+  EXPECT_EQ(ErrM(f, "OpenTextFile", {P("aberta/l.txt"), Value(int32_t(8))}), 70);
+  EXPECT_EQ(ErrM(f, "CreateTextFile", {P("aberta/l.txt"), Value(true)}), 70);
   EXPECT_EQ(Le(d + "/alvo"), "intacto");
 
   // A missing file for reading is still made, empty.
-  EXPECT_EQ(Erro(f, "OpenTextFile", {P("aberta/novo.txt"), Value(int32_t(1)), Value(true)}), 0);
+  EXPECT_EQ(ErrM(f, "OpenTextFile", {P("aberta/novo.txt"), Value(int32_t(1)), Value(true)}), 0);
   EXPECT_EQ(access((d + "/aberta/novo.txt").c_str(), F_OK), 0);
 }
 
@@ -75,7 +63,7 @@ TEST_F(FsoLnk, PlantedLinksAreNotWrittenThrough) {
 // refused, the file as it was.
 TEST_F(FsoLnk, ACopyReplacesAPlantedLinkAndSparesAHeldFile) {
   std::ofstream(d + "/fonte") << "novo";
-  EXPECT_EQ(Erro(f, "CopyFile", {P("fonte"), P("aberta/l.txt"), Value(true)}), 0);
+  EXPECT_EQ(ErrM(f, "CopyFile", {P("fonte"), P("aberta/l.txt"), Value(true)}), 0);
   EXPECT_EQ(Le(d + "/alvo"), "intacto");
   struct stat st;
   ASSERT_EQ(lstat((d + "/aberta/l.txt").c_str(), &st), 0);
@@ -83,9 +71,9 @@ TEST_F(FsoLnk, ACopyReplacesAPlantedLinkAndSparesAHeldFile) {
   EXPECT_EQ(Le(d + "/aberta/l.txt"), "novo");
 
   Value w;
-  ASSERT_EQ(Erro(f, "CreateTextFile", {P("h.txt")}, &w), 0);
-  EXPECT_EQ(Erro(w, "Write", {Value(u"aberto")}), 0);
-  EXPECT_EQ(Erro(f, "CopyFile", {P("fonte"), P("h.txt")}), 70);
-  EXPECT_EQ(Erro(w, "Close", {}), 0);
+  ASSERT_EQ(ErrM(f, "CreateTextFile", {P("h.txt")}, &w), 0);
+  EXPECT_EQ(ErrM(w, "Write", {Value(u"aberto")}), 0);
+  EXPECT_EQ(ErrM(f, "CopyFile", {P("fonte"), P("h.txt")}), 70);
+  EXPECT_EQ(ErrM(w, "Close", {}), 0);
   EXPECT_EQ(Le(d + "/h.txt"), "aberto");
 }

@@ -41,6 +41,19 @@ inline std::u16string Tx(const Value& v) {
   return vbs::ToTx(v);
 }
 
+// The error number an object's member raises when called (0 when none); r gets
+// what it gives.
+inline int ErrM(const Value& o, const char* nome, std::vector<Value> args, Value* r = nullptr) {
+  Value v;
+  try {
+    o.o->Invoke(o.o->Id(zw::TxAsc(nome)), vbs::Inv::Call, vbs::Args{args.data(), int(args.size())}, v);
+  } catch (const vbs::Fault& f) {
+    return f.num;
+  }
+  if (r) *r = v;
+  return 0;
+}
+
 inline Value S(const char16_t* s) { return Value(s); }
 inline Value I(int n) { return Value(int32_t(n)); }
 
