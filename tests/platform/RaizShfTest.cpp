@@ -176,17 +176,21 @@ TEST(RaizShf, RenamesLeaveTheSystemsFolders) {
   std::vector<Tx> lin;
   ShfPrgLin prg([&](const Tx& l) { lin.push_back(l); });
   ShfPrgDef(&prg);
+  // Made here, so that the box's file system could rename it (a folder of the
+  // machine's own layer is another device to it); the link /lib may be renamed too.
+  mkdir("/libx32", 0755);
   int r = 0;
-  FicRen(u"C:\\opt", u"C:\\tmp\\zwopt", r);
+  FicRen(u"C:\\libx32", u"C:\\zwlibx32", r);
   EXPECT_EQ(r, kErrPerm);
-  FicRen(u"/lib", u"/tmp/zwlib", r);
+  FicRen(u"/lib", u"/zwlib", r);
   EXPECT_EQ(r, kErrPerm);
   ShfPrgDef(nullptr);
   ASSERT_EQ(lin.size(), 2u);
-  EXPECT_EQ(lin[0], u"SHF NEG C:\\opt (system folder)");
-  EXPECT_TRUE(Existe("/opt"));
+  EXPECT_EQ(lin[0], u"SHF NEG C:\\libx32 (system folder)");
+  EXPECT_TRUE(Existe("/libx32"));
   EXPECT_TRUE(Existe("/lib"));
-  EXPECT_FALSE(Existe("/tmp/zwopt"));
+  EXPECT_FALSE(Existe("/zwlibx32"));
+  EXPECT_FALSE(Existe("/zwlib"));
   mkdir("/usr/local/lib/zwren", 0755);
   FicRen(u"C:\\usr\\local\\lib\\zwren", u"C:\\usr\\local\\lib\\zwren2", r);
   EXPECT_EQ(r, 0);

@@ -77,6 +77,7 @@ TEST(RaizFso, DeleteFolderNeverGoesThroughASwappedLink) {
   // Swapped while the delete runs: a second thread exchanges the inner folder and
   // a link to root's folder as fast as it can. The delete may fail part way (names
   // move under it); root's folder never loses a file.
+  Enche(kGuarda);
   for (int i = 0; i < 40; i++) {
     std::string t = d + "/t" + std::to_string(i);
     mkdir(t.c_str(), 0755);
