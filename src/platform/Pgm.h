@@ -22,7 +22,8 @@ void PgmLan(const Tx& cmd, int& ok);
 void PgmAbr(const Tx& doc, int& ok);
 // Waits for a started program. Kind "B" blocks until it ends or the time-out (in
 // seconds; missing means no limit): "NOR" ended, "TO" still running (it goes on),
-// "ERR" not a program of ours. Any other kind is the poll: window events run, a
+// "ERR" not a program of ours, "PAR" the wait hook stopped the wait and the program
+// was ended (PrcEsp). Any other kind is the poll: window events run, a
 // pause of 100 ms, "NOR", and the program goes on (the poll never learns its state).
 Tx PgmEsp(const Tx& tip, int pid, const Var& to = Var::Falta());
 // Starts and waits: PgmEsp's word, or the error number as text when it did not start.

@@ -23,6 +23,9 @@ namespace zw {
 namespace {
 std::map<int, int> gVivos;  // children started and not yet waited for: id -> -1
 std::map<int, int> gFins;   // children collected early: id -> exit code
+PrcEspGan gGan = nullptr;   // the wait hook
+constexpr auto kGanMs = std::chrono::milliseconds(100);  // between two calls of the hook
+constexpr auto kTerMs = std::chrono::milliseconds(500);  // from SIGTERM to SIGKILL
 
 int Codigo(int st) { return WIFEXITED(st) ? WEXITSTATUS(st) : WIFSIGNALED(st) ? 128 + WTERMSIG(st) : 0; }
 
@@ -214,6 +217,43 @@ int PrcLan(const Tx& linha, int& pid) {
   return PrcLan(prog, w, pid);
 }
 
+void PrcEspGanDef(PrcEspGan f) { gGan = f; }
+
+namespace {
+// A waited child collected with status st: no longer running, its end in the
+// record; its code.
+int Recolhe(int pid, int st) {
+  gVivos.erase(pid);
+  AtaPgmFim(pid, Codigo(st));
+  return Codigo(st);
+}
+
+// Ends a child whose wait the hook stopped: SIGTERM, then SIGKILL when the grace is
+// over, and collects it as any wait does; its code, or -1 when it is no child.
+int Encerra(int pid) {
+  kill(pid_t(pid), SIGTERM);
+  auto fim = std::chrono::steady_clock::now() + kTerMs;
+  bool morto = false;
+  for (;;) {
+    int st = 0;
+    pid_t r = waitpid(pid_t(pid), &st, morto ? 0 : WNOHANG);
+    if (r == pid) return Recolhe(pid, st);
+    if (r < 0 && errno != EINTR) {
+      gVivos.erase(pid);
+      return -1;
+    }
+    if (r == 0 && std::chrono::steady_clock::now() >= fim) {
+      kill(pid_t(pid), SIGKILL);
+      morto = true;
+    } else if (r == 0) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+  }
+}
+}  // namespace
+
+// With the hook, a wait without limit polls as a limited one does, so that the
+// hook runs between two looks.
 Tx PrcEsp(int pid, int ms, int& cod) {
   cod = 0;
   if (auto f = gFins.find(pid); f != gFins.end()) {
@@ -222,14 +262,14 @@ Tx PrcEsp(int pid, int ms, int& cod) {
     return u"NOR";
   }
   if (!gVivos.count(pid)) return u"ERR";
+  const PrcEspGan gan = ms != 0 ? gGan : nullptr;
   auto fim = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms < 0 ? 0 : ms);
+  auto proGan = std::chrono::steady_clock::now() + kGanMs;
   for (;;) {
     int st = 0;
-    pid_t r = waitpid(pid_t(pid), &st, ms < 0 ? 0 : WNOHANG);
+    pid_t r = waitpid(pid_t(pid), &st, ms < 0 && !gan ? 0 : WNOHANG);
     if (r == pid) {
-      gVivos.erase(pid);
-      cod = Codigo(st);
-      AtaPgmFim(pid, cod);
+      cod = Recolhe(pid, st);
       return u"NOR";
     }
     if (r < 0 && errno != EINTR) {
@@ -237,7 +277,17 @@ Tx PrcEsp(int pid, int ms, int& cod) {
       return u"ERR";
     }
     if (r == 0) {
-      if (std::chrono::steady_clock::now() >= fim) return u"TO";
+      auto ago = std::chrono::steady_clock::now();
+      if (ms >= 0 && ago >= fim) return u"TO";
+      if (gan && ago >= proGan) {
+        if (!gan()) {
+          int c = Encerra(pid);
+          if (c < 0) return u"ERR";
+          cod = c;
+          return u"PAR";
+        }
+        proGan = std::chrono::steady_clock::now() + kGanMs;
+      }
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
   }

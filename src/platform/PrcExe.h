@@ -41,8 +41,17 @@ int PrcLan(const Tx& linha, int& pid);
 // give n and a literal quote, other backslashes stay, and "" inside quotes is a
 // literal quote.
 std::vector<Tx> PrcPal(const Tx& linha);
-// Waits up to ms milliseconds (-1 without limit, 0 only looks), blocking.
+// Waits up to ms milliseconds (-1 without limit, 0 only looks), blocking. While a
+// wait hook is set (PrcEspGanDef), a wait that is more than a look calls it about
+// every 100 ms; when it answers false the wait ends with "PAR": the program is sent
+// SIGTERM, SIGKILL half a second later if it still runs, and is collected (cod is
+// its code, 128 + the signal).
 Tx PrcEsp(int pid, int ms, int& cod);
+// The wait hook: what must go on while a program is waited for (a script call's
+// windows and time limit). The script host sets it while a call runs and takes it
+// off after; null (the default) leaves a wait blocked in the system.
+using PrcEspGan = bool (*)();
+void PrcEspGanDef(PrcEspGan f);
 // Starts and waits: the status word, and in cod the exit code, or for "ERR" the
 // error number of a start that failed.
 Tx PrcLanEsp(const Tx& linha, int ms, int& cod);

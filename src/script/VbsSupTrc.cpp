@@ -3,6 +3,8 @@
 // stderr, one line each, so that an author can see why a page function did nothing.
 // The trace only writes: flags, results and script state are the same either way.
 #include <chrono>
+#include "Engine.h"
+#include "PrcExe.h"
 #include "Trc.h"
 #include "TxtGlb.h"
 #include "VbsInt.h"
@@ -39,18 +41,31 @@ long VbsExeMs() {
 }
 uint64_t VbsExeNum() { return exeNum; }
 
-// An outermost call starts the clock and forgets an earlier stop.
+namespace {
+// The wait for a program inside a call (PrcEspGanDef): the engine that runs reads
+// its clock and its pulse as between two steps, so the window still answers; false
+// when the time limit has passed or the pump stops the call, which the engine then
+// stops at its next step.
+bool EspGan() {
+  vbs::Engine* e = vbs::CurEngine();
+  return !e || e->Poll();
+}
+}  // namespace
+
+// An outermost call starts the clock, forgets an earlier stop and gives the waits
+// for programs their hook, which its end takes back.
 void VbsSup::ExeIni() {
   if (exeNiv++ > 0) return;
   exeNum++;
   exeIni = std::chrono::steady_clock::now();
   exeTer = false;
+  PrcEspGanDef(EspGan);
 }
 
 // A call that the pump stopped ends with the time limit's error; its description
 // says it was stopped, which is how Trc tells the two apart.
 void VbsSup::ExeFim(vbs::ScriptControl* sc) {
-  if (exeNiv > 0) exeNiv--;
+  if (exeNiv > 0 && --exeNiv == 0) PrcEspGanDef(nullptr);
   if (exeTer && sc && sc->Error().Number == kVbsErrTmp) sc->Error().Description = kVbsTerDes;
 }
 

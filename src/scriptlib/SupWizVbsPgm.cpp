@@ -32,7 +32,8 @@ void SupWizVbs::FxPgmExe(Lis& a, Var& res) {
   FxLogReg(u"EXE PGM: " + cmd, res);
 }
 
-// Wiz.FxShell(command, mode): -1 waits for the end, -2 polls once (about 100 ms), N > 0
+// Wiz.FxShell(command, mode): -1 waits for the end (a stop of the script call, or its
+// time limit, ends the wait and the program: PrcEsp's hook), -2 polls once (about 100 ms), N > 0
 // waits up to N seconds (the program goes on after that), 0 and below -2 open the
 // command as a document and go on. Window events run before and after. 1 when the
 // program ended normally, or the opener took the document; 0 otherwise.

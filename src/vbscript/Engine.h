@@ -150,6 +150,12 @@ class Engine {
     if (timed && (tick -= int(std::min<size_t>(n >> 5, size_t(1) << 24))) <= 0) TickSlow();
   }
   void TickSlow();
+  // Reads the clock and the host's pulse as TickSlow does between steps, without
+  // stopping: false, with the run halted, when the time-out has passed or the pulse
+  // says stop. A built-in that waits long (for a program's end) calls it while it
+  // waits, so that the wait ends and the run stops at its next step.
+  bool Poll();
+  bool Poll(std::chrono::steady_clock::time_point& now);  // now: the clock as last read
   void Reset();
   void StartClock();
   // Execute, ExecuteGlobal and Eval from running code: kind 0, 1, 2.

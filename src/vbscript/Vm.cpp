@@ -220,14 +220,14 @@ void Engine::StartClock() {
   quantum = tick = 64;
 }
 
-void Engine::TickSlow() {
-  auto now = std::chrono::steady_clock::now();
+bool Engine::Poll(std::chrono::steady_clock::time_point& now) {
+  now = std::chrono::steady_clock::now();
   if (halted || now > deadline) {
     // stopped for good: Class_Terminate code run while the stop unwinds, or a
     // time-out that one swallowed, stops at its first step
     halted = true;
     tick = 0;
-    throw Abort{};
+    return false;
   }
   if (pulse && now >= nextPulse) {
     bool seguir = pulse();
@@ -236,9 +236,20 @@ void Engine::TickSlow() {
     if (!seguir) {
       halted = true;
       tick = 0;
-      throw Abort{};
+      return false;
     }
   }
+  return true;
+}
+
+bool Engine::Poll() {
+  std::chrono::steady_clock::time_point now;
+  return Poll(now);
+}
+
+void Engine::TickSlow() {
+  std::chrono::steady_clock::time_point now;
+  if (!Poll(now)) throw Abort{};
   long long ns = std::chrono::duration_cast<std::chrono::nanoseconds>(now - lastRead).count();
   lastRead = now;
   if (ns < kReadNs) quantum = std::min(quantum * 2, kMaxQuantum);
@@ -964,6 +975,7 @@ void Engine::Steps(const Proc& p, Value* bp, Inst* me, Value* up, const Ins* ip,
             }
             Value r;
             o->Invoke(id, k, Args{sp - n, n}, r);
+            if (halted) throw Abort{};  // a member that waited saw the time-out (Poll)
             PopTo(E, sp - n - 1);
             if (k == Inv::Get || k == Inv::Call) PushV(E, std::move(r));
             NEXT;

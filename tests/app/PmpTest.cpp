@@ -9,6 +9,9 @@
 #include <QPushButton>
 #include <QTimer>
 #include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include "MsgGrv.h"
@@ -25,19 +28,24 @@ using namespace zw;
 namespace {
 
 // Two pages. "Seguinte >" goes to page 2, whose entry runs for [Seg] seconds (its
-// loop ends early only if stopped) and then writes "acabou" in the label LaFim;
-// "FxFim" shows a box, so that a test sees it ran.
-std::string Par(int seg) {
+// loop ends early only if stopped), or with pid a file name waits for a program
+// that writes its id there and runs 30 s, and then writes "acabou" in the label
+// LaFim; "FxFim" shows a box, so that a test sees it ran.
+std::string Par(int seg, const std::string& pid) {
+  const std::string ciclo = pid.empty()
+                                ? "  Dim t\n"
+                                  "  t = Timer\n"
+                                  "  Do While Timer - t < Seg And Timer >= t\n"
+                                  "  Loop\n"
+                                : "  Dim r\n"
+                                  "  r = Wiz.FxShell(\"/bin/sh -c \"\"echo $$ > " + pid +
+                                      " && exec sleep 30\"\"\", -1)\n";
   return "'Nome       : ciclo\n'Tipo       : PAR\n'Data       : 2026-11-25\n'Versao     : 1.0\n"
          "'Descricao  : Uma entrada de pagina que nao responde\n"
          "#DEF - Definicoes\n[TitWiz]=Ciclo\n[DimX]=400\n[DimY]=300\n##\n"
          "#VAR - Variaveis\n[Seg]=" + std::to_string(seg) + "\n##\n"
          "#VBS:ZTX - Programa\n"
-         "Sub Espera\n"
-         "  Dim t\n"
-         "  t = Timer\n"
-         "  Do While Timer - t < Seg And Timer >= t\n"
-         "  Loop\n"
+         "Sub Espera\n" + ciclo +
          "  Wiz.CmpVarAlt \"LaFim\", \"TXT\", \"acabou\"\n"
          "End Sub\n"
          "Sub FxFim\n"
@@ -65,8 +73,8 @@ struct Ciclo {
   SupWiz sup;
   double seg = 0;  // how long the run took, in seconds
 
-  explicit Ciclo(int s) {
-    std::ofstream(tst::FicTmp("ciclo.par")) << Par(s);
+  explicit Ciclo(int s, const std::string& pid = "") {
+    std::ofstream(tst::FicTmp("ciclo.par")) << Par(s, pid);
     PmpEspDef(300);
     VbsTrcSaiDef([this](const VbsTrcReg& r) { erros.push_back(r); });
     VbsTmpSaiDef([this](const VbsTrcReg&) { tmp++; });
@@ -102,6 +110,16 @@ struct Ciclo {
 // The entry's loop has run for a moment: its pump is what calls the test now.
 bool NoCiclo() { return VbsExeAct() && VbsExeMs() > 50; }
 
+// The test's step that closes the window once, from inside the loop.
+std::function<void()> FechaNoCiclo(Ciclo& c, bool& fechou) {
+  return [&c, &fechou] {
+    if (!fechou && NoCiclo()) {
+      fechou = true;
+      QCoreApplication::postEvent(c.asp.get(), new QCloseEvent);
+    }
+  };
+}
+
 }  // namespace
 
 // A close during a page entry that loops for 10 s: past the wait it asks, "Sim"
@@ -112,12 +130,7 @@ TEST(WindowPmp, CloseAsksAndStopsTheLoopThenClosesTheWizard) {
   Ciclo c(10);
   c.g.resps = {kAnsYes};
   bool fechou = false;
-  c.Corre([&] {
-    if (!fechou && NoCiclo()) {
-      fechou = true;
-      QCoreApplication::postEvent(c.asp.get(), new QCloseEvent);
-    }
-  });
+  c.Corre(FechaNoCiclo(c, fechou));
   EXPECT_TRUE(fechou);
   EXPECT_LT(c.seg, 6.0) << "the loop was not stopped";
   ASSERT_EQ(c.g.cx.size(), 2u);
@@ -136,18 +149,38 @@ TEST(WindowPmp, CloseAsksAndStopsTheLoopThenClosesTheWizard) {
   EXPECT_FALSE(c.asp->isVisible());
 }
 
+// The entry waits for a program that runs 30 s: the wait runs the pump as a loop
+// does, so the close asks past the wait, and "Sim" ends the wait and the program
+// (nothing is left running) and stops the call as it stops a loop.
+TEST(WindowPmp, CloseStopsAWaitForAProgramAndEndsIt) {
+  const std::string pid = tst::FicTmp("ciclo.pid");
+  std::remove(pid.c_str());
+  Ciclo c(0, pid);
+  c.g.resps = {kAnsYes};
+  bool fechou = false;
+  c.Corre(FechaNoCiclo(c, fechou));
+  EXPECT_TRUE(fechou);
+  EXPECT_LT(c.seg, 6.0) << "the wait was not stopped";
+  ASSERT_EQ(c.g.cx.size(), 2u);
+  EXPECT_EQ(c.g.cx[0].tx, kPmpPrg);
+  EXPECT_EQ(c.g.cx[1].tx, u"fim");
+  ASSERT_EQ(c.erros.size(), 1u);
+  EXPECT_EQ(c.erros[0].des, kVbsTerDes);
+  EXPECT_EQ(c.tmp, 0);
+  EXPECT_EQ(c.LaFim(), u"antes");
+  const int n = std::atoi(tst::Le(pid).c_str());
+  ASSERT_GT(n, 0);
+  EXPECT_EQ(kill(n, 0), -1) << "the program still runs";
+  EXPECT_EQ(c.unloads, 1);
+}
+
 // "Não" lets the script run to its end; the close asked meanwhile is not lost: the
 // window is unloaded once the transition has ended.
 TEST(WindowPmp, CloseAnsweredNoWaitsForTheScriptAndThenCloses) {
   Ciclo c(2);
   c.g.resps = {kAnsNo};
   bool fechou = false;
-  c.Corre([&] {
-    if (!fechou && NoCiclo()) {
-      fechou = true;
-      QCoreApplication::postEvent(c.asp.get(), new QCloseEvent);
-    }
-  });
+  c.Corre(FechaNoCiclo(c, fechou));
   ASSERT_EQ(c.g.cx.size(), 2u);
   EXPECT_EQ(c.g.cx[0].tx, kPmpPrg);
   EXPECT_EQ(c.g.cx[1].tx, u"fim");

@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -51,6 +52,68 @@ TEST(Prc, WaitGivesExitCodeAndTimeOut) {
   EXPECT_EQ(PrcEsp(pid, -1, cod), u"NOR");
   EXPECT_EQ(cod, 128 + SIGKILL);
   EXPECT_EQ(PrcEsp(pid, -1, cod), u"ERR");  // already collected
+}
+
+namespace {
+int gGanN = 0;       // calls of the wait hook
+int gGanPara = 0;    // the call that answers stop (0: never)
+bool Gan() { return ++gGanN != gGanPara; }
+// The hook in force for one test, and its count from 0.
+struct ComGan {
+  explicit ComGan(int para) {
+    gGanN = 0;
+    gGanPara = para;
+    PrcEspGanDef(Gan);
+  }
+  ~ComGan() { PrcEspGanDef(nullptr); }
+};
+double Seg(std::chrono::steady_clock::time_point t0) {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - t0).count();
+}
+}  // namespace
+
+// A stop from the wait hook ends the wait at once: the program gets SIGTERM, or
+// SIGKILL when it ignores that, and is collected, so nothing runs behind it.
+TEST(Prc, WaitHookStopEndsTheProgram) {
+  ComGan g(3);
+  int pid = 0, cod = 0;
+  ASSERT_EQ(PrcLan(u"sleep", {u"30"}, pid), 0);
+  auto t0 = std::chrono::steady_clock::now();
+  EXPECT_EQ(PrcEsp(pid, -1, cod), u"PAR");
+  EXPECT_LT(Seg(t0), 1.5);
+  EXPECT_EQ(gGanN, 3);  // about every 100 ms until it said stop
+  EXPECT_EQ(cod, 128 + SIGTERM);
+  EXPECT_EQ(kill(pid, 0), -1);  // neither running nor a zombie
+  EXPECT_EQ(PrcEsp(pid, -1, cod), u"ERR");
+
+  gGanN = 0;
+  gGanPara = 5;
+  ASSERT_EQ(PrcLan(u"/bin/sh", {u"-c", u"trap '' TERM; exec sleep 30"}, pid), 0);
+  EXPECT_EQ(PrcEsp(pid, 0, cod), u"TO");  // a look: the hook is not asked
+  EXPECT_EQ(gGanN, 0);
+  t0 = std::chrono::steady_clock::now();
+  EXPECT_EQ(PrcEsp(pid, 60000, cod), u"PAR");  // a limited wait is stopped too
+  EXPECT_EQ(cod, 128 + SIGKILL);
+  EXPECT_GE(Seg(t0), 0.5);  // the grace after SIGTERM
+  EXPECT_LT(Seg(t0), 2.0);
+  EXPECT_EQ(kill(pid, 0), -1);
+}
+
+// A hook that lets the wait go on changes nothing: the program's code, and a
+// limited wait's "TO" at its own limit with the program left running.
+TEST(Prc, WaitHookThatGoesOnKeepsTheWait) {
+  ComGan g(0);
+  int pid = 0, cod = 0;
+  EXPECT_EQ(PrcLanEsp(u"/bin/sh -c \"sleep 0.3; exit 4\"", -1, cod), u"NOR");
+  EXPECT_EQ(cod, 4);
+  EXPECT_GE(gGanN, 2);
+  ASSERT_EQ(PrcLan(u"sleep", {u"5"}, pid), 0);
+  auto t0 = std::chrono::steady_clock::now();
+  EXPECT_EQ(PrcEsp(pid, 300, cod), u"TO");
+  EXPECT_LT(Seg(t0), 1.0);
+  EXPECT_EQ(kill(pid, 0), 0);
+  kill(pid, SIGKILL);
+  EXPECT_EQ(PrcEsp(pid, -1, cod), u"NOR");
 }
 
 TEST(Prc, MissingProgramsFail) {
