@@ -122,6 +122,22 @@ std::function<void()> FechaNoCiclo(Ciclo& c, bool& fechou) {
 
 }  // namespace
 
+// What a "Sim" to the question leaves, whatever the call was doing: the close asked
+// once, the call stopped well before its end as a stop (not a time-out), the rest of
+// the stopped procedure not run, and the window unloaded once.
+void ParadoPorSim(Ciclo& c, bool fechou) {
+  EXPECT_TRUE(fechou);
+  EXPECT_LT(c.seg, 6.0) << "the call was not stopped";
+  ASSERT_EQ(c.g.cx.size(), 2u);
+  EXPECT_EQ(c.g.cx[0].tx, kPmpPrg);
+  EXPECT_EQ(c.g.cx[1].tx, u"fim");
+  ASSERT_EQ(c.erros.size(), 1u);
+  EXPECT_EQ(c.erros[0].des, kVbsTerDes);
+  EXPECT_EQ(c.tmp, 0);
+  EXPECT_EQ(c.LaFim(), u"antes");
+  EXPECT_EQ(c.unloads, 1);
+}
+
 // A close during a page entry that loops for 10 s: past the wait it asks, "Sim"
 // stops the loop at once; the stopped call is a script error passed over (not a
 // time-out), the page's entry goes on after it, and the kept close then unloads
@@ -131,21 +147,12 @@ TEST(WindowPmp, CloseAsksAndStopsTheLoopThenClosesTheWizard) {
   c.g.resps = {kAnsYes};
   bool fechou = false;
   c.Corre(FechaNoCiclo(c, fechou));
-  EXPECT_TRUE(fechou);
-  EXPECT_LT(c.seg, 6.0) << "the loop was not stopped";
-  ASSERT_EQ(c.g.cx.size(), 2u);
+  ASSERT_NO_FATAL_FAILURE(ParadoPorSim(c, fechou));
   EXPECT_EQ(c.g.cx[0].estilo, kMsgYesNo | kMsgQuestion | kMsgDefault2);
   EXPECT_EQ(c.g.cx[0].tit, u"Wizzard");
-  EXPECT_EQ(c.g.cx[0].tx, kPmpPrg);
-  EXPECT_EQ(c.g.cx[1].tx, u"fim");
-  ASSERT_EQ(c.erros.size(), 1u);
   EXPECT_EQ(c.erros[0].num, kVbsErrTmp);
-  EXPECT_EQ(c.erros[0].des, kVbsTerDes);
   EXPECT_NE(c.erros[0].call.find(u"Espera"), Tx::npos) << TxUtf8(c.erros[0].call);
-  EXPECT_EQ(c.tmp, 0);
   EXPECT_EQ(c.pags, (std::vector<int>{1, 2}));
-  EXPECT_EQ(c.LaFim(), u"antes");  // the rest of the stopped procedure did not run
-  EXPECT_EQ(c.unloads, 1);
   EXPECT_FALSE(c.asp->isVisible());
 }
 
@@ -159,19 +166,10 @@ TEST(WindowPmp, CloseStopsAWaitForAProgramAndEndsIt) {
   c.g.resps = {kAnsYes};
   bool fechou = false;
   c.Corre(FechaNoCiclo(c, fechou));
-  EXPECT_TRUE(fechou);
-  EXPECT_LT(c.seg, 6.0) << "the wait was not stopped";
-  ASSERT_EQ(c.g.cx.size(), 2u);
-  EXPECT_EQ(c.g.cx[0].tx, kPmpPrg);
-  EXPECT_EQ(c.g.cx[1].tx, u"fim");
-  ASSERT_EQ(c.erros.size(), 1u);
-  EXPECT_EQ(c.erros[0].des, kVbsTerDes);
-  EXPECT_EQ(c.tmp, 0);
-  EXPECT_EQ(c.LaFim(), u"antes");
+  ASSERT_NO_FATAL_FAILURE(ParadoPorSim(c, fechou));
   const int n = std::atoi(tst::Le(pid).c_str());
   ASSERT_GT(n, 0);
   EXPECT_EQ(kill(n, 0), -1) << "the program still runs";
-  EXPECT_EQ(c.unloads, 1);
 }
 
 // "Não" lets the script run to its end; the close asked meanwhile is not lost: the
