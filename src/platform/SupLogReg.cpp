@@ -68,7 +68,8 @@ Tx Str(int n) { return n >= 0 ? u" " + TxAsc(std::to_string(n)) : TxAsc(std::to_
 // Root's folder, then the user's state folder; each is taken only when it is a
 // folder of the user's alone (made 0700 when missing). The last resort in /tmp has
 // a name others can foresee, so one that is there and not the user's alone is
-// passed over for a new folder of unforeseeable name.
+// passed over for a new folder of unforeseeable name; when even that cannot be
+// made, there is no register folder (empty), never the foreseeable one.
 Tx LogDirPad() {
   if (geteuid() == 0 && Usavel("/var/log/zunwiz")) return u"/var/log/zunwiz";
   if (passwd* p = getpwuid(geteuid())) {
@@ -79,7 +80,7 @@ Tx LogDirPad() {
   if (DirPrv(t) == 0) return TxDeUtf8(t);
   std::string m = t + "-XXXXXX";
   if (mkdtemp(m.data())) return TxDeUtf8(m);
-  return TxDeUtf8(t);
+  return Tx();
 }
 
 SupLogReg::SupLogReg() { DbgObjIni(cls, stamp); }
@@ -91,7 +92,7 @@ SupLogReg::~SupLogReg() {
 
 void SupLogReg::FxIni() {
   DbgFxIni(cls, stamp, u"#I");
-  if (dir_.empty()) dir_ = LogDirPad();
+  if (dir_.empty()) DirPad();
   PrpReg(u"INI", u"Registo de Inicializa\u00e7\u00e3o", u"LogIni.txt");
   PrpReg(u"ERR", u"Registo de Erros", u"LogErr.txt");
   PrpReg(u"ACE", u"Registo de Acessos", u"LogAce.txt");
@@ -105,8 +106,15 @@ void SupLogReg::FxFim() {
   DbgFxFim(cls, stamp, u"#F");
 }
 
+// The default folder (LogDirPad); when there is none, the registers stay closed.
+void SupLogReg::DirPad() {
+  dir_ = LogDirPad();
+  semDir_ = dir_.empty();
+}
+
 void SupLogReg::DirDef(const Tx& dir) {
   dir_ = dir;
+  semDir_ = false;
   for (auto& [tipo, fic] : modelos_)
     if (Reg* r = Acha(tipo)) {
       Fecha(*r);
@@ -142,7 +150,7 @@ Tx SupLogReg::Nome(const Tx& modelo) const {
 
 void SupLogReg::PrpReg(const Tx& tipo, const Tx& tit, const Tx& fic) {
   Tx t = TxMaiTrm(tipo);
-  if (dir_.empty()) dir_ = LogDirPad();
+  if (dir_.empty()) DirPad();
   Reg* r = Acha(t);
   if (!r) {
     regs_.push_back(Reg());
@@ -203,6 +211,7 @@ Tx SupLogReg::RegLck(const Tx& tipo) const {
 // The lock first, in up to 20 attempts 100 ms apart, then the register for append.
 int SupLogReg::Abre(Reg& r) {
   if (r.num) return 1;
+  if (semDir_) return 0;
   // The folder, the register and its lock file are made never writable by others
   // whatever the umask, and a planted link in their place is refused.
   std::string fic = FicNat(r.fic), lck = FicNat(r.lck);

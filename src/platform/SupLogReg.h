@@ -68,6 +68,7 @@ class SupLogReg {
   int RegGra(const Tx& tipo, const std::vector<Tx>& lin);
 
  private:
+  void DirPad();  // the default folder, or none (semDir_)
   struct Reg {
     Tx tipo, tit, fic, lck;
     int num = 0, numLck = 0;
@@ -80,9 +81,11 @@ class SupLogReg {
   std::vector<Reg> regs_;
   std::vector<std::pair<Tx, Tx>> modelos_;  // kind and file name as given
   Tx dir_, pgm_, grp_;
+  bool semDir_ = false;  // the default folder was wanted and none of the user's alone could be had
 };
 
-// The register folder this user gets without DirDef.
+// The register folder this user gets without DirDef; empty when no folder of the
+// user's alone can be had, and then the registers are not written.
 Tx LogDirPad();
 // Makes log the object to which message boxes hand their messages (MsgLogReg):
 // its group register files them under the name of the program's file. nullptr
