@@ -82,7 +82,7 @@ Tx ZunWizLin(int argc, char** argv, int de) {
 
 void ZunWizPrp(tZunWizPrc& prc, const Tx& dirExe, const Tx& linCmd) {
   prc.DirExe = dirExe;
-  prc.LinCmd = linCmd;
+  prc.Dir.LinCmd = linCmd;
   EcrDpiLer();
   MsgDlgDef(&gDlgQt);
   ShfPrgDef(&gPrgQt);
@@ -180,17 +180,13 @@ void WizFpaPrp(tZunWizPrc& prc) {
     ResFim();
     ZunWizFim(kSaiFpa);
   }
-  const tWizDir d = WizDirDe(fpa, prc.LinCmd);
-  prc.WizFpa = d.Fpa;
-  prc.LtrCd = d.LtrCd;
-  prc.DrvCd = d.DrvCd;
-  prc.DirPgm = d.DirPgm;
+  prc.Dir = WizDirDe(fpa, prc.Dir.LinCmd);
 }
 
 // The option file: the word after "-FP" on the command line, taken as it stands,
 // or "ZunWiz.par" beside the executable.
 void WizFpaCon(const tZunWizPrc& prc, Tx& fpa, int16_t& exi) {
-  LcArgPrp(prc.LinCmd);
+  LcArgPrp(prc.Dir.LinCmd);
   Var v{Tx()};
   LcArgVal(u"M", u"-FP", v);
   fpa = v.EhTx() ? v.Txt() : Tx();
@@ -216,11 +212,11 @@ void WizExeTnt(tZunWizPrc& prc, Var& slot, int16_t& st) {
     auto asp = std::make_shared<ZunWizAsp>();
     slot = Var(std::shared_ptr<VarObj>(asp));
     asp->FormLoad();
-    Tx fpa = prc.WizFpa;
+    Tx fpa = prc.Dir.Fpa;
     if (!prc.Sup) {
       prc.Sup = std::make_unique<SupWiz>();
       // The command line's "KEY=value" words override the file's options.
-      prc.Sup->RegDir(tWizDir{prc.WizFpa, prc.LtrCd, prc.DrvCd, prc.DirPgm, prc.LinCmd});
+      prc.Sup->RegDir(prc.Dir);
     }
     SupWiz* sup = prc.Sup.get();
     sup->RegFrm(slot);

@@ -35,12 +35,8 @@ struct TntErr {
 // makes. main owns it and hands it to each step that needs it.
 struct tZunWizPrc {
   Tx DirExe;     // folder of the executable
-  Tx LinCmd;     // the command line, words joined by blanks
+  tWizDir Dir;   // the command line, and the option file's path and folder words once found
   Var RegRaiz;   // default root of registry reads: 0x80000002 (HKEY_LOCAL_MACHINE)
-  Tx WizFpa;     // full path of the option file
-  Tx LtrCd;      // drive letter, or share root, of the option file's folder
-  Tx DrvCd;      // LtrCd followed by ":", or the share root as it stands
-  Tx DirPgm;     // folder of the option file
   std::unique_ptr<SupWiz> Sup;  // the one engine: made by the first attempt, released by WizMain
   ZunWizFun* Fun = nullptr;     // the background window, while the start-up runs
   int Sai = 0;    // what the start-up reached: 0, or kSaiCri

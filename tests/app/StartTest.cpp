@@ -60,27 +60,27 @@ TEST(WizFpaCon, SwitchOrDefaultBesideTheExecutable) {
   Tx fpa;
   int16_t exi = -9;
 
-  prc.LinCmd = u"";
+  prc.Dir.LinCmd = u"";
   WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d) + u"\\ZunWiz.par");
   EXPECT_EQ(exi, 1);
 
-  prc.LinCmd = u"TITWIZ=x  -fp " + TxP(d / "outro.par") + u" K=v";
+  prc.Dir.LinCmd = u"TITWIZ=x  -fp " + TxP(d / "outro.par") + u" K=v";
   WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d / "outro.par"));
   EXPECT_EQ(exi, 1);
 
-  prc.LinCmd = u"-FP " + TxP(d / "my file.par");
+  prc.Dir.LinCmd = u"-FP " + TxP(d / "my file.par");
   WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d / "my"));
   EXPECT_EQ(exi, 1);
 
-  prc.LinCmd = u"-FP rel/none.par";
+  prc.Dir.LinCmd = u"-FP rel/none.par";
   WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, u"rel/none.par");
   EXPECT_NE(exi, 1);
 
-  prc.LinCmd = u"K=v -FP";
+  prc.Dir.LinCmd = u"K=v -FP";
   WizFpaCon(prc, fpa, exi);
   EXPECT_EQ(fpa, TxP(d) + u"\\ZunWiz.par");
 }
@@ -92,18 +92,18 @@ TEST(WizFpaPrp, PathsOfAnOptionFileOnADrive) {
   Cria(d / "a" / "b.par");
   FicDrvMap(u'X', TxP(d));
   tZunWizPrc prc;
-  prc.LinCmd = u"-FP X:\\a\\b.par";
+  prc.Dir.LinCmd = u"-FP X:\\a\\b.par";
   WizFpaPrp(prc);
-  EXPECT_EQ(prc.WizFpa, u"X:\\a\\b.par");
-  EXPECT_EQ(prc.DirPgm, u"X:\\a");
-  EXPECT_EQ(prc.LtrCd, u"X");
-  EXPECT_EQ(prc.DrvCd, u"X:");
+  EXPECT_EQ(prc.Dir.Fpa, u"X:\\a\\b.par");
+  EXPECT_EQ(prc.Dir.DirPgm, u"X:\\a");
+  EXPECT_EQ(prc.Dir.LtrCd, u"X");
+  EXPECT_EQ(prc.Dir.DrvCd, u"X:");
   FicDrvMap(u'X', u"");
 
   // A path as this system writes it: the folder ends at the last "/".
-  prc.LinCmd = u"-FP " + TxP(d) + u"/a/b.par";
+  prc.Dir.LinCmd = u"-FP " + TxP(d) + u"/a/b.par";
   WizFpaPrp(prc);
-  EXPECT_EQ(prc.DirPgm, TxP(d) + u"/a");
+  EXPECT_EQ(prc.Dir.DirPgm, TxP(d) + u"/a");
 }
 
 // The attempt loop with a fake attempt that fails a given number of times.
@@ -202,8 +202,8 @@ TEST(WizExeTnt, EachFailureToTheTraceTheLastKept) {
   std::ofstream(d / "w.par") << "#DEF - D\n[DimX]=300\n[DimY]=200\n##\n#PAG - U\n[IDE]=UM\n##\n"
                                 "#CMP - C\n[Tip]=CKB\n[Ide]=ck\n[Pos]=10, 10\n[Dim]=1e12, 20\n##\n";
   tZunWizPrc prc;
-  prc.WizFpa = TxP(d / "w.par");
-  prc.DirPgm = TxP(d);
+  prc.Dir.Fpa = TxP(d / "w.par");
+  prc.Dir.DirPgm = TxP(d);
   Var slot;
   int16_t st = -9;
   TrcDef(true);
